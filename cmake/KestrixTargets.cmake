@@ -1,0 +1,39 @@
+# How every library and program of the project is compiled, stated once.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+add_library(kestrix_options INTERFACE)
+target_include_directories(kestrix_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_definitions(kestrix_options INTERFACE
+  UNICODE _UNICODE STRICT NOMINMAX WIN32_LEAN_AND_MEAN
+  _WIN32_WINNT=0x0601 NTDDI_VERSION=0x06010000 _WIN32_IE=0x0700)
+target_compile_options(kestrix_options INTERFACE
+  -Wall -Wextra -Werror
+  # A source name in a trace line is the path inside the repository, on every machine.
+  -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=
+  $<$<CONFIG:Debug>:-D_GLIBCXX_DEBUG;-fsanitize=undefined;-fsanitize-undefined-trap-on-error>)
+target_link_options(kestrix_options INTERFACE -static)
+
+# kestrix_library(NAME SOURCES... LINKS...): a static library of the product.
+function(kestrix_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC kestrix_options ${arg_LINKS})
+endfunction()
+
+# kestrix_resource_file(NAME SOURCE rc FILE path): target NAME makes the file from one resource source, as language
+# files are made: no code, no entry point, nothing linked.
+function(kestrix_resource_file name)
+  cmake_parse_arguments(arg "" "SOURCE;FILE" "" ${ARGN})
+  cmake_path(GET arg_FILE PARENT_PATH folder)
+  cmake_path(GET arg_FILE STEM output)
+  cmake_path(GET arg_FILE EXTENSION suffix)
+  add_library(${name} MODULE ${arg_SOURCE})
+  target_link_options(${name} PRIVATE -nostdlib -Wl,--entry=0 -Wl,--no-insert-timestamp)
+  set_target_properties(${name} PROPERTIES
+    LINKER_LANGUAGE C
+    PREFIX "" OUTPUT_NAME ${output} SUFFIX "${suffix}"
+    LIBRARY_OUTPUT_DIRECTORY ${folder})
+endfunction()
