@@ -1,0 +1,175 @@
+#!/usr/bin/env python3
+"""Checks texts.tsv and writes the string table of one language as a resource script.
+
+usage: texts.py TEXTS.TSV LANGUAGE OUTPUT.RC
+
+texts.tsv has one line a text: id, role (the translator's comment), format, constraint, and one column a language.
+It is read without quotes and without trimming, since texts hold double quotes and begin or end in blanks.
+The columns `format` and `constraint` are rules: every word of them is checked for every language, see FORMATS and
+CONSTRAINTS. All violations are printed, one a line, and the exit status is 1 when there is any.
+"""
+
+import re
+import sys
+
+KEYS = ["id", "role", "format", "constraint"]
+LONGEST_TEXT = 4096  # characters; resource compilers take no longer string
+
+PRINTF = re.compile(r"%[-+ #0-9.]*[a-zA-Z]|%%|%")
+
+
+def arguments(text):
+    """The printf arguments of a text, in their order; a lone percent sign counts as one."""
+    return [found for found in PRINTF.findall(text) if found != "%%"]
+
+
+def is_file_filter(text):
+    parts = text.split("|")
+    pairs = parts[:-2]
+    return (text.endswith("||") and len(pairs) >= 4 and len(pairs) % 2 == 0 and all(pairs)
+            and pairs[1] == "*.csv" and pairs[3] == "*.txt")
+
+
+# What the column `format` may hold, and the test that a text of this format passes.
+FORMATS = {
+    "": lambda text: "%" not in text,
+    "%s": lambda text: arguments(text) == ["%s"],
+    "%d": lambda text: arguments(text) == ["%d"],
+    "%u": lambda text: arguments(text) == ["%u"],
+    "%u,%s": lambda text: arguments(text) == ["%u", "%s"],
+    "numeric": lambda text: re.fullmatch("[0-9]{1,9}", text),
+    "font style": lambda text: re.fullmatch("[01],[01],[1-9][0-9]?", text),
+    "face name": lambda text: "%" not in text and text == text.strip(),
+    "file filter": is_file_filter,
+    "wcsftime": lambda text: arguments(text) and set(arguments(text)) <= {"%Y", "%m", "%d", "%x"},
+}
+
+
+def same_but_colon(one, other):
+    return one.removesuffix(":") == other.removesuffix(":")
+
+
+# What the column `constraint` may hold, its phrases separated by "; ": a pattern, and the test of a text.
+# The test gets the text, the groups of the pattern, and all texts of the language by their numbers.
+CONSTRAINTS = [
+    # The export writes labels between double quotes and tabs without escaping.
+    ("export line", lambda text, _, all_texts: not re.search('["\t\r\n]', text)),
+    ("begins with blank", lambda text, _, all_texts: text.startswith(" ")),
+    ("ends with blank", lambda text, _, all_texts: text.endswith(" ")),
+    ("ends with colon", lambda text, _, all_texts: text.endswith(":") and text.count(":") == 1),
+    ("no colon", lambda text, _, all_texts: ":" not in text),
+    ("no number", lambda text, _, all_texts: not text[:1].isdigit()),
+    (r"at most (\d+) characters", lambda text, groups, all_texts: len(text) <= int(groups[0])),
+    (r"differs from (\d+)", lambda text, groups, all_texts: text != all_texts[int(groups[0])]),
+    (r"same as (\d+)", lambda text, groups, all_texts: same_but_colon(text, all_texts[int(groups[0])])),
+    (r"does not begin with (\d+)", lambda text, groups, all_texts: not text.startswith(all_texts[int(groups[0])])),
+]
+
+# These two look beyond one text or one language and are tested by check_across below.
+ACROSS = re.compile(r"fixed|unique in (.+)")
+
+
+def read_rows(path):
+    """The languages, and the lines as dictionaries by column name. Ends the program on a malformed file."""
+    with open(path, encoding="utf-8", newline="") as file:
+        lines = file.read().split("\n")
+    if lines.pop() != "":
+        sys.exit(f"{path}: the last line does not end in a line feed")
+    names = lines[0].split("\t")
+    if names[:len(KEYS)] != KEYS or len(names) == len(KEYS):
+        sys.exit(f"{path}:1: the columns must be {', '.join(KEYS)} and at least one language")
+    rows = []
+    for number, line in enumerate(lines[1:], 2):
+        cells = line.split("\t")
+        if len(cells) != len(names):
+            sys.exit(f"{path}:{number}: {len(cells)} columns instead of {len(names)}")
+        if not re.fullmatch("[1-9][0-9]{0,4}", cells[0]) or int(cells[0]) > 0xFFFF:
+            sys.exit(f"{path}:{number}: the id '{cells[0]}' is no number from 1 to 65535")
+        rows.append(dict(zip(names, cells), line=number, id=int(cells[0])))
+    return names[len(KEYS):], rows
+
+
+def check_order(rows):
+    for previous, row in zip(rows, rows[1:]):
+        if row["id"] == previous["id"]:
+            yield row, f"the id {row['id']} stands twice"
+        elif row["id"] < previous["id"]:
+            yield row, f"the id {row['id']} stands behind {previous['id']}"
+
+
+def check_text(row, language, all_texts):
+    """The rules of one text in one language."""
+    text = row[language]
+    if not text.strip():
+        yield row, f"{language}: the text is empty"
+    if len(text) > LONGEST_TEXT:
+        yield row, f"{language}: the text is longer than {LONGEST_TEXT} characters"
+    if row["format"] not in FORMATS:
+        yield row, f"unknown format '{row['format']}'"
+    elif not FORMATS[row["format"]](text):
+        yield row, f"{language}: '{text}' does not have the format '{row['format'] or 'no argument'}'"
+    for phrase in filter(None, row["constraint"].split("; ")):
+        if ACROSS.fullmatch(phrase):
+            continue
+        matches = [(re.fullmatch(pattern, phrase), test) for pattern, test in CONSTRAINTS]
+        matches = [(match, test) for match, test in matches if match]
+        if not matches:
+            yield row, f"unknown constraint '{phrase}'"
+        for match, test in matches:
+            if not test(text, match.groups(), all_texts):
+                yield row, f"{language}: '{text}' breaks the constraint '{phrase}'"
+
+
+def check_across(rows, languages):
+    """The rules that compare languages, or the texts of one code table."""
+    seen = {}
+    for row in rows:
+        for phrase in row["constraint"].split("; "):
+            match = ACROSS.fullmatch(phrase)
+            if match and phrase == "fixed":
+                if any(row[language] != row[languages[0]] for language in languages):
+                    yield row, "the text must be the same in every language"
+            elif match:
+                for language in languages:
+                    other = seen.setdefault((match[1], language, row[language].casefold()), row["id"])
+                    if other != row["id"]:
+                        yield row, (f"{language}: '{row[language]}' is also the text {other} of the same table"
+                                    f" ({match[1]})")
+
+
+def violations(rows, languages):
+    yield from check_order(rows)
+    yield from check_across(rows, languages)
+    for language in languages:
+        all_texts = {row["id"]: row[language] for row in rows}
+        for row in rows:
+            yield from check_text(row, language, all_texts)
+
+
+def quoted(text):
+    """A text as a string of a resource script, where a double quote is written twice."""
+    return '"' + text.replace("\\", "\\\\").replace('"', '""') + '"'
+
+
+def write_string_table(path, rows, language):
+    with open(path, "w", encoding="utf-8", newline="\n") as file:
+        file.write("#pragma code_page(65001)\nSTRINGTABLE\nBEGIN\n")
+        for row in rows:
+            file.write(f"    {row['id']} {quoted(row[language])}\n")
+        file.write("END\n")
+
+
+def main(source, language, target):
+    languages, rows = read_rows(source)
+    if language not in languages:
+        sys.exit(f"{source}: there is no column for the language {language}")
+    found = [f"{source}:{row['line']}: {message}" for row, message in violations(rows, languages)]
+    if found:
+        sys.exit("\n".join(found))
+    write_string_table(target, rows, language)
+
+
+if __name__ == "__main__":
+    if len(sys.argv) != 4:
+        sys.exit(__doc__)
+    main(*sys.argv[1:])

@@ -1,0 +1,212 @@
+// Which controls the templates hold, in which order, and how the keyboard and screen readers reach them.
+
+#include "resource/resource.h"
+#include "tests/ui/resource/TemplateDialog.h"
+
+#include <commctrl.h>
+
+#include <array>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace
+{
+
+constexpr DWORD Value = SS_NOPREFIX | SS_ENDELLIPSIS;
+constexpr DWORD Stop = WS_TABSTOP;
+constexpr DWORD Shown = WS_VISIBLE;
+
+// Styles that a control's class sets and clears by itself, or that say nothing here.
+constexpr DWORD Ignored = WS_CHILD | WS_GROUP | WS_BORDER | WS_CLIPSIBLINGS;
+
+// What a control must be: its class, and all of its style but the ignored ones.
+struct Control
+{
+    int number;
+    const wchar_t* name;
+    DWORD style;
+};
+
+constexpr std::array FormControls{
+    Control{IDC_FORM_HEADING, Static, Shown | SS_NOPREFIX},
+    Control{IDC_FORM_TAB, Tab, Shown | Stop},
+    Control{IDC_FORM_HELP, Button, Shown | Stop | BS_PUSHBUTTON},
+    Control{IDC_FORM_REPORT_TITLE, Static, SS_NOPREFIX},
+    Control{IDC_FORM_REPORT_TOTAL, Static, SS_NOPREFIX},
+    Control{IDC_FORM_EXPORT, Button, Shown | Stop | BS_PUSHBUTTON},
+    Control{IDC_FORM_DELETE, Button, Shown | Stop | BS_PUSHBUTTON},
+    Control{IDC_FORM_CLOSE, Button, Shown | Stop | BS_PUSHBUTTON},
+    Control{IDC_FORM_MINIMISE, Button, Shown | BS_PUSHBUTTON},
+    Control{IDC_FORM_CLOSE_BOX, Button, Shown | BS_PUSHBUTTON},
+};
+
+constexpr int Unnumbered = 0xFFFF; // the text before the combo box
+
+constexpr std::array PageControls{
+    Control{IDC_HEADING_DATES, Static, Shown | SS_NOPREFIX},
+    Control{IDC_DATE_LIST, ListBox, Shown | Stop | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT},
+    Control{IDC_HEADING_ENTRIES, Static, Shown | SS_NOPREFIX},
+    Control{IDC_RECORD_LIST, ListView,
+            Shown | Stop | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS},
+    Control{IDC_DETAIL_FRAME, Static, Shown | SS_NOPREFIX},
+    Control{IDC_HEADING_DETAILS, Static, Shown | SS_NOPREFIX},
+    Control{IDC_INFO_LABEL_0, Static, Shown | Value},
+    Control{IDC_INFO_VALUE_0_LINK, Static, Shown | Value | SS_NOTIFY},
+    Control{IDC_INFO_VALUE_0_TEXT, Static, Shown | SS_NOPREFIX},
+    Control{IDC_INFO_LABEL_1, Static, Shown | Value},
+    Control{IDC_INFO_VALUE_1, Static, Shown | Value},
+    Control{IDC_INFO_VALUE_2, Static, Shown | SS_NOPREFIX | SS_PATHELLIPSIS | SS_NOTIFY},
+    Control{IDC_INFO_LABEL_2, Static, Shown | Value},
+    Control{IDC_INFO_VALUE_2_WHOLE, Edit, Stop | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL},
+    Control{IDC_INFO_LABEL_3, Static, Shown | Value},
+    Control{IDC_INFO_VALUE_3, Static, Shown | Value},
+    Control{IDC_INFO_LABEL_4, Static, Shown | Value},
+    Control{IDC_INFO_VALUE_4, Static, Shown | Value},
+    Control{IDC_INFO_LABEL_5, Static, Shown | Value},
+    Control{IDC_INFO_VALUE_5, Static, Shown | Value},
+    Control{IDC_INFO_LABEL_6, Static, Shown | Value},
+    Control{IDC_INFO_VALUE_6, Static, Shown | Value},
+    Control{IDC_ALLOW_LABEL, Static, SS_RIGHT},
+    Control{IDC_ALLOW, Button, Stop | BS_PUSHBUTTON},
+    Control{Unnumbered, Static, Shown},
+    Control{IDC_LOG_TYPE, ComboBox, Shown | Stop | CBS_DROPDOWNLIST},
+    Control{IDC_VIEW, Button, Shown | Stop | BS_PUSHBUTTON},
+    Control{IDC_SPARE_EDIT, Edit, ES_READONLY},
+    Control{IDC_SETTING, Button, Shown | Stop | BS_PUSHBUTTON},
+};
+
+// Styles that lists set by themselves: a scroll bar when they need one, and that they keep texts.
+DWORD SetByLists(std::wstring_view name)
+{
+    if (name == ListBox)
+    {
+        return WS_VSCROLL | LBS_HASSTRINGS;
+    }
+    return name == ComboBox ? WS_VSCROLL | CBS_HASSTRINGS : 0;
+}
+
+template <std::size_t Count>
+void ExpectControls(const TemplateDialog& dialog, const std::array<Control, Count>& expected)
+{
+    const auto children = dialog.Children();
+    ASSERT_EQ(Count, children.size());
+    for (std::size_t i = 0; i < Count; ++i)
+    {
+        EXPECT_EQ(expected[i].number, NumberOf(children[i])) << "place " << i;
+        EXPECT_EQ(std::wstring(expected[i].name), ClassOf(children[i])) << expected[i].number;
+        const auto style = static_cast<DWORD>(GetWindowLongPtrW(children[i], GWL_STYLE));
+        EXPECT_EQ(expected[i].style, style & ~(Ignored | SetByLists(expected[i].name))) << expected[i].number;
+    }
+}
+
+} // namespace
+
+TEST_F(Templates, FormHasItsControlsInTheOrderOfTheTabKey)
+{
+    ExpectControls(m_form, FormControls);
+}
+
+TEST_F(Templates, PageHasItsControlsInTheOrderOfTheTabKey)
+{
+    ExpectControls(m_page, PageControls);
+}
+
+TEST_F(Templates, FormIsAPopupWithoutAFrameOfTheSystem)
+{
+    const auto style = static_cast<DWORD>(GetWindowLongPtrW(m_form.Window(), GWL_STYLE));
+    EXPECT_EQ(static_cast<DWORD>(WS_POPUP | WS_SYSMENU),
+              style & (WS_POPUP | WS_SYSMENU | WS_CAPTION | WS_THICKFRAME | WS_VISIBLE | WS_MINIMIZEBOX));
+    RECT window{};
+    GetWindowRect(m_form.Window(), &window);
+    EXPECT_EQ(Width(window), Width(m_form.Client()));
+    EXPECT_EQ(Height(window), Height(m_form.Client()));
+}
+
+TEST_F(Templates, PageIsAHiddenChildWhoseControlsTakePartInTheTabOrder)
+{
+    const auto style = static_cast<DWORD>(GetWindowLongPtrW(m_page.Window(), GWL_STYLE));
+    EXPECT_EQ(static_cast<DWORD>(WS_CHILD), style & (WS_CHILD | WS_VISIBLE | WS_CAPTION | WS_BORDER));
+    EXPECT_TRUE(style & DS_CONTROL);
+    EXPECT_TRUE(GetWindowLongPtrW(m_page.Window(), GWL_EXSTYLE) & WS_EX_CONTROLPARENT);
+}
+
+TEST_F(Templates, PageShowsThroughTheTabControlInFrontOfIt)
+{
+    // A page that clips its siblings would be left out where the tab control stands.
+    EXPECT_FALSE(GetWindowLongPtrW(m_page.Window(), GWL_STYLE) & WS_CLIPSIBLINGS);
+}
+
+TEST_F(Templates, BackgroundIsPaintedUnderTransparentControls)
+{
+    EXPECT_FALSE(GetWindowLongPtrW(m_form.Window(), GWL_STYLE) & WS_CLIPCHILDREN);
+    EXPECT_FALSE(GetWindowLongPtrW(m_page.Window(), GWL_STYLE) & WS_CLIPCHILDREN);
+}
+
+TEST_F(Templates, FontIsSegoeUIAtNinePoints)
+{
+    for (const HWND window : {m_form.Window(), m_page.Window()})
+    {
+        LOGFONTW font{};
+        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);
+        const HDC dc = GetDC(window);
+        EXPECT_STREQ(L"Segoe UI", font.lfFaceName);
+        EXPECT_EQ(-MulDiv(9, GetDeviceCaps(dc, LOGPIXELSY), 72), font.lfHeight);
+        EXPECT_EQ(FW_NORMAL, font.lfWeight);
+        ReleaseDC(window, dc);
+    }
+}
+
+TEST_F(Templates, CaptionButtonsAreTransparentAndHaveNoText)
+{
+    for (const int number : {IDC_FORM_MINIMISE, IDC_FORM_CLOSE_BOX})
+    {
+        EXPECT_EQ(L"", TextOf(m_form.Item(number)));
+        EXPECT_TRUE(GetWindowLongPtrW(m_form.Item(number), GWL_EXSTYLE) & WS_EX_TRANSPARENT);
+    }
+}
+
+TEST_F(Templates, ATextStandsDirectlyBeforeEveryListComboAndEditToNameIt)
+{
+    const std::set<std::wstring> named{ListBox, ListView, ComboBox, Edit};
+    for (const HWND child : m_page.Children())
+    {
+        if (named.contains(ClassOf(child)) && NumberOf(child) != IDC_SPARE_EDIT)
+        {
+            EXPECT_EQ(Static, ClassOf(GetWindow(child, GW_HWNDPREV))) << NumberOf(child);
+        }
+    }
+    EXPECT_EQ(IDC_HEADING_DATES, NumberOf(GetWindow(m_page.Item(IDC_DATE_LIST), GW_HWNDPREV)));
+    EXPECT_EQ(IDC_HEADING_ENTRIES, NumberOf(GetWindow(m_page.Item(IDC_RECORD_LIST), GW_HWNDPREV)));
+    EXPECT_EQ(IDC_INFO_LABEL_2, NumberOf(GetWindow(m_page.Item(IDC_INFO_VALUE_2_WHOLE), GW_HWNDPREV)));
+}
+
+TEST_F(Templates, TheTabKeyGoesFromTheDatesToTheRecordsAndThenToTheChoiceOfTheLog)
+{
+    HWND control = m_page.Item(IDC_DATE_LIST);
+    for (const int next : {IDC_RECORD_LIST, IDC_LOG_TYPE, IDC_VIEW, IDC_SETTING, IDC_DATE_LIST})
+    {
+        control = GetNextDlgTabItem(m_page.Window(), control, FALSE);
+        EXPECT_EQ(next, NumberOf(control));
+    }
+}
+
+TEST_F(Templates, NoTwoAccessKeysOfFormAndPageAreTheSame)
+{
+    std::set<wchar_t> keys;
+    int buttons = 0;
+    for (const TemplateDialog* dialog : {&m_form, &m_page})
+    {
+        for (const HWND child : dialog->Children())
+        {
+            const std::wstring text = TextOf(child);
+            const auto mark = text.find(L'&');
+            if (mark != std::wstring::npos)
+            {
+                ++buttons;
+                EXPECT_TRUE(keys.insert(static_cast<wchar_t>(towupper(text.at(mark + 1)))).second) << NumberOf(child);
+            }
+        }
+    }
+    EXPECT_EQ(8, buttons) << "four buttons of the form, three of the page, and the text before the combo box";
+}

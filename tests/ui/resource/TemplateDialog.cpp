@@ -1,0 +1,99 @@
+#include "tests/ui/resource/TemplateDialog.h"
+
+#include "resource/resource.h"
+#include "tests/unit/resource/BuiltFile.h"
+
+#include <commctrl.h>
+
+#include <stdexcept>
+
+namespace
+{
+
+INT_PTR CALLBACK LeaveAllToTheSystem(HWND, UINT, WPARAM, LPARAM)
+{
+    return FALSE;
+}
+
+} // namespace
+
+TemplateDialog::TemplateDialog(unsigned number, HWND parent)
+{
+    const auto bytes = ResourceBytes(BuiltLanguageFile(), number, MAKEINTRESOURCEW(5));
+    m_window = CreateDialogIndirectParamW(BuiltLanguageFile(), reinterpret_cast<const DLGTEMPLATE*>(bytes.data()),
+                                          parent, LeaveAllToTheSystem, 0);
+    if (m_window == nullptr)
+    {
+        throw std::runtime_error("The dialog " + std::to_string(number) + " cannot be made");
+    }
+}
+
+TemplateDialog::~TemplateDialog()
+{
+    DestroyWindow(m_window);
+}
+
+RECT TemplateDialog::Client() const
+{
+    RECT client{};
+    GetClientRect(m_window, &client);
+    return client;
+}
+
+RECT TemplateDialog::Place(HWND control) const
+{
+    RECT place{};
+    GetWindowRect(control, &place);
+    MapWindowPoints(nullptr, m_window, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+std::vector<HWND> TemplateDialog::Children() const
+{
+    std::vector<HWND> children;
+    for (HWND child = GetWindow(m_window, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+    {
+        if (!(GetWindowLongPtrW(child, GWL_EXSTYLE) & WS_EX_CONTROLPARENT))
+        {
+            children.push_back(child);
+        }
+    }
+    return children;
+}
+
+void Templates::SetUpTestSuite()
+{
+    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES};
+    InitCommonControlsEx(&classes);
+}
+
+Templates::Templates() : m_form(IDD_LOG_FORM), m_page(IDD_LOG_PAGE, m_form.Window()) {}
+
+std::wstring TextOf(HWND window)
+{
+    wchar_t text[256]{};
+    GetWindowTextW(window, text, static_cast<int>(std::size(text)));
+    return text;
+}
+
+std::wstring ClassOf(HWND window)
+{
+    wchar_t name[64]{};
+    GetClassNameW(window, name, static_cast<int>(std::size(name)));
+    return name;
+}
+
+int NumberOf(HWND control)
+{
+    return GetDlgCtrlID(control) & 0xFFFF;
+}
+
+int Width(const RECT& place)
+{
+    return place.right - place.left;
+}
+
+int Height(const RECT& place)
+{
+    return place.bottom - place.top;
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+// Names of the window classes of the templates.
+constexpr wchar_t Static[] = L"Static";
+constexpr wchar_t Button[] = L"Button";
+constexpr wchar_t Edit[] = L"Edit";
+constexpr wchar_t ListBox[] = L"ListBox";
+constexpr wchar_t ComboBox[] = L"ComboBox";
+constexpr wchar_t ListView[] = L"SysListView32";
+constexpr wchar_t Tab[] = L"SysTabControl32";
+
+// A dialog made of a template of the built language file, without any code of the viewer; the window lives as long as
+// the object. Throws std::runtime_error when the dialog cannot be made.
+class TemplateDialog
+{
+public:
+    explicit TemplateDialog(unsigned number, HWND parent = nullptr);
+    ~TemplateDialog();
+    TemplateDialog(const TemplateDialog&) = delete;
+    TemplateDialog& operator=(const TemplateDialog&) = delete;
+
+    HWND Window() const { return m_window; }
+
+    HWND Item(int number) const { return GetDlgItem(m_window, number); }
+
+    RECT Client() const;
+
+    // A control's rectangle in the dialog's client area.
+    RECT Place(HWND control) const;
+
+    RECT Place(int number) const { return Place(Item(number)); }
+
+    // The controls from the first to the last of the template, without a dialog inside this one.
+    std::vector<HWND> Children() const;
+
+private:
+    HWND m_window = nullptr;
+};
+
+// The form, and the viewer page as its child.
+class Templates : public ::testing::Test
+{
+protected:
+    static void SetUpTestSuite();
+
+    TemplateDialog m_form;
+    TemplateDialog m_page;
+
+    Templates();
+};
+
+std::wstring TextOf(HWND window);
+std::wstring ClassOf(HWND window);
+
+// A control's number; 0xFFFF for one without.
+int NumberOf(HWND control);
+
+int Width(const RECT& place);
+int Height(const RECT& place);

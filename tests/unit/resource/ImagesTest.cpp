@@ -1,0 +1,199 @@
+#include "resource/resource.h"
+#include "tests/unit/resource/BuiltFile.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <set>
+#include <vector>
+
+namespace
+{
+
+constexpr COLORREF White = RGB(255, 255, 255);
+constexpr COLORREF Black = RGB(0, 0, 0);
+constexpr int IconSize = 16;
+constexpr int LogIcons = 6;
+
+struct Bitmap
+{
+    int width = 0;
+    int height = 0;
+    int depth = 0;
+    std::vector<COLORREF> pixels; // rows from the top
+
+    COLORREF At(int x, int y) const { return pixels.at(static_cast<std::size_t>(y) * width + x); }
+};
+
+// Reads bitmaps of 24 bits, and of 4 bits with a full colour table, from the bottom row up.
+Bitmap ReadBitmap(unsigned number)
+{
+    const auto bytes = ResourceBytes(BuiltLanguageFile(), number, MAKEINTRESOURCEW(2));
+    BITMAPINFOHEADER header{};
+    std::memcpy(&header, bytes.data(), sizeof header);
+    const std::size_t table = header.biBitCount == 4 ? 16 * sizeof(RGBQUAD) : 0;
+    const std::size_t stride = (static_cast<std::size_t>(header.biWidth) * header.biBitCount + 31) / 32 * 4;
+    const auto colours = bytes.subspan(sizeof header);
+    const auto rows = colours.subspan(table);
+
+    Bitmap bitmap{header.biWidth, header.biHeight, header.biBitCount, {}};
+    for (int y = bitmap.height - 1; y >= 0; --y)
+    {
+        const auto row = rows.subspan(y * stride, stride);
+        for (int x = 0; x < bitmap.width; ++x)
+        {
+            const std::size_t index = row[x / 2] >> (x % 2 == 0 ? 4 : 0) & 15;
+            const auto colour = table == 0 ? row.subspan(x * 3, 3) : colours.subspan(index * 4, 4);
+            bitmap.pixels.push_back(RGB(colour[2], colour[1], colour[0]));
+        }
+    }
+    return bitmap;
+}
+
+int Brightness(COLORREF colour)
+{
+    return (GetRValue(colour) * 30 + GetGValue(colour) * 59 + GetBValue(colour) * 11) / 100;
+}
+
+// The drawing of one log icon without its colours: what is dark, pixel by pixel.
+std::vector<bool> Shape(const Bitmap& strip, int icon)
+{
+    std::vector<bool> dark;
+    for (int y = 0; y < IconSize; ++y)
+    {
+        for (int x = 0; x < IconSize; ++x)
+        {
+            dark.push_back(Brightness(strip.At(icon * IconSize + x, y)) < 190);
+        }
+    }
+    return dark;
+}
+
+bool TouchesTheMask(const Bitmap& strip, int x, int y)
+{
+    return (x % IconSize > 0 && strip.At(x - 1, y) == White) ||
+           (x % IconSize < IconSize - 1 && strip.At(x + 1, y) == White) || (y > 0 && strip.At(x, y - 1) == White) ||
+           (y < IconSize - 1 && strip.At(x, y + 1) == White);
+}
+
+// Widths of the pictures of an icon, from its directory; 0 stands for 256 there.
+std::set<int> IconSizes(unsigned number)
+{
+    const auto directory = ResourceBytes(BuiltLanguageFile(), number, MAKEINTRESOURCEW(14));
+    constexpr std::size_t Header = 6;
+    constexpr std::size_t Entry = 14;
+    std::set<int> sizes;
+    for (std::size_t at = Header; at + Entry <= directory.size(); at += Entry)
+    {
+        sizes.insert(directory[at] == 0 ? 256 : directory[at]);
+    }
+    return sizes;
+}
+
+} // namespace
+
+TEST(LogIcons, AreSixSquaresOf16PixelsAnd24Bits)
+{
+    const Bitmap strip = ReadBitmap(IDB_LOG_ICONS);
+    EXPECT_EQ(LogIcons * IconSize, strip.width);
+    EXPECT_EQ(IconSize, strip.height);
+    EXPECT_EQ(24, strip.depth);
+}
+
+TEST(LogIcons, WhiteIsOutsideOnly)
+{
+    const Bitmap strip = ReadBitmap(IDB_LOG_ICONS);
+    for (int icon = 0; icon < LogIcons; ++icon)
+    {
+        // From the edge of the square to the middle of its row, white does not come back.
+        for (int y = 0; y < IconSize; ++y)
+        {
+            bool drawn = false;
+            for (int x = 0; x < IconSize / 2; ++x)
+            {
+                const bool white = strip.At(icon * IconSize + x, y) == White;
+                EXPECT_FALSE(drawn && white) << "icon " << icon << " at " << x << ", " << y;
+                drawn = drawn || !white;
+            }
+        }
+        EXPECT_NE(White, strip.At(icon * IconSize + IconSize / 2, IconSize / 2)) << icon;
+    }
+}
+
+TEST(LogIcons, HaveNoPaleFringeAgainstTheMask)
+{
+    const Bitmap strip = ReadBitmap(IDB_LOG_ICONS);
+    for (int y = 0; y < strip.height; ++y)
+    {
+        for (int x = 0; x < strip.width; ++x)
+        {
+            if (strip.At(x, y) != White && TouchesTheMask(strip, x, y))
+            {
+                EXPECT_LT(Brightness(strip.At(x, y)), 160) << x << ", " << y;
+            }
+        }
+    }
+}
+
+TEST(LogIcons, DifferWithoutTheirColours)
+{
+    const Bitmap strip = ReadBitmap(IDB_LOG_ICONS);
+    for (int one = 0; one < LogIcons; ++one)
+    {
+        for (int other = one + 1; other < LogIcons; ++other)
+        {
+            const auto first = Shape(strip, one);
+            const auto second = Shape(strip, other);
+            int different = 0;
+            for (std::size_t i = 0; i < first.size(); ++i)
+            {
+                different += first[i] != second[i];
+            }
+            EXPECT_GE(different, 20) << one << " and " << other;
+        }
+    }
+}
+
+TEST(HeaderArrows, AreBlackOnWhiteInAColourTable)
+{
+    for (const unsigned number : {IDB_ARROW_UP, IDB_ARROW_DOWN})
+    {
+        const Bitmap arrow = ReadBitmap(number);
+        EXPECT_EQ(9, arrow.width);
+        EXPECT_EQ(5, arrow.height);
+        EXPECT_EQ(4, arrow.depth) << "colours are mapped in a table of 16 only";
+        EXPECT_EQ(25, std::ranges::count(arrow.pixels, Black)) << number;
+        EXPECT_EQ(20, std::ranges::count(arrow.pixels, White)) << number;
+    }
+}
+
+TEST(HeaderArrows, PointUpAndDown)
+{
+    const Bitmap up = ReadBitmap(IDB_ARROW_UP);
+    const Bitmap down = ReadBitmap(IDB_ARROW_DOWN);
+    EXPECT_EQ(White, up.At(0, 0));
+    EXPECT_EQ(Black, up.At(0, 4));
+    EXPECT_EQ(Black, down.At(0, 0));
+    EXPECT_EQ(White, down.At(0, 4));
+}
+
+TEST(ProgramIcon, HasTheSizesThatWindowsAsksFor)
+{
+    EXPECT_EQ((std::set<int>{16, 24, 32, 48, 256}), IconSizes(IDI_KESTRIX));
+}
+
+TEST(HandCursor, HasItsHotSpotAtTheFingertip)
+{
+    constexpr UINT Shared = LR_SHARED; // the system owns the cursor
+    const auto cursor = static_cast<HCURSOR>(
+        LoadImageW(BuiltLanguageFile(), MAKEINTRESOURCEW(IDC_HAND_CURSOR), IMAGE_CURSOR, 32, 32, Shared));
+    ASSERT_NE(nullptr, cursor);
+    ICONINFO info{};
+    ASSERT_TRUE(GetIconInfo(cursor, &info));
+    DeleteObject(info.hbmMask);
+    DeleteObject(info.hbmColor);
+    EXPECT_FALSE(info.fIcon);
+    EXPECT_EQ(9u, info.xHotspot);
+    EXPECT_EQ(0u, info.yHotspot);
+}
