@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/dialog/Wnd.h"
+
+// A combo box of texts. Indices count from 0; -1 (CB_ERR) stands for none.
+class CComboBox : public CWnd
+{
+public:
+    using CWnd::Create;
+    bool Create(DWORD style, const RECT& rect, HWND parent, int id);
+
+    int AddString(const std::wstring& text);               // gives the index
+    int InsertString(int index, const std::wstring& text); // index -1: at the end
+    std::wstring GetLBText(int index) const;               // empty for an entry that does not exist
+
+    DWORD_PTR GetItemData(int index) const { return static_cast<DWORD_PTR>(SendMessage(CB_GETITEMDATA, index)); }
+
+    void SetItemData(int index, DWORD_PTR data) { SendMessage(CB_SETITEMDATA, index, static_cast<LPARAM>(data)); }
+
+    int GetCount() const { return static_cast<int>(SendMessage(CB_GETCOUNT)); }
+
+    int GetCurSel() const { return m_hWnd != nullptr ? static_cast<int>(SendMessage(CB_GETCURSEL)) : CB_ERR; }
+
+    int SetCurSel(int index) { return static_cast<int>(SendMessage(CB_SETCURSEL, index)); }
+
+    void ResetContent() { SendMessage(CB_RESETCONTENT); }
+};

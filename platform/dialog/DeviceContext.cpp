@@ -1,0 +1,30 @@
+#include "platform/dialog/DeviceContext.h"
+
+CMemDC::CMemDC(HDC target, const RECT& area) noexcept : CDC(target), m_hTarget(target), m_part(area)
+{
+    const int width = area.right - area.left;
+    const int height = area.bottom - area.top;
+    if (width <= 0 || height <= 0 || !m_bitmap.CreateCompatibleBitmap(target, width, height))
+    {
+        return;
+    }
+    m_memory.reset(::CreateCompatibleDC(target));
+    if (!m_memory)
+    {
+        return;
+    }
+    m_hDC = m_memory.get();
+    m_hOldBitmap = ::SelectObject(m_hDC, m_bitmap);
+    ::SetWindowOrgEx(m_hDC, area.left, area.top, nullptr);
+}
+
+CMemDC::~CMemDC()
+{
+    if (!m_memory)
+    {
+        return;
+    }
+    ::BitBlt(m_hTarget, m_part.left, m_part.top, m_part.right - m_part.left, m_part.bottom - m_part.top, m_hDC,
+             m_part.left, m_part.top, SRCCOPY);
+    ::SelectObject(m_hDC, m_hOldBitmap);
+}

@@ -1,0 +1,120 @@
+#pragma once
+
+#include "platform/dialog/GdiObjects.h"
+
+// A device context to draw on with the functions of the system; the derived classes say what on, and give it back.
+class CDC
+{
+public:
+    explicit CDC(HDC dc) noexcept : m_hDC(dc) {}
+
+    CDC(const CDC&) = delete;
+    CDC& operator=(const CDC&) = delete;
+
+    HDC GetSafeHdc() const noexcept { return m_hDC; }
+
+    operator HDC() const noexcept { return m_hDC; }
+
+protected:
+    ~CDC() = default;
+    HDC m_hDC;
+};
+
+// The client area of a window, outside of WM_PAINT.
+class CClientDC : public CDC
+{
+public:
+    explicit CClientDC(HWND window) noexcept : CDC(::GetDC(window)), m_hWnd(window) {}
+
+    ~CClientDC() { ::ReleaseDC(m_hWnd, m_hDC); }
+
+private:
+    const HWND m_hWnd;
+};
+
+// A whole window, its frame included.
+class CWindowDC : public CDC
+{
+public:
+    explicit CWindowDC(HWND window) noexcept : CDC(::GetWindowDC(window)), m_hWnd(window) {}
+
+    ~CWindowDC() { ::ReleaseDC(m_hWnd, m_hDC); }
+
+private:
+    const HWND m_hWnd;
+};
+
+// The part of a window that needs painting; for handlers of WM_PAINT. Validates the window.
+class CPaintDC : public CDC
+{
+public:
+    explicit CPaintDC(HWND window) noexcept : CDC(nullptr), m_hWnd(window) { m_hDC = ::BeginPaint(window, &m_paint); }
+
+    ~CPaintDC() { ::EndPaint(m_hWnd, &m_paint); }
+
+    const RECT& GetPaintRect() const noexcept { return m_paint.rcPaint; }
+
+private:
+    const HWND m_hWnd;
+    PAINTSTRUCT m_paint{};
+};
+
+// Draws an area of a target in memory, in the target's own coordinates, and copies it over when the object goes.
+// Where the system has no room for the picture, drawing goes straight to the target.
+class CMemDC : public CDC
+{
+public:
+    CMemDC(HDC target, const RECT& area) noexcept;
+    ~CMemDC();
+
+    // Copies only this part of the area at the end; an empty part copies nothing.
+    void LimitTo(const RECT& part) noexcept { m_part = part; }
+
+private:
+    const HDC m_hTarget;
+    RECT m_part;
+    UniqueMemoryDC m_memory;
+    CBitmap m_bitmap;
+    HGDIOBJ m_hOldBitmap = nullptr;
+};
+
+// Selects an object into a device context, and what was selected before when the scope ends. Null selects nothing.
+class CSelectObject
+{
+public:
+    CSelectObject(HDC dc, HGDIOBJ object) noexcept
+        : m_hDC(dc), m_hOld(object != nullptr ? ::SelectObject(dc, object) : nullptr)
+    {
+    }
+
+    ~CSelectObject()
+    {
+        if (m_hOld != nullptr)
+        {
+            ::SelectObject(m_hDC, m_hOld);
+        }
+    }
+
+    CSelectObject(const CSelectObject&) = delete;
+    CSelectObject& operator=(const CSelectObject&) = delete;
+
+private:
+    const HDC m_hDC;
+    const HGDIOBJ m_hOld;
+};
+
+// Everything that is set in a device context (objects, colours, modes, clipping) is as before when the scope ends.
+class CSaveDC
+{
+public:
+    explicit CSaveDC(HDC dc) noexcept : m_hDC(dc), m_nState(::SaveDC(dc)) {}
+
+    ~CSaveDC() { ::RestoreDC(m_hDC, m_nState); }
+
+    CSaveDC(const CSaveDC&) = delete;
+    CSaveDC& operator=(const CSaveDC&) = delete;
+
+private:
+    const HDC m_hDC;
+    const int m_nState;
+};

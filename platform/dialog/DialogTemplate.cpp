@@ -1,0 +1,34 @@
+#include "platform/dialog/DialogTemplate.h"
+
+#include "platform/dialog/ModuleState.h"
+
+#include <cstring>
+
+namespace
+{
+
+// The first words of a template of the extended form, where the plain form has its style.
+constexpr DWORD ExtendedMark = 0xFFFF0001;
+constexpr std::size_t PlainStyle = 0;
+constexpr std::size_t ExtendedStyle = 3; // behind the mark, the help number and the extended style
+
+} // namespace
+
+DialogTemplate::DialogTemplate(UINT id)
+{
+    const HMODULE module = AfxGetResourceHandle();
+    const HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(id), RT_DIALOG);
+    const HGLOBAL loaded = resource != nullptr ? LoadResource(module, resource) : nullptr;
+    if (const void* const bytes = LockResource(loaded))
+    {
+        const DWORD size = SizeofResource(module, resource);
+        m_data.resize((size + sizeof(DWORD) - 1) / sizeof(DWORD));
+        std::memcpy(m_data.data(), bytes, size);
+    }
+}
+
+void DialogTemplate::RemoveVisibleStyle()
+{
+    const std::size_t style = m_data.at(0) == ExtendedMark ? ExtendedStyle : PlainStyle;
+    m_data.at(style) &= ~static_cast<DWORD>(WS_VISIBLE);
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+// The module of the running program.
+HINSTANCE AfxGetInstanceHandle() noexcept;
+
+// The module that texts, templates and images come from: the program's own until another is set.
+HMODULE AfxGetResourceHandle() noexcept;
+
+// Takes the texts and templates from this module from now on; null means the program's own again.
+// The module stays the caller's and must stay loaded. Every text that LoadText gave out ends here.
+void AfxSetResourceHandle(HMODULE module) noexcept;
+
+// The string resource of this number, or the empty text when the resource module has none.
+// Texts are read once and kept, sixteen at a time as they lie in the module, so that a call costs two look-ups in
+// tables. The reference stays valid until AfxSetResourceHandle. User-interface thread only.
+const std::wstring& LoadText(UINT id);
