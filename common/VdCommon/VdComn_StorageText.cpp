@@ -1,0 +1,37 @@
+#include "common/VdCommon/VdComn_StorageText.h"
+
+#include "common/VdCommon/VdComn_Storage.h"
+
+#include <exception>
+
+namespace VdCommon::Storage
+{
+
+std::wstring TextOf(const wchar_t* text)
+{
+    return text == nullptr ? std::wstring() : std::wstring(text);
+}
+
+std::wstring JoinPath(const wchar_t* first, const wchar_t* second)
+{
+    std::wstring path = TextOf(first);
+    if (!path.empty() && path.back() != L'\\')
+    {
+        path += L'\\';
+    }
+    return path += TextOf(second);
+}
+
+std::wstring AllocateText(std::size_t characters)
+{
+    try
+    {
+        return std::wstring(characters, L'\0');
+    }
+    catch (const std::exception&)
+    {
+        throw new Exception(ERROR_INVALID_HANDLE);
+    }
+}
+
+} // namespace VdCommon::Storage
