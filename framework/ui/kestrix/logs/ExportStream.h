@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/dialog/UniqueHandle.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Writes a UTF-16 text file with byte order mark. Every line feed comes out as carriage return and line feed.
+// Text is gathered in a block, so that a full disk may show only at a later write or at Flush.
+class ExportStream
+{
+public:
+    // Makes the file, in place of one that stands there; false when that is not possible.
+    bool Open(const std::wstring& path);
+
+    // False when the text could not be written.
+    bool Write(std::wstring_view text);
+
+    // Writes the text in double quotes, with what stands behind it: a tab or a line feed.
+    bool WriteLabel(std::wstring_view text, wchar_t end);
+
+    // Writes what is still in memory to the file; false when that failed.
+    bool Flush();
+
+    // Closes the file without writing what is still in memory.
+    void Close() { m_hFile.reset(); }
+
+private:
+    static constexpr std::size_t BlockSize = 64 * 1024; // characters
+
+    UniqueFile m_hFile;
+    std::vector<wchar_t> m_arrBlock;
+};

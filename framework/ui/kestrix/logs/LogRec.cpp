@@ -1,0 +1,25 @@
+#include "framework/ui/kestrix/logs/LogRec.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+std::wstring_view LogRec::Field(std::size_t index) const
+{
+    if (index >= strData.size())
+    {
+        throw std::out_of_range("invalid vector<T> subscript");
+    }
+    return strData[index];
+}
+
+std::wstring_view LogRec::Keep(std::wstring_view text) const
+{
+    if (text.empty())
+    {
+        return {};
+    }
+    std::pmr::polymorphic_allocator<wchar_t> memory = strData.get_allocator();
+    wchar_t* const copy = memory.allocate(text.size());
+    std::copy(text.begin(), text.end(), copy);
+    return {copy, text.size()};
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory_resource>
+#include <string_view>
+#include <vector>
+
+// One log event. The record, its field vector and its texts lie in the memory resource that it was made with, and all
+// end with that resource: nothing of a record is freed by itself.
+struct LogRec
+{
+    explicit LogRec(std::pmr::memory_resource* memory) : strData(memory) {}
+
+    LogRec(const LogRec&) = delete;
+    LogRec& operator=(const LogRec&) = delete;
+
+    std::uint32_t nImage = 0; // index of the row's icon in the image list of the log
+
+    // The display fields in the order in which the log class appended them.
+    std::pmr::vector<std::wstring_view> strData;
+
+    // Copies the text into the record's memory, as its next field.
+    void Append(std::wstring_view text) { strData.push_back(Keep(text)); }
+
+    // The field; throws std::out_of_range when the record is shorter.
+    std::wstring_view Field(std::size_t index) const;
+
+    // A copy of the text that lives as long as the record.
+    std::wstring_view Keep(std::wstring_view text) const;
+};

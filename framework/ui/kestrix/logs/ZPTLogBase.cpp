@@ -1,0 +1,212 @@
+#include "framework/ui/kestrix/logs/ZPTLogBase.h"
+
+#include "common/VdCommon/VdComn_DebugLog.h"
+#include "framework/ui/kestrix/controls/RichColorImageList.h"
+#include "framework/ui/kestrix/controls/SortListCtrl.h"
+#include "platform/dialog/DialogFramework.h"
+#include "platform/dialog/ResourceNumber.h"
+#include "resource/resource.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr std::int32_t DefaultInfoTextLimit = 24;
+constexpr std::size_t LongestColumnTitle = 254; // with its terminator a title fits 255 characters
+constexpr int IconWidth = 16;
+constexpr COLORREF IconMask = RGB(255, 255, 255);
+
+int ComparePlain(LPARAM first, LPARAM second, LPARAM column)
+{
+    const auto& left = reinterpret_cast<const LogRec*>(first)->strData;
+    const auto& right = reinterpret_cast<const LogRec*>(second)->strData;
+    const auto field = static_cast<std::size_t>(column);
+    return field >= left.size() || field >= right.size() ? 0 : left[field].compare(right[field]);
+}
+
+} // namespace
+
+CZPTLogBase::CZPTLogBase(std::pmr::memory_resource* upstream)
+    : m_Memory(upstream),
+      m_arrRecord(upstream),
+      m_nInfoTextLimit(static_cast<std::uint32_t>(LoadNumber(IDS_INFO_TEXT_LIMIT, DefaultInfoTextLimit)))
+{
+}
+
+CZPTLogBase::~CZPTLogBase() = default;
+
+void CZPTLogBase::Setup(const LogLayout& layout)
+{
+    m_nLogType = layout.type;
+    if (const LogTypeInfo* const info = FindLogType(layout.type))
+    {
+        m_strExt = L"." + std::wstring(info->extension);
+    }
+    for (const UINT title : layout.titles)
+    {
+        m_arrTitle.push_back(LoadText(title));
+    }
+    for (const LogColumn& column : layout.columns)
+    {
+        m_arrColumn.push_back(LoadText(column.title));
+        m_arrColumnWidth.push_back(column.width);
+    }
+    for (const LogInfoRow& row : layout.infoRows)
+    {
+        m_arrInfoLabel.push_back(row.caption == 0 ? std::wstring() : LoadText(row.caption));
+        m_arrInfoVisible.push_back(row.visible ? 1 : 0);
+    }
+    if (layout.iconBitmap != 0)
+    {
+        m_pImageList = std::make_unique<CRichColorImageList>();
+        m_pImageList->CreateFromBitmap(layout.iconBitmap, IconWidth, IconMask);
+    }
+}
+
+std::size_t CZPTLogBase::GetLogCount() const
+{
+    return m_arrRecord.size();
+}
+
+std::wstring_view CZPTLogBase::GetLogText(std::size_t record, std::size_t field) const
+{
+    const LogRec* const found = GetLogRecord(record);
+    return found == nullptr || field >= found->strData.size() ? std::wstring_view() : found->strData[field];
+}
+
+LogRec* CZPTLogBase::GetLogRecord(std::size_t index) const
+{
+    return index < GetLogCount() ? m_arrRecord[index] : nullptr;
+}
+
+void CZPTLogBase::SetListCtrl(CListCtrl* list)
+{
+    m_pListCtrl = dynamic_cast<CSortListCtrl*>(list);
+    if (m_pListCtrl != nullptr && m_pImageList != nullptr)
+    {
+        m_pListCtrl->SetImageList(m_pImageList->GetSafeHandle(), LVSIL_SMALL);
+    }
+}
+
+void CZPTLogBase::SetListColumn()
+{
+    if (m_pListCtrl == nullptr)
+    {
+        return;
+    }
+    m_pListCtrl->SetExtendedStyle(m_pListCtrl->GetExtendedStyle() | LVS_EX_FULLROWSELECT);
+    for (std::size_t i = 0; i < m_arrColumn.size(); ++i)
+    {
+        m_pListCtrl->InsertColumn(static_cast<int>(i), m_arrColumn[i].substr(0, LongestColumnTitle), LVCFMT_LEFT,
+                                  static_cast<int>(m_arrColumnWidth[i]));
+    }
+    m_pListCtrl->SortHeader().SetArrowImages();
+}
+
+void CZPTLogBase::SetInfoLabel()
+{
+    if (m_pInfoDlg == nullptr)
+    {
+        return;
+    }
+    for (std::size_t row = 0; row < m_arrInfoLabel.size(); ++row)
+    {
+        m_pInfoDlg->SetInfoRow(row, m_arrInfoLabel[row], m_arrInfoVisible[row] == 1);
+    }
+}
+
+void CZPTLogBase::ClearLog()
+{
+    // The rows point to the records, so they go first: a row that is still there may be painted.
+    if (m_pListCtrl != nullptr)
+    {
+        m_pListCtrl->DeleteAllItems();
+    }
+    FreeRecords();
+}
+
+void CZPTLogBase::FreeRecords()
+{
+    m_arrRecord.clear();
+    m_arrRecord.shrink_to_fit();
+    m_Memory.release();
+}
+
+bool CZPTLogBase::SetListLog()
+{
+    return InsertRows(false);
+}
+
+bool CZPTLogBase::SetListLogWithIcons()
+{
+    return InsertRows(true);
+}
+
+bool CZPTLogBase::InsertRows(bool withIcons)
+{
+    if (m_pListCtrl == nullptr)
+    {
+        return false;
+    }
+    LVITEMW item{};
+    item.mask = LVIF_TEXT | LVIF_PARAM | (withIcons ? LVIF_IMAGE : 0);
+    item.pszText = LPSTR_TEXTCALLBACKW;
+    m_pListCtrl->SetItemCount(static_cast<int>(m_arrRecord.size()));
+    for (auto record = m_arrRecord.rbegin(); record != m_arrRecord.rend(); ++record, ++item.iItem)
+    {
+        item.iImage = static_cast<int>((*record)->nImage);
+        item.lParam = reinterpret_cast<LPARAM>(*record);
+        if (m_pListCtrl->InsertItem(item) == -1)
+        {
+            return false;
+        }
+    }
+    return true;
+}
+
+std::uint32_t CZPTLogBase::GetReadLimit() const
+{
+    return 0;
+}
+
+void CZPTLogBase::SetLocalAddress(std::wstring) {}
+
+void CZPTLogBase::GetColumnText(const LogRec*, std::wstring& text, int) const
+{
+    text.clear();
+}
+
+void CZPTLogBase::SetLogInfo(LogRec*) {}
+
+void CZPTLogBase::SetInfoDialog(CLogInfoPage* page)
+{
+    m_pInfoDlg = page;
+}
+
+void CZPTLogBase::AddAllowRule() {}
+
+bool CZPTLogBase::IsBlockRuleActive() const
+{
+    return false;
+}
+
+std::wstring CZPTLogBase::TruncateText(std::wstring_view text) const
+{
+    constexpr std::wstring_view ellipsis = L"...";
+    if (m_nInfoTextLimit == 0 || text.size() <= m_nInfoTextLimit + ellipsis.size())
+    {
+        return std::wstring(text);
+    }
+    return std::wstring(text.substr(0, m_nInfoTextLimit)).append(ellipsis);
+}
+
+int CALLBACK CZPTLogBase::CompareFuncUp(LPARAM first, LPARAM second, LPARAM column)
+{
+    return ComparePlain(first, second, column);
+}
+
+int CALLBACK CZPTLogBase::CompareFuncDn(LPARAM first, LPARAM second, LPARAM column)
+{
+    return ComparePlain(second, first, column);
+}
