@@ -1,0 +1,79 @@
+#include "framework/ui/kestrix/app/DailyFiles.h"
+
+#include "common/VdCommon/VdComn_DebugLog.h"
+#include "common/VdCommon/VdComn_Number.h"
+#include "platform/dialog/UniqueHandle.h"
+
+#include <functional>
+#include <string_view>
+
+namespace
+{
+
+constexpr std::size_t NameLength = 12; // YYYYMMDD.EXT
+constexpr int Noon = 12;
+
+COleDateTime DateOfName(std::wstring_view name)
+{
+    return {VdCommon::WideToInteger(name.substr(0, 4)),
+            VdCommon::WideToInteger(name.substr(4, 2)),
+            VdCommon::WideToInteger(name.substr(6, 2)),
+            Noon,
+            0,
+            0};
+}
+
+// Calls visit for each entry but "." and ".." until it gives false.
+void ForEachEntry(const std::wstring& path, const std::function<bool(const WIN32_FIND_DATAW&)>& visit)
+{
+    WIN32_FIND_DATAW entry{};
+    const UniqueFind search(FindFirstFileW(path.c_str(), &entry));
+    if (!search)
+    {
+        return;
+    }
+    do
+    {
+        const std::wstring_view name = entry.cFileName;
+        if (name != L"." && name != L".." && !visit(entry))
+        {
+            return;
+        }
+    } while (FindNextFileW(search.get(), &entry));
+}
+
+} // namespace
+
+std::vector<DailyFile> FindDailyFiles(const std::wstring& path)
+{
+    std::vector<DailyFile> files;
+    ForEachEntry(path,
+                 [&](const WIN32_FIND_DATAW& entry)
+                 {
+                     const std::wstring_view name = entry.cFileName;
+                     VD_TRACE(Flow, L"log filename[%s]", name);
+                     if (name.size() == NameLength && (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+                     {
+                         const COleDateTime date = DateOfName(name);
+                         if (date.GetStatus() == COleDateTime::valid)
+                         {
+                             files.push_back({date, entry.nFileSizeLow});
+                         }
+                     }
+                     return true;
+                 });
+    return files;
+}
+
+bool HasForeignLogFile(const std::wstring& path)
+{
+    bool foreign = false;
+    ForEachEntry(path,
+                 [&](const WIN32_FIND_DATAW& entry)
+                 {
+                     const std::wstring_view name = entry.cFileName;
+                     foreign = name.size() != NameLength || DateOfName(name).GetStatus() != COleDateTime::valid;
+                     return !foreign;
+                 });
+    return foreign;
+}

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "framework/ui/kestrix/controls/BitmapDialog.h"
+#include "framework/ui/kestrix/controls/SortListCtrl.h"
+#include "framework/ui/kestrix/logs/LogInfoPage.h"
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+
+class COleDateTime;
+class CLogFormDlg;
+class CZPTLogBase;
+class IDBManagerProvider;
+struct LogClass;
+
+// The page that shows one log: the dates that have records, the records of one date in a sorted list, and the selected
+// record in a detail pane. It owns the log object, and the log object owns the records.
+class CKestrixDlg : public CBitmapDialog, public CLogInfoPage
+{
+public:
+    CKestrixDlg();
+    ~CKestrixDlg();
+
+    BOOL OnInitDialog() override;
+    BOOL PreTranslateMessage(MSG& message) override;
+
+    // Loads the selected date; the newest one right after the page was made.
+    void OnSelchangeLogDate();
+
+    // A text for a list cell: at most 255 characters, the middle of a longer one replaced by dots.
+    static std::wstring ShortenDisplayText(const std::wstring& text);
+
+    // Set by the form before the page is made.
+    std::uint32_t m_nLogType = 0;
+    bool m_bIsLocal = false;
+    bool m_bLogOnly = false;
+    std::uint32_t m_nReportSpan = 0;
+    std::wstring m_strLogPath;
+    std::wstring m_strLocalIp;
+    CLogFormDlg* m_pParentForm = nullptr; // the form that hosts the page; null: there is no choice of logs
+
+protected:
+    static const MessageMap& Map();
+
+    const MessageMap& GetMessageMap() const override { return Map(); }
+
+    void DoDataExchange(CDataExchange& exchange) override;
+
+private:
+    // CLogInfoPage
+    void SetInfoRow(std::size_t row, const std::wstring& caption, bool visible) override;
+    void SetInfoText(UINT control, const std::wstring& text) override;
+    void SetInfoToolTip(UINT control, const std::wstring& text) override;
+    void ShowInfo(UINT control, bool show) override;
+
+    void OnGetDispInfoLogList(NMLVDISPINFOW& info);
+    void OnClickLogList(NMITEMACTIVATE& click);
+    void OnColumnClickLogList(NMLISTVIEW& click);
+    void OnStnClickedMoreInfo();
+    void OnBnClickedBtnView();
+
+    void SetHeadings();
+    void SetFonts();
+    void CreateLog(const LogClass& logClass);
+    void FillDate();
+    void InsertDate(const COleDateTime& date, std::uint32_t size);
+    bool LoadSelectedDate();
+    void ShowFreshList();
+    void ShowSelectedRecord();
+    void ShowShortInfo();
+    void FillLogTypeCombo();
+    void SelectLogType(std::uint32_t type);
+    void ShowLogMessage(const std::wstring& text) const;
+    bool HasLongInfo() const;
+
+    IDBManagerProvider* m_pIDBManagerProvider = nullptr; // not owned
+    std::unique_ptr<CZPTLogBase> m_pLogData;
+    RECT m_rcInfoValue{}; // screen rectangle of the first value as the template places it
+
+    CListBox m_DateList;
+    CSortListCtrl m_RecordList;
+    CComboBox m_TypeCombo;
+    int m_nListSortColumn = -1; // what the header shows
+    int m_nListSortUp = 1;
+    int m_nSortColumn = -1;     // the last column clicked; -1 after each load
+    bool m_bSortToggle = false; // the last click on that column asked for the downward order
+
+    std::uint32_t m_nLogFileBytes = 0;
+    std::map<std::wstring, std::uint32_t> m_mapLogFiles;   // date text to file size
+    std::map<std::uint32_t, std::uint32_t> m_mapTypeIndex; // log type to its entry in the combo
+};

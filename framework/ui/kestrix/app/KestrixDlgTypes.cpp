@@ -1,0 +1,95 @@
+// The page's choice of logs: the entries of the type combo and the titles of the page's messages.
+
+#include "common/VdCommon/VdComn_DebugLog.h"
+#include "common/VdCommon/VdComn_Storage.h"
+#include "framework/ui/kestrix/app/KestrixDlg.h"
+#include "framework/ui/kestrix/logs/LogTypes.h"
+#include "resource/resource.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace
+{
+
+constexpr wchar_t InstallerKey[] = L"Software\\Veldrane\\Zeptara\\17\\Installer";
+constexpr wchar_t FirewallValue[] = L"FirewallAP";
+constexpr wchar_t ProductKey[] = L"Software\\Veldrane\\Zeptara";
+constexpr wchar_t ProductNameValue[] = L"ProductName";
+
+struct TypeRow
+{
+    std::uint32_t type;
+    UINT choice;       // its entry in the combo
+    UINT messageTitle; // the title of its messages
+};
+
+// In the order of the combo. The system tuner shares the message title of the cleanup log.
+constexpr TypeRow Types[] = {
+    {LogTypeVirus, IDS_CHOICE_VIRUS, IDS_TITLE_VIRUS},
+    {LogTypeSpyware, IDS_CHOICE_SPYWARE, IDS_TITLE_SPYWARE},
+    {LogTypeUpdate, IDS_TITLE_UPDATE, IDS_TITLE_UPDATE},
+    {LogTypeFirewall, IDS_TITLE_FIREWALL, IDS_TITLE_FIREWALL},
+    {LogTypePhishing, IDS_TITLE_PHISHING, IDS_TITLE_PHISHING},
+    {LogTypeUrlFilter, IDS_TITLE_URL_FILTER, IDS_TITLE_URL_FILTER},
+    {LogTypeTsc, IDS_TITLE_TSC, IDS_TITLE_TSC},
+    {LogTypePrivacy, IDS_TITLE_PRIVACY, IDS_TITLE_PRIVACY},
+    {LogTypeVa, IDS_CHOICE_VA, IDS_TITLE_VA},
+    {LogTypeVst, IDS_TITLE_VST, IDS_TITLE_VST},
+    {LogTypeSystemTuner, IDS_TITLE_SYSTEM_TUNER, IDS_TITLE_TSC},
+    {LogTypeScan, IDS_TITLE_SCAN, IDS_TITLE_SCAN},
+    {LogTypeSkippedTask, IDS_TITLE_SKIPPED_TASK, IDS_TITLE_SKIPPED_TASK},
+};
+
+bool IsFirewallInstalled()
+{
+    return VdCommon::Storage::QueryValue(HKEY_LOCAL_MACHINE, InstallerKey, FirewallValue, 0U) != 0;
+}
+
+} // namespace
+
+void CKestrixDlg::FillLogTypeCombo()
+{
+    if (m_pParentForm == nullptr)
+    {
+        return;
+    }
+    const bool hasFirewall = IsFirewallInstalled();
+    for (const TypeRow& row : Types)
+    {
+        if (row.type == LogTypeFirewall && !hasFirewall)
+        {
+            continue;
+        }
+        const int index = m_TypeCombo.AddString(LoadText(row.choice));
+        m_TypeCombo.SetItemData(index, row.type);
+        m_mapTypeIndex[row.type] = static_cast<std::uint32_t>(index);
+    }
+}
+
+// A type that has no entry selects the first one.
+void CKestrixDlg::SelectLogType(std::uint32_t type)
+{
+    const auto found = m_mapTypeIndex.find(type);
+    m_TypeCombo.SetCurSel(found == m_mapTypeIndex.end() ? 0 : static_cast<int>(found->second));
+}
+
+void CKestrixDlg::OnBnClickedBtnView()
+{
+    VD_TRACE(Flow, L"[Enter] CKestrixDlg::OnBnClickedBtnView()");
+    Invalidate();
+    if (!m_bIsLocal)
+    {
+        const std::wstring product =
+            VdCommon::Storage::QueryValue(HKEY_LOCAL_MACHINE, ProductKey, ProductNameValue, L"");
+        ShowMessageBox(GetSafeHwnd(), LoadText(IDS_ONLY_THIS_FILE), product, MB_ICONINFORMATION);
+        VD_TRACE(Flow, L"[Leave] CKestrixDlg::OnBnClickedBtnView()");
+    }
+}
+
+void CKestrixDlg::ShowLogMessage(const std::wstring& text) const
+{
+    const auto row = std::ranges::find(Types, m_nLogType, &TypeRow::type);
+    const std::wstring title = row == std::end(Types) ? std::wstring() : LoadText(row->messageTitle);
+    ShowMessageBox(nullptr, text, title, MB_ICONINFORMATION);
+}
