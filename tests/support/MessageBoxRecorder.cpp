@@ -1,0 +1,21 @@
+#include "tests/support/MessageBoxRecorder.h"
+
+extern "C" decltype(&::MessageBoxW) __imp_MessageBoxW;
+
+MessageBoxRecorder* MessageBoxRecorder::s_current = nullptr;
+
+MessageBoxRecorder::MessageBoxRecorder(int answer) : m_answer(answer), m_patch(__imp_MessageBoxW, &Record)
+{
+    s_current = this;
+}
+
+MessageBoxRecorder::~MessageBoxRecorder()
+{
+    s_current = nullptr;
+}
+
+int WINAPI MessageBoxRecorder::Record(HWND, LPCWSTR text, LPCWSTR caption, UINT flags)
+{
+    s_current->m_arrBox.push_back({text, caption, flags});
+    return s_current->m_answer;
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "framework/ui/kestrix/logs/ZPTLogBase.h"
+#include "resource/resource.h"
+
+#include <array>
+#include <cstddef>
+
+// A log that keeps every token as a field, as the base does, and takes a line for valid from a number of tokens on.
+class PlainLog : public CZPTLogBase
+{
+public:
+    explicit PlainLog(std::size_t columns = 0, std::size_t tokensNeeded = 1, std::uint32_t type = LogTypeVirus,
+                      std::pmr::memory_resource* memory = std::pmr::new_delete_resource())
+        : CZPTLogBase(memory), m_nTokensNeeded(tokensNeeded)
+    {
+        static constexpr std::array<LogColumn, 6> allColumns = {
+            {{IDS_COLUMN_TIME, 100}, {IDS_COLUMN_RESULT, 150}, {IDS_COLUMN_THREAT, 125},
+             {IDS_EXPORT_TIME, 40}, {IDS_EXPORT_SOURCE, 50}, {IDS_EXPORT_TYPE, 60}}};
+        Setup({type, {}, std::span(allColumns).first(columns), {}, 0});
+    }
+
+    void MakeRecode(std::size_t index, std::wstring_view token, LogRec& record) override
+    {
+        const bool done = m_bRecordDone || index + 1 >= m_nTokensNeeded;
+        CZPTLogBase::MakeRecode(index, token, record);
+        m_bRecordDone = done;
+    }
+
+    using CZPTLogBase::m_arrColumn;
+    using CZPTLogBase::m_arrColumnWidth;
+    using CZPTLogBase::m_arrInfoLabel;
+    using CZPTLogBase::m_arrInfoVisible;
+    using CZPTLogBase::m_arrTitle;
+    using CZPTLogBase::m_bRecordDone;
+    using CZPTLogBase::m_nInfoTextLimit;
+    using CZPTLogBase::m_nLogType;
+    using CZPTLogBase::m_strExt;
+
+private:
+    std::size_t m_nTokensNeeded;
+};
