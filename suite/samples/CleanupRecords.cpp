@@ -1,0 +1,85 @@
+#include "suite/samples/Names.h"
+#include "suite/samples/RecordSource.h"
+
+namespace Samples
+{
+
+namespace
+{
+
+constexpr Card<std::wstring_view> CleanedThreats[] = {
+    {3, L"Trojan.Lanternfish.A"},
+    {2, L"Worm.Saltpan.B"},
+    {2, L"Adware.Bannerbird"},
+    {1, L"Hijacker.Startpage.Tumbleweed"},
+};
+
+// 0 failed, 1 done, 2 one that has no name.
+constexpr Card<int> CleanupResults[] = {{2, 0}, {7, 1}, {1, 2}};
+
+class CleanupRecords : public RecordSource
+{
+public:
+    explicit CleanupRecords(Random& random) : m_threats(CleanedThreats, random), m_results(CleanupResults, random) {}
+
+    void Fill(const Moment& moment, Line& line) override
+    {
+        line.Day(moment.date).Time(moment.secondOfDay).Text(m_threats.Draw()).Number(m_results.Draw());
+    }
+
+private:
+    Deck<std::wstring_view> m_threats;
+    Deck<int> m_results;
+};
+
+// A weakness with its risk, from 0 none to 4 critical; without a name nothing was found. The risk 7 has no name.
+struct Weakness
+{
+    std::wstring_view name;
+    int risk;
+    std::wstring_view solution;
+};
+
+constexpr Card<Weakness> Weaknesses[] = {
+    {2, {L"", 0, L""}},
+    {1, {L"ADV-0142: picture viewer", 4, L"Install Picture Viewer 3.2.1"}},
+    {2, {L"ADV-0155: print service", 3, L"https://www.example.org/advisories/0155"}},
+    {2, {L"ADV-0160: archive tool", 2, L"Install the update of this month"}},
+    {2, {L"ADV-0171: mail preview", 1, L""}},
+    {1, {L"ADV-0174: заметки", 0, L"Keine Maßnahme nötig"}},
+    {1, {L"ADV-0180: clock", 7, L""}},
+};
+
+// 0 to 2: a fix is there, is installed, is missing; 3 has no name.
+constexpr Card<int> FixStates[] = {{4, 0}, {3, 1}, {2, 2}, {1, 3}};
+
+class VulnerabilityRecords : public RecordSource
+{
+public:
+    explicit VulnerabilityRecords(Random& random) : m_weaknesses(Weaknesses, random), m_fixStates(FixStates, random) {}
+
+    void Fill(const Moment& moment, Line& line) override
+    {
+        const Weakness& weakness = m_weaknesses.Draw();
+        line.Day(moment.date).Time(moment.secondOfDay).Text(weakness.name).Number(weakness.risk);
+        line.Number(m_fixStates.Draw()).Text(weakness.solution);
+    }
+
+private:
+    Deck<Weakness> m_weaknesses;
+    Deck<int> m_fixStates;
+};
+
+} // namespace
+
+std::unique_ptr<RecordSource> MakeCleanupRecords(Random& random)
+{
+    return std::make_unique<CleanupRecords>(random);
+}
+
+std::unique_ptr<RecordSource> MakeVulnerabilityRecords(Random& random)
+{
+    return std::make_unique<VulnerabilityRecords>(random);
+}
+
+} // namespace Samples

@@ -1,0 +1,64 @@
+#include "suite/samples/CommandLine.h"
+#include "suite/samples/Failure.h"
+#include "suite/samples/Month.h"
+
+#include <windows.h>
+
+#include <cstdio>
+#include <exception>
+
+namespace
+{
+
+using namespace Samples;
+
+Date Today()
+{
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    return std::chrono::year_month_day(std::chrono::year(now.wYear), std::chrono::month(now.wMonth),
+                                       std::chrono::day(now.wDay));
+}
+
+void Run(const Options& options)
+{
+    if (options.help)
+    {
+        std::fputs(HelpText().c_str(), stdout);
+    }
+    else if (options.lines)
+    {
+        WriteLines(options.file, *options.kinds.front(), options.end, *options.lines, options.seed);
+    }
+    else
+    {
+        WriteMonth(options.folder, options.kinds, options.end, options.days, options.seed);
+    }
+}
+
+int Report(const char* text, ExitCode code)
+{
+    std::fprintf(stderr, "SampleLogs: %s\n", text);
+    return static_cast<int>(code);
+}
+
+} // namespace
+
+int wmain(int argc, wchar_t** argv)
+{
+    SetConsoleOutputCP(CP_UTF8);
+    try
+    {
+        const std::vector<std::wstring> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+        Run(ParseCommandLine(arguments, Today()));
+        return static_cast<int>(ExitCode::Done);
+    }
+    catch (const Failure& failure)
+    {
+        return Report(failure.what(), failure.Code());
+    }
+    catch (const std::exception& error)
+    {
+        return Report(error.what(), ExitCode::WorkFailed);
+    }
+}
