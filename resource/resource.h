@@ -57,11 +57,6 @@
 
 // Texts: the application and the form
 #define IDS_FORM_TITLE 80
-#define IDS_TAB_LOGS 319
-#define IDS_TAB_OFFSET 770
-#define IDS_TAB_WIDTH 771
-#define IDS_HEADING_FONT_STYLE 77
-#define IDS_HEADING_FONT_FACE 545
 
 // Texts: the viewer page
 #define IDS_HEADING_DATES 546
@@ -115,8 +110,6 @@
 #define IDS_VIRUS_TYPE_1 151
 #define IDS_VIRUS_TYPE_MAIL 152
 #define IDS_VIRUS_TYPE_WEB 153
-#define IDS_VIRUS_SUCCESSFUL 154
-#define IDS_VIRUS_UNSUCCESSFUL 155
 #define IDS_ACTION_NOT_REQUIRED 30
 #define IDS_ACTION_NONE 317
 #define IDS_ACTION_DELETED 800

@@ -14,6 +14,7 @@ namespace
 
 constexpr LANGID EnglishUnitedStates = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
 constexpr LANGID NoLanguage = 0;
+constexpr WORD ConfigurationId = 1;
 
 HMODULE OpenResources(const wchar_t* fileName) noexcept
 {
@@ -23,7 +24,7 @@ HMODULE OpenResources(const wchar_t* fileName) noexcept
 
 HRSRC FindConfiguration(HMODULE module) noexcept
 {
-    return ::FindResourceW(module, MAKEINTRESOURCEW(1), L"MUI");
+    return ::FindResourceW(module, MAKEINTRESOURCEW(ConfigurationId), L"MUI");
 }
 
 // Gives false for a file without resource configuration data, or with data that is none.

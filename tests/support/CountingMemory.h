@@ -10,11 +10,14 @@ class CountingMemory : public std::pmr::memory_resource
 {
 public:
     std::size_t BytesOut() const { return m_nBytes; }
+
     std::size_t BlocksOut() const { return m_nBlocks; }
+
     std::size_t MostBytesOut() const { return m_nMostBytes; }
 
     // Lets so many allocations succeed; all that follow throw std::bad_alloc.
     void FailAfter(std::size_t allocations) { m_nLeft = allocations; }
+
     void NeverFail() { m_nLeft = Unlimited; }
 
     // Whether an allocation was refused.

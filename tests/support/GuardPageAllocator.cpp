@@ -24,8 +24,8 @@ void* AllocateGuarded(std::size_t bytes, std::size_t alignment)
         throw std::bad_alloc();
     }
     const std::size_t pages = PagesFor((bytes == 0 ? 1 : bytes) + alignment - 1);
-    auto* const base = static_cast<std::uint8_t*>(
-        VirtualAlloc(nullptr, (pages + 1) * PageSize, MEM_RESERVE, PAGE_NOACCESS));
+    auto* const base =
+        static_cast<std::uint8_t*>(VirtualAlloc(nullptr, (pages + 1) * PageSize, MEM_RESERVE, PAGE_NOACCESS));
     if (base == nullptr || VirtualAlloc(base, pages * PageSize, MEM_COMMIT, PAGE_READWRITE) == nullptr)
     {
         throw std::bad_alloc();

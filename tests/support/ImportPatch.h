@@ -14,7 +14,9 @@ class ImportPatch
 {
 public:
     ImportPatch(Function& slot, Function replacement) : m_slot(slot), m_original(Exchange(replacement)) {}
+
     ~ImportPatch() { Exchange(m_original); }
+
     ImportPatch(const ImportPatch&) = delete;
     ImportPatch& operator=(const ImportPatch&) = delete;
 

@@ -14,9 +14,12 @@ public:
                       std::pmr::memory_resource* memory = std::pmr::new_delete_resource())
         : CZPTLogBase(memory), m_nTokensNeeded(tokensNeeded)
     {
-        static constexpr std::array<LogColumn, 6> allColumns = {
-            {{IDS_COLUMN_TIME, 100}, {IDS_COLUMN_RESULT, 150}, {IDS_COLUMN_THREAT, 125},
-             {IDS_EXPORT_TIME, 40}, {IDS_EXPORT_SOURCE, 50}, {IDS_EXPORT_TYPE, 60}}};
+        static constexpr std::array<LogColumn, 6> allColumns = {{{IDS_COLUMN_TIME, 100},
+                                                                 {IDS_COLUMN_RESULT, 150},
+                                                                 {IDS_COLUMN_THREAT, 125},
+                                                                 {IDS_EXPORT_TIME, 40},
+                                                                 {IDS_EXPORT_SOURCE, 50},
+                                                                 {IDS_EXPORT_TYPE, 60}}};
         Setup({type, {}, std::span(allColumns).first(columns), {}, 0});
     }
 

@@ -26,9 +26,7 @@ void Put(std::uint8_t* at, const Value& value)
 
 } // namespace
 
-ProviderAnswer::ProviderAnswer() : m_head(HeadSize, Unread)
-{
-}
+ProviderAnswer::ProviderAnswer() : m_head(HeadSize, Unread) {}
 
 void ProviderAnswer::Add(std::wstring_view line)
 {

@@ -46,8 +46,11 @@ public:
     };
 
     HRESULT Reserved() override { return E_NOTIMPL; }
+
     HRESULT Initialize(ULONG_PTR, ULONG_PTR) override { return E_NOTIMPL; }
+
     HRESULT Uninitialize(ULONG_PTR, ULONG_PTR) override { return E_NOTIMPL; }
+
     HRESULT QueryValue(std::uint32_t kind, std::uint32_t query, std::uint32_t logSubType, void** result,
                        std::uint32_t flags, const void* request) override;
 

@@ -14,6 +14,7 @@ public:
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
     const std::filesystem::path& Path() const { return m_path; }
+
     std::wstring File(std::wstring_view name) const { return (m_path / name).wstring(); }
 
 private:

@@ -196,7 +196,16 @@ void CKestrixDlg::OnSelchangeLogDate()
     const CWaitCursor wait;
     m_nSortColumn = -1;
     m_bSortToggle = false;
+    if (m_pLogData == nullptr)
+    {
+        return;
+    }
     VD_TRACE(Info, L"before CKestrixDlg::GetLogFileName() ");
+    if (m_bIsLocal) // no date comes from the database yet, so none is selected
+    {
+        m_pLogData->ClearLog();
+        return;
+    }
     if (m_strLogPath.empty() || m_strLogPath.size() >= PathRoom)
     {
         const DWORD status = m_strLogPath.empty() ? ERROR_SUCCESS : ERROR_INSUFFICIENT_BUFFER;
@@ -230,7 +239,7 @@ void CKestrixDlg::ShowFreshList()
 void CKestrixDlg::OnGetDispInfoLogList(NMLVDISPINFOW& info)
 {
     const auto* const record = reinterpret_cast<const LogRec*>(info.item.lParam);
-    if ((info.item.mask & LVIF_TEXT) == 0 || record == nullptr || m_DateList.GetCount() == 0 ||
+    if ((info.item.mask & LVIF_TEXT) == 0 || record == nullptr || m_pLogData == nullptr || m_DateList.GetCount() == 0 ||
         record->nImage > LastCellImage || info.item.cchTextMax <= 0)
     {
         return;
@@ -267,7 +276,7 @@ void CKestrixDlg::ShowSelectedRecord()
 {
     VD_TRACE(Flow, L"[Enter]CKestrixDlg::OnClickLogList()...");
     const int selected = m_RecordList.GetNextItem(-1, LVNI_SELECTED);
-    if (selected == -1)
+    if (selected == -1 || m_pLogData == nullptr)
     {
         return;
     }
@@ -292,6 +301,10 @@ void CKestrixDlg::OnColumnClickLogList(NMLISTVIEW& click)
     m_nListSortColumn = m_nSortColumn;
     m_nListSortUp = m_bSortToggle ? 0 : 1;
     m_RecordList.SortHeader().SetSortArrow(m_nListSortColumn, m_nListSortUp);
+    if (m_pLogData == nullptr)
+    {
+        return;
+    }
     m_RecordList.SortItems(m_bSortToggle ? m_pLogData->m_pfnCompareDn : m_pLogData->m_pfnCompareUp, m_nSortColumn);
 }
 

@@ -67,7 +67,6 @@ private:
     void CreateLog(const LogClass& logClass);
     void FillDate();
     void InsertDate(const COleDateTime& date, std::uint32_t size);
-    bool LoadSelectedDate();
     void ShowFreshList();
     void ShowSelectedRecord();
     void ShowShortInfo();
@@ -77,7 +76,7 @@ private:
     bool HasLongInfo() const;
 
     IDBManagerProvider* m_pIDBManagerProvider = nullptr; // not owned
-    std::unique_ptr<CZPTLogBase> m_pLogData;
+    std::unique_ptr<CZPTLogBase> m_pLogData;             // null for a type that has no class
     RECT m_rcInfoValue{}; // screen rectangle of the first value as the template places it
 
     CListBox m_DateList;

@@ -1,5 +1,7 @@
 #include "framework/ui/kestrix/logs/LogFileReader.h"
 
+#include "framework/ui/kestrix/logs/FindCharacter.h"
+
 #include <algorithm>
 #include <cstring>
 #include <new>
@@ -13,7 +15,7 @@ constexpr LONGLONG MarkSize = 2; // the byte order mark
 std::size_t FindLineFeed(const wchar_t* text, std::size_t length)
 {
     const wchar_t* const end = text + length;
-    const wchar_t* const found = std::find(text, end, L'\n');
+    const wchar_t* const found = FindCharacter(text, end, L'\n');
     return found == end ? 0 : static_cast<std::size_t>(found - text) + 1;
 }
 
@@ -60,7 +62,8 @@ bool LogFileReader::NextLine(std::wstring_view& line)
 {
     for (std::wstring_view piece = NextPiece(); !piece.empty(); piece = NextPiece())
     {
-        std::wstring_view text = piece.substr(0, piece.find(L'\0'));
+        const wchar_t* const begin = piece.data();
+        std::wstring_view text(begin, FindCharacter(begin, begin + piece.size(), L'\0'));
         if (text.empty())
         {
             continue;

@@ -128,8 +128,7 @@ void CZPTLogBase::ClearLog()
 
 void CZPTLogBase::FreeRecords()
 {
-    m_arrRecord.clear();
-    m_arrRecord.shrink_to_fit();
+    decltype(m_arrRecord)(m_arrRecord.get_allocator()).swap(m_arrRecord);
     m_Memory.release();
 }
 

@@ -2,6 +2,7 @@
 
 #include "common/OrlDbMg.h"
 #include "common/VdCommon/VdComn_DebugLog.h"
+#include "framework/ui/kestrix/logs/FindCharacter.h"
 #include "framework/ui/kestrix/logs/LogFileReader.h"
 #include "framework/ui/kestrix/logs/TextLineStream.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
@@ -203,18 +204,20 @@ std::size_t CZPTLogBase::Token(std::wstring_view line, std::vector<std::wstring_
         return 0;
     }
     const std::size_t before = tokens.size();
-    std::size_t start = 0;
-    for (std::size_t found = line.find(delimiter); found != line.npos; found = line.find(delimiter, start))
+    const wchar_t* const end = line.data() + line.size();
+    const wchar_t* start = line.data();
+    for (const wchar_t* found = FindCharacter(start, end, delimiter); found != end;
+         found = FindCharacter(start, end, delimiter))
     {
-        tokens.push_back(line.substr(start, found - start));
+        tokens.emplace_back(start, found);
         start = found + 1;
     }
-    std::wstring_view last = line.substr(start);
+    std::wstring_view last(start, end);
     if (line.ends_with(LineEnd))
     {
         // A line of a stream keeps as many characters as the whole line has without three: this cuts nothing unless
         // the last token begins within the first three characters.
-        last = kind == StreamLine ? line.substr(start, line.size() - std::min<std::size_t>(line.size(), 3))
+        last = kind == StreamLine ? last.substr(0, line.size() - std::min<std::size_t>(line.size(), 3))
                                   : last.substr(0, last.size() - std::min(last.size(), LineEnd.size()));
         VD_TRACE(Flow, L"*** CZPTLogBase::Token() - Removed return character. strTemp = [%s]", last);
     }

@@ -203,7 +203,7 @@ void CZPTLogVir::MakeRecode(std::size_t index, std::wstring_view token, LogRec& 
         return;
     case 2:
         m_nSource = s_nSource = ToNumber(token);
-        record.Append(SourceText(s_nSource));
+        record.AppendLasting(SourceText(s_nSource));
         return;
     default:
         return IsProxySource(s_nSource) ? MakeRecodeProxy(index, token, record) : MakeRecodeScan(index, token, record);
@@ -221,7 +221,7 @@ void CZPTLogVir::MakeRecodeProxy(std::size_t index, std::wstring_view token, Log
     case 5:
         m_nToken5 = ToNumber(token);
         Decode(s_strText2, token);
-        record.Append(TypeText(s_nSource, m_nToken5));
+        record.AppendLasting(TypeText(s_nSource, m_nToken5));
         return;
     case 6:
         Decode(s_strText3, token);
@@ -254,7 +254,7 @@ void CZPTLogVir::MakeRecodeScan(std::size_t index, std::wstring_view token, LogR
         return;
     case 5:
         m_nToken5 = ToNumber(token);
-        record.Append(TypeText(s_nSource, m_nToken5));
+        record.AppendLasting(TypeText(s_nSource, m_nToken5));
         return;
     case 6:
     case 7:
@@ -316,9 +316,9 @@ void CZPTLogVir::MakeRecodeEOL(LogRec& record)
         return std::wstring_view(LoadText(text == CleanText ? CleanTextOf(m_nSource, m_nToken5) : text));
     };
 
-    record.Append(apply(Actions1, m_nAction1, m_nResult1));
+    record.AppendLasting(apply(Actions1, m_nAction1, m_nResult1));
     const bool secondCounts = (m_nAction1 == 2 || m_nAction1 == 3) && m_nResult1 != ResultDone;
-    record.Append(secondCounts ? apply(Actions2, m_nAction2, m_nResult2) : std::wstring_view());
+    record.AppendLasting(secondCounts ? apply(Actions2, m_nAction2, m_nResult2) : std::wstring_view());
     if (!m_strDetail.empty())
     {
         record.Append(m_strDetail);

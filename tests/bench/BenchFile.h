@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+// A daily file of one million virus records in the system's temporary folder, removed with the object.
+class BenchFile
+{
+public:
+    static constexpr std::uint64_t Records = 1'000'000;
+
+    BenchFile();
+    ~BenchFile();
+    BenchFile(const BenchFile&) = delete;
+    BenchFile& operator=(const BenchFile&) = delete;
+
+    const std::wstring& Path() const { return m_path; }
+
+    std::uint64_t Size() const; // in bytes
+
+private:
+    std::wstring m_path;
+};

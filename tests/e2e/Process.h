@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/dialog/UniqueHandle.h"
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+// Looks again and again until the condition holds; false when it does not within the limit in milliseconds.
+bool WaitUntil(const std::function<bool()>& condition, ULONGLONG limit = 30'000);
+
+// The folder of the built program, in which tests run, with its final separator.
+std::wstring ProgramFolder();
+
+// A program that was started by a test, and ends with the object at the latest.
+class Process
+{
+public:
+    // arguments: what follows the program's name on the command line. Throws std::runtime_error when it cannot start.
+    explicit Process(const std::wstring& program, const std::wstring& arguments = {}, DWORD creationFlags = 0);
+    ~Process();
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
+
+    HANDLE Handle() const { return m_process.get(); }
+
+    DWORD Id() const { return m_nId; }
+
+    bool HasEnded(DWORD limit = 0) const { return WaitForSingleObject(Handle(), limit) == WAIT_OBJECT_0; }
+
+    // Waits for the end; STILL_ACTIVE when the program does not end within the limit in milliseconds.
+    DWORD ExitCode(DWORD limit = 30'000) const;
+
+    // The visible windows of the program that have no parent.
+    std::vector<HWND> Windows() const;
+
+    // Waits for a visible window with this title; null when there is none in time or the program has ended.
+    HWND Window(const std::wstring& title) const;
+
+private:
+    DWORD m_nId = 0;
+    UniqueKernelHandle m_process;
+};
+
+// What a program has written to the debugger output until it ended, and whether it ever had a visible window. The
+// limit is in milliseconds.
+struct DebuggerOutput
+{
+    explicit DebuggerOutput(const std::wstring& program, const std::wstring& arguments = {}, ULONGLONG limit = 60'000);
+
+    bool Has(const std::string& text) const;
+
+    std::vector<std::string> lines;
+    bool ended = false;
+    bool hadWindow = false;
+};

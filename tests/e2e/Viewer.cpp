@@ -1,0 +1,183 @@
+#include "tests/e2e/Viewer.h"
+
+#include "resource/resource.h"
+#include "tests/support/LanguageFile.h"
+
+#include <commctrl.h>
+
+#include <array>
+#include <stdexcept>
+
+namespace
+{
+
+constexpr UINT AnswerLimit = 20'000; // milliseconds that a window has to answer
+
+// The answer of a window of another process; throws std::runtime_error when none comes.
+LRESULT Ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
+{
+    DWORD_PTR answer = 0;
+    if (!SendMessageTimeoutW(window, message, wParam, lParam, SMTO_ABORTIFHUNG, AnswerLimit, &answer))
+    {
+        throw std::runtime_error("a window of the viewer does not answer");
+    }
+    return static_cast<LRESULT>(answer);
+}
+
+// A block in the memory of another process, for messages that carry a pointer.
+class RemoteBlock
+{
+public:
+    explicit RemoteBlock(HANDLE process) : m_process(process)
+    {
+        m_address = VirtualAllocEx(process, nullptr, Size, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE);
+        if (m_address == nullptr)
+        {
+            throw std::runtime_error("no memory in the viewer");
+        }
+    }
+
+    ~RemoteBlock() { VirtualFreeEx(m_process, m_address, 0, MEM_RELEASE); }
+
+    RemoteBlock(const RemoteBlock&) = delete;
+    RemoteBlock& operator=(const RemoteBlock&) = delete;
+
+    void* Address(std::size_t offset = 0) const { return static_cast<char*>(m_address) + offset; }
+
+    template <class Value>
+    void Write(const Value& value) const
+    {
+        WriteProcessMemory(m_process, m_address, &value, sizeof value, nullptr);
+    }
+
+    template <class Value>
+    Value Read(std::size_t offset = 0) const
+    {
+        Value value{};
+        ReadProcessMemory(m_process, Address(offset), &value, sizeof value, nullptr);
+        return value;
+    }
+
+private:
+    static constexpr std::size_t Size = 4096;
+
+    HANDLE m_process;
+    void* m_address;
+};
+
+void ClickAt(HWND window, const RECT& place)
+{
+    const LPARAM point = MAKELPARAM(place.left + 8, (place.top + place.bottom) / 2);
+    PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, point);
+    PostMessageW(window, WM_LBUTTONUP, 0, point);
+}
+
+} // namespace
+
+std::wstring FileCommandLine(int logCode, const std::wstring& path)
+{
+    return L"File%|" + std::to_wstring(logCode) + L"%|%|" + path + L"%|%|0";
+}
+
+Viewer::Viewer(const std::wstring& arguments, const std::wstring& program)
+    : m_process(program, arguments), m_form(m_process.Window(Text(IDS_FORM_TITLE)))
+{
+}
+
+HWND Viewer::Item(int control) const
+{
+    for (HWND child = GetWindow(m_form, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+    {
+        const HWND item = GetDlgCtrlID(child) == control ? child : GetDlgItem(child, control);
+        if (item != nullptr)
+        {
+            return item;
+        }
+    }
+    return nullptr;
+}
+
+std::wstring Viewer::TextOf(int control) const
+{
+    std::array<wchar_t, 1024> text{};
+    Ask(Item(control), WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    return text.data();
+}
+
+std::vector<std::wstring> Viewer::Dates() const
+{
+    const HWND list = Item(IDC_DATE_LIST);
+    std::vector<std::wstring> dates;
+    for (LRESULT i = 0; i < Ask(list, LB_GETCOUNT); ++i)
+    {
+        std::array<wchar_t, 256> text{};
+        Ask(list, LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(text.data()));
+        dates.emplace_back(text.data());
+    }
+    return dates;
+}
+
+HWND Viewer::List() const
+{
+    return Item(IDC_RECORD_LIST);
+}
+
+int Viewer::RowCount() const
+{
+    return static_cast<int>(Ask(List(), LVM_GETITEMCOUNT));
+}
+
+std::wstring Viewer::Cell(int row, int column) const
+{
+    using CellText = std::array<wchar_t, 512>;
+    const RemoteBlock block(m_process.Handle());
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.pszText = static_cast<wchar_t*>(block.Address(sizeof item));
+    item.cchTextMax = static_cast<int>(std::tuple_size_v<CellText>);
+    block.Write(item);
+    Ask(List(), LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(block.Address()));
+    return block.Read<CellText>(sizeof item).data();
+}
+
+std::vector<std::wstring> Viewer::Column(int column) const
+{
+    std::vector<std::wstring> cells;
+    for (int row = 0; row < RowCount(); ++row)
+    {
+        cells.push_back(Cell(row, column));
+    }
+    return cells;
+}
+
+void Viewer::ClickRow(int row) const
+{
+    const RemoteBlock block(m_process.Handle());
+    RECT place{};
+    place.left = LVIR_LABEL;
+    block.Write(place);
+    Ask(List(), LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(block.Address()));
+    ClickAt(List(), block.Read<RECT>());
+}
+
+void Viewer::ClickHeader(int column) const
+{
+    const HWND header = reinterpret_cast<HWND>(Ask(List(), LVM_GETHEADER));
+    const RemoteBlock block(m_process.Handle());
+    block.Write(RECT{});
+    Ask(header, HDM_GETITEMRECT, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(block.Address()));
+    RECT place = block.Read<RECT>();
+    place.left += 20; // clear of the line that sizes the column
+    ClickAt(header, place);
+}
+
+void Viewer::ChooseDate() const
+{
+    const HWND dates = Item(IDC_DATE_LIST);
+    Ask(GetParent(dates), WM_COMMAND, MAKEWPARAM(IDC_DATE_LIST, LBN_SELCHANGE), reinterpret_cast<LPARAM>(dates));
+}
+
+void Viewer::PressButton(int control) const
+{
+    PostMessageW(Item(control), BM_CLICK, 0, 0);
+}

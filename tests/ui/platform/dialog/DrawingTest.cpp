@@ -1,0 +1,226 @@
+#include "platform/dialog/DeviceContext.h"
+#include "platform/dialog/ImageList.h"
+
+#include "tests/ui/platform/dialog/TestResources.h"
+#include "tests/ui/platform/dialog/TestWindows.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+constexpr COLORREF Black = RGB(0, 0, 0);
+constexpr COLORREF White = RGB(255, 255, 255);
+constexpr COLORREF Red = RGB(255, 0, 0);
+
+// A picture in memory of 20 by 10 pixels, black.
+class Picture
+{
+public:
+    Picture()
+    {
+        const CClientDC screen(nullptr);
+        m_dc.reset(CreateCompatibleDC(screen));
+        m_bitmap.CreateCompatibleBitmap(screen, 20, 10);
+        m_old = SelectObject(m_dc.get(), m_bitmap);
+        PatBlt(m_dc.get(), 0, 0, 20, 10, BLACKNESS);
+    }
+
+    ~Picture() { SelectObject(m_dc.get(), m_old); }
+
+    HDC Get() const { return m_dc.get(); }
+
+    COLORREF At(int x, int y) const { return GetPixel(m_dc.get(), x, y); }
+
+private:
+    UniqueMemoryDC m_dc;
+    CBitmap m_bitmap;
+    HGDIOBJ m_old = nullptr;
+};
+
+void Fill(HDC dc, const RECT& rect, COLORREF color)
+{
+    CBrush brush;
+    brush.CreateSolidBrush(color);
+    FillRect(dc, &rect, brush);
+}
+
+TEST(DrawingTest, ASelectionEndsWithItsScope)
+{
+    const Picture picture;
+    const HGDIOBJ before = GetCurrentObject(picture.Get(), OBJ_PEN);
+    CPen pen;
+    ASSERT_TRUE(pen.CreatePen(PS_SOLID, 1, Red));
+    {
+        const CSelectObject outer(picture.Get(), pen);
+        EXPECT_EQ(pen.GetSafeHandle(), GetCurrentObject(picture.Get(), OBJ_PEN));
+        const CSelectObject nothing(picture.Get(), nullptr);
+        EXPECT_EQ(pen.GetSafeHandle(), GetCurrentObject(picture.Get(), OBJ_PEN));
+    }
+    EXPECT_EQ(before, GetCurrentObject(picture.Get(), OBJ_PEN));
+}
+
+TEST(DrawingTest, ASavedContextIsAsBefore)
+{
+    const Picture picture;
+    SetTextColor(picture.Get(), Red);
+    {
+        const CSaveDC saved(picture.Get());
+        SetTextColor(picture.Get(), White);
+        SetBkMode(picture.Get(), TRANSPARENT);
+    }
+    EXPECT_EQ(Red, GetTextColor(picture.Get()));
+    EXPECT_EQ(OPAQUE, GetBkMode(picture.Get()));
+}
+
+TEST(DrawingTest, MemoryReachesTheTargetAtTheEndAndInItsCoordinates)
+{
+    const Picture picture;
+    {
+        const CMemDC memory(picture.Get(), {5, 2, 15, 8});
+        Fill(memory, {5, 2, 15, 8}, White);
+        Fill(memory, {7, 3, 9, 5}, Red);
+        EXPECT_EQ(Black, picture.At(6, 2)); // not yet
+    }
+    EXPECT_EQ(White, picture.At(5, 2));
+    EXPECT_EQ(Red, picture.At(7, 3));
+    EXPECT_EQ(White, picture.At(14, 7));
+    EXPECT_EQ(Black, picture.At(15, 7));
+    EXPECT_EQ(Black, picture.At(4, 2));
+}
+
+TEST(DrawingTest, MemoryMayBeCopiedInPart)
+{
+    const Picture picture;
+    {
+        CMemDC memory(picture.Get(), {0, 0, 20, 10});
+        Fill(memory, {0, 0, 20, 10}, White);
+        memory.LimitTo({0, 0, 8, 10});
+    }
+    EXPECT_EQ(White, picture.At(7, 9));
+    EXPECT_EQ(Black, picture.At(8, 9));
+}
+
+TEST(DrawingTest, AnEmptyAreaIsDrawnToTheTargetItself)
+{
+    const Picture picture;
+    const CMemDC memory(picture.Get(), {});
+    EXPECT_EQ(picture.Get(), memory.GetSafeHdc());
+}
+
+TEST(DrawingTest, PaintingValidatesTheWindowAndGivesTheAreaToPaint)
+{
+    PlainWindow window;
+    ShowWindow(window.Get(), SW_SHOWNA);
+    UpdateWindow(window.Get());
+    const RECT part{3, 4, 30, 20};
+    InvalidateRect(window.Get(), &part, FALSE);
+    {
+        const CPaintDC paint(window.Get());
+        EXPECT_NE(nullptr, paint.GetSafeHdc());
+        EXPECT_EQ(3, paint.GetPaintRect().left);
+        EXPECT_EQ(20, paint.GetPaintRect().bottom);
+    }
+    EXPECT_FALSE(GetUpdateRect(window.Get(), nullptr, FALSE));
+}
+
+TEST(DrawingTest, AWindowContextCoversTheFrame)
+{
+    PlainWindow window;
+    const CWindowDC whole(window.Get());
+    EXPECT_EQ(window.Get(), WindowFromDC(whole));
+}
+
+TEST(DrawingTest, AnObjectIsDeletedByItsSuccessorAndWithItsOwner)
+{
+    const long before = LiveHandles::Of(HandleKind::Brush);
+    {
+        CBrush brush;
+        EXPECT_EQ(nullptr, brush.GetSafeHandle());
+        brush.CreateSolidBrush(Red);
+        const HBRUSH first = brush;
+        brush.CreateSolidBrush(White);
+        EXPECT_EQ(0u, GetObjectType(first));
+        EXPECT_EQ(before + 1, LiveHandles::Of(HandleKind::Brush));
+    }
+    EXPECT_EQ(before, LiveHandles::Of(HandleKind::Brush));
+}
+
+TEST(DrawingTest, AStockObjectOutlivesItsOwner)
+{
+    const auto hollow = static_cast<HBRUSH>(GetStockObject(HOLLOW_BRUSH));
+    {
+        CBrush brush;
+        EXPECT_TRUE(brush.Attach(hollow));
+    }
+    EXPECT_EQ(static_cast<DWORD>(OBJ_BRUSH), GetObjectType(hollow));
+}
+
+TEST(DrawingTest, AFontKeepsItsDescription)
+{
+    LOGFONTW font{};
+    font.lfHeight = -13;
+    font.lfWeight = FW_BOLD;
+    CFont bold;
+    ASSERT_TRUE(bold.CreateFontIndirect(font));
+    LOGFONTW read{};
+    ASSERT_TRUE(bold.GetLogFont(read));
+    EXPECT_EQ(-13, read.lfHeight);
+    EXPECT_EQ(FW_BOLD, read.lfWeight);
+    EXPECT_FALSE(CFont().GetLogFont(read));
+}
+
+TEST(DrawingTest, ABitmapIsLoadedInThreeWays)
+{
+    CBitmap bitmap;
+    EXPECT_EQ(0, bitmap.GetSize().cx);
+    ASSERT_TRUE(bitmap.LoadBitmap(IDB_TEST_STRIP));
+    EXPECT_EQ(4, bitmap.GetSize().cx);
+    EXPECT_EQ(2, bitmap.GetSize().cy);
+
+    ASSERT_TRUE(bitmap.LoadDibSection(IDB_TEST_STRIP));
+    DIBSECTION section{};
+    EXPECT_EQ(static_cast<int>(sizeof section), GetObjectW(bitmap, sizeof section, &section));
+    EXPECT_EQ(24, section.dsBm.bmBitsPixel);
+
+    EXPECT_FALSE(bitmap.LoadBitmap(9999));
+    EXPECT_EQ(nullptr, bitmap.GetSafeHandle()); // the one before is gone
+}
+
+TEST(DrawingTest, AColourOfTheTableIsReplacedWhenTheBitmapIsMapped)
+{
+    CBitmap bitmap;
+    ASSERT_TRUE(bitmap.LoadMappedBitmap(IDB_TEST_COLOR_TABLE, {Black, Red}));
+    const Picture picture;
+    const CSelectObject selected(picture.Get(), bitmap);
+    EXPECT_EQ(Red, picture.At(0, 0));
+    EXPECT_EQ(White, picture.At(1, 0));
+}
+
+TEST(DrawingTest, AnImageListHoldsTheImagesOfAStrip)
+{
+    const long before = LiveHandles::Of(HandleKind::ImageList);
+    {
+        CImageList images;
+        CBitmap strip;
+        ASSERT_TRUE(strip.LoadBitmap(IDB_TEST_STRIP));
+        EXPECT_EQ(-1, images.Add(strip, White)); // no list yet
+        EXPECT_EQ(0, images.GetImageCount());
+        ASSERT_TRUE(images.Create(2, 2, ILC_COLOR24 | ILC_MASK, 0, 2));
+        EXPECT_EQ(0, images.Add(strip, White));
+        EXPECT_EQ(2, images.GetImageCount());
+        EXPECT_EQ(-1, images.Add(nullptr, White));
+
+        const Picture picture;
+        Fill(picture.Get(), {0, 0, 20, 10}, Red);
+        EXPECT_TRUE(images.Draw(picture.Get(), 1, {4, 5}));
+        EXPECT_EQ(Black, picture.At(4, 5));
+        EXPECT_EQ(Red, picture.At(5, 5)); // the mask's colour is not drawn
+        EXPECT_FALSE(images.Draw(picture.Get(), 7, {0, 0}));
+        images.DeleteImageList();
+        EXPECT_EQ(nullptr, images.GetSafeHandle());
+    }
+    EXPECT_EQ(before, LiveHandles::Of(HandleKind::ImageList));
+}
+
+} // namespace

@@ -1,0 +1,188 @@
+#include "platform/dialog/WindowSubclass.h"
+
+#include "tests/ui/platform/dialog/TestWindows.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+
+namespace
+{
+
+constexpr UINT Probe = WM_USER + 1;
+
+// Counts what comes, and does what a test wants inside a message.
+struct Listener
+{
+    WindowSubclass subclass;
+    std::function<void(UINT)> during;
+    int count = 0;
+
+    bool Install(HWND window) { return subclass.Install(window, &Handle, this); }
+
+    static LRESULT Handle(void* owner, HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+    {
+        auto& self = *static_cast<Listener*>(owner);
+        self.count += message == Probe;
+        if (const auto action = self.during)
+        {
+            action(message);
+        }
+        return WindowSubclass::CallOriginal(window, message, wParam, lParam);
+    }
+};
+
+TEST(WindowSubclassTest, StandsBeforeTheWindowWhileTheObjectLives)
+{
+    PlainWindow window;
+    {
+        Listener listener;
+        ASSERT_TRUE(listener.Install(window.Get()));
+        EXPECT_EQ(&listener, WindowSubclass::OwnerAt(window.Get()));
+        SendMessageW(window.Get(), Probe, 0, 0);
+        EXPECT_EQ(1, listener.count);
+    }
+    EXPECT_EQ(nullptr, WindowSubclass::OwnerAt(window.Get()));
+    SendMessageW(window.Get(), Probe, 0, 0);
+    EXPECT_EQ(2, window.CountOf(Probe));
+}
+
+TEST(WindowSubclassTest, EndsWithTheWindow)
+{
+    PlainWindow window;
+    Listener listener;
+    ASSERT_TRUE(listener.Install(window.Get()));
+    window.Destroy();
+    EXPECT_FALSE(listener.subclass.IsInstalled());
+    PlainWindow next;
+    EXPECT_TRUE(listener.Install(next.Get()));
+}
+
+TEST(WindowSubclassTest, TheObjectMayGoInsideItsOwnMessage)
+{
+    PlainWindow window;
+    auto listener = std::make_unique<Listener>();
+    listener->during = [&listener](UINT message)
+    {
+        if (message == Probe)
+        {
+            listener.reset();
+        }
+    };
+    ASSERT_TRUE(listener->Install(window.Get()));
+    SendMessageW(window.Get(), Probe, 0, 0);
+    EXPECT_EQ(nullptr, listener);
+    EXPECT_EQ(1, window.CountOf(Probe));
+    SendMessageW(window.Get(), Probe, 0, 0);
+    EXPECT_EQ(2, window.CountOf(Probe));
+}
+
+TEST(WindowSubclassTest, TheObjectMayGoInTheLastMessage)
+{
+    PlainWindow window;
+    auto listener = std::make_unique<Listener>();
+    listener->during = [&listener](UINT message)
+    {
+        if (message == WM_NCDESTROY)
+        {
+            listener.reset();
+        }
+    };
+    ASSERT_TRUE(listener->Install(window.Get()));
+    window.Destroy();
+    EXPECT_EQ(nullptr, listener);
+    EXPECT_EQ(1, window.CountOf(WM_NCDESTROY));
+}
+
+TEST(WindowSubclassTest, TheWindowMayGoInsideAMessage)
+{
+    PlainWindow window;
+    Listener listener;
+    listener.during = [&window](UINT message)
+    {
+        if (message == Probe)
+        {
+            window.Destroy();
+        }
+    };
+    ASSERT_TRUE(listener.Install(window.Get()));
+    SendMessageW(window.Get(), Probe, 0, 0);
+    EXPECT_FALSE(listener.subclass.IsInstalled());
+}
+
+TEST(WindowSubclassTest, ASecondInstallIsRefused)
+{
+    PlainWindow window;
+    PlainWindow other;
+    Listener first;
+    Listener second;
+    ASSERT_TRUE(first.Install(window.Get()));
+    EXPECT_FALSE(first.Install(other.Get()));   // the object is in use
+    EXPECT_FALSE(second.Install(window.Get())); // the window has a subclass
+    EXPECT_EQ(&first, WindowSubclass::OwnerAt(window.Get()));
+}
+
+TEST(WindowSubclassTest, WhatIsNoWindowIsRefused)
+{
+    Listener listener;
+    EXPECT_FALSE(listener.Install(nullptr));
+    EXPECT_FALSE(listener.Install(reinterpret_cast<HWND>(0x7ffffff0)));
+    EXPECT_FALSE(listener.subclass.IsInstalled());
+}
+
+LRESULT CALLBACK Stranger(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR)
+{
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+TEST(WindowSubclassTest, GoesFromBelowAnotherProcedureAndMayComeBackThere)
+{
+    PlainWindow window;
+    Listener later;
+    {
+        Listener first;
+        ASSERT_TRUE(first.Install(window.Get()));
+        ASSERT_TRUE(SetWindowSubclass(window.Get(), &Stranger, 1, 0));
+    }
+    SendMessageW(window.Get(), Probe, 0, 0);
+    EXPECT_EQ(1, window.CountOf(Probe)); // passed on
+
+    ASSERT_TRUE(later.Install(window.Get()));
+    SendMessageW(window.Get(), Probe, 0, 0);
+    EXPECT_EQ(1, later.count);
+    EXPECT_EQ(2, window.CountOf(Probe));
+
+    window.Destroy();
+    EXPECT_FALSE(later.subclass.IsInstalled());
+}
+
+TEST(WindowSubclassTest, TheOriginalIsReachedAfterTheObjectWentInsideItsMessage)
+{
+    PlainWindow window;
+    window.m_answer = 42;
+    Listener listener;
+    listener.during = [&listener](UINT message)
+    {
+        if (message == Probe)
+        {
+            listener.subclass.Remove();
+        }
+    };
+    ASSERT_TRUE(listener.Install(window.Get()));
+    EXPECT_EQ(42, SendMessageW(window.Get(), Probe, 0, 0));
+    EXPECT_EQ(42, SendMessageW(window.Get(), Probe, 0, 0));
+    EXPECT_EQ(1, listener.count);
+}
+
+TEST(WindowSubclassTest, RemovingKeepsTheLastError)
+{
+    PlainWindow window;
+    Listener listener;
+    ASSERT_TRUE(listener.Install(window.Get()));
+    SetLastError(ERROR_FILE_NOT_FOUND);
+    listener.subclass.Remove();
+    EXPECT_EQ(static_cast<DWORD>(ERROR_FILE_NOT_FOUND), GetLastError());
+}
+
+} // namespace

@@ -1,0 +1,76 @@
+#include "framework/ui/kestrix/app/DailyFiles.h"
+
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+std::wstring DayText(const DailyFile& file)
+{
+    SYSTEMTIME day{};
+    file.date.GetAsSystemTime(day);
+    return std::to_wstring(day.wYear) + L"-" + std::to_wstring(day.wMonth) + L"-" + std::to_wstring(day.wDay);
+}
+
+TEST(DailyFiles, TheNameOfAFileTellsItsDay)
+{
+    const TemporaryFolder folder;
+    WriteBytes(folder.File(L"20261120.VLG"), "12345");
+    const auto files = FindDailyFiles(folder.File(L"20261120.VLG"));
+    ASSERT_EQ(files.size(), 1U);
+    EXPECT_EQ(DayText(files[0]), L"2026-11-20");
+    EXPECT_EQ(files[0].size, 5U);
+    EXPECT_FALSE(HasForeignLogFile(folder.File(L"20261120.VLG")));
+}
+
+TEST(DailyFiles, ADayThatDoesNotExistIsNoDailyFileButAForeignOne)
+{
+    const TemporaryFolder folder;
+    WriteBytes(folder.File(L"20260230.VLG"), "x");
+    EXPECT_TRUE(FindDailyFiles(folder.File(L"20260230.VLG")).empty());
+    EXPECT_TRUE(HasForeignLogFile(folder.File(L"20260230.VLG")));
+}
+
+TEST(DailyFiles, APathThatMatchesNothingHasNeither)
+{
+    const TemporaryFolder folder;
+    EXPECT_TRUE(FindDailyFiles(folder.File(L"20261120.VLG")).empty());
+    EXPECT_FALSE(HasForeignLogFile(folder.File(L"20261120.VLG")));
+    EXPECT_TRUE(FindDailyFiles(L"").empty());
+    EXPECT_FALSE(HasForeignLogFile(L""));
+}
+
+TEST(DailyFiles, ANameOfElevenCharactersIsForeign)
+{
+    const TemporaryFolder folder;
+    WriteBytes(folder.File(L"2026011.VLG"), "x");
+    EXPECT_TRUE(FindDailyFiles(folder.File(L"*.VLG")).empty());
+    EXPECT_TRUE(HasForeignLogFile(folder.File(L"*.VLG")));
+}
+
+TEST(DailyFiles, ADirectoryIsPassedOverButItsNameIsLookedAt)
+{
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder.File(L"20261120.VLG"));
+    EXPECT_TRUE(FindDailyFiles(folder.File(L"*.VLG")).empty());
+    EXPECT_FALSE(HasForeignLogFile(folder.File(L"*.VLG")));
+    std::filesystem::create_directory(folder.File(L"old"));
+    EXPECT_TRUE(HasForeignLogFile(folder.File(L"*")));
+}
+
+TEST(DailyFiles, APatternFindsAllItsDays)
+{
+    const TemporaryFolder folder;
+    WriteBytes(folder.File(L"20261119.VLG"), "x");
+    WriteBytes(folder.File(L"20261120.VLG"), "xy");
+    WriteBytes(folder.File(L"20261121.UPG"), "xyz");
+    WriteBytes(folder.File(L"readme.txt"), "x");
+    EXPECT_EQ(FindDailyFiles(folder.File(L"*.VLG")).size(), 2U);
+    EXPECT_EQ(FindDailyFiles(folder.File(L"*")).size(), 3U);
+    EXPECT_FALSE(HasForeignLogFile(folder.File(L"*.VLG")));
+    EXPECT_TRUE(HasForeignLogFile(folder.File(L"*")));
+}
+
+} // namespace

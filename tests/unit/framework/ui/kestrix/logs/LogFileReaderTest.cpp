@@ -1,0 +1,344 @@
+#include "framework/ui/kestrix/logs/LogFileReader.h"
+
+#include "suite/samples/Random.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <cwchar>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+using Lines = std::vector<std::wstring>;
+
+constexpr std::size_t BlockSize = 256 * 1024;
+
+std::wstring Lines3(const wchar_t* first, const wchar_t* second, const wchar_t* third)
+{
+    return std::wstring(first) + L"\r\n" + second + L"\r\n" + third + L"\r\n";
+}
+
+Lines ReadLines(const std::wstring& path, std::uint32_t limit = 0)
+{
+    LogFileReader reader;
+    Lines lines;
+    std::wstring_view line;
+    EXPECT_TRUE(reader.Open(path, limit));
+    while (reader.NextLine(line))
+    {
+        lines.emplace_back(line);
+    }
+    return lines;
+}
+
+// What fgetws gives of a binary stream into a buffer of so many characters: the text up to and with a line feed, or
+// what fits or is left, and a terminator; false at the end.
+bool GetText(wchar_t* buffer, std::size_t capacity, const std::string& bytes, std::size_t& position)
+{
+    std::size_t length = 0;
+    while (length + 1 < capacity && position + sizeof(wchar_t) <= bytes.size())
+    {
+        std::memcpy(&buffer[length], bytes.data() + position, sizeof(wchar_t));
+        position += sizeof(wchar_t);
+        if (buffer[length++] == L'\n')
+        {
+            break;
+        }
+    }
+    buffer[length] = L'\0';
+    return length != 0;
+}
+
+// The rules of the file, step by step with the string functions of C and a buffer of one line.
+Lines ReferenceLines(const std::string& bytes)
+{
+    Lines lines;
+    wchar_t buffer[2048]{};
+    bool lineStartOk = true;
+    std::size_t position = 2;
+    while (GetText(buffer, 2047, bytes, position))
+    {
+        const std::size_t length = std::wcslen(buffer);
+        if (length == 0)
+        {
+            continue;
+        }
+        if (buffer[length - 1] != L'\n')
+        {
+            lineStartOk = false;
+            continue;
+        }
+        if (!lineStartOk)
+        {
+            lineStartOk = true;
+            continue;
+        }
+        if (wchar_t* const end = std::wcsrchr(buffer, L'\r'))
+        {
+            *end = L'\0';
+        }
+        if (buffer[0] != L'\0')
+        {
+            lines.emplace_back(buffer);
+        }
+        std::memset(buffer, 0, sizeof buffer);
+    }
+    return lines;
+}
+
+// The lengths at which something changes: around the buffer of one line, its double, and short ones.
+std::size_t RandomLength(Samples::Random& random)
+{
+    switch (random.Below(8))
+    {
+    case 0:
+        return 2040 + random.Below(12);
+    case 1:
+        return 4086 + random.Below(14);
+    case 2:
+        return random.Below(3);
+    case 3:
+        return random.Below(7000);
+    default:
+        return random.Below(120);
+    }
+}
+
+wchar_t RandomCharacter(Samples::Random& random)
+{
+    static constexpr wchar_t special[] = {L'\0',  L'\r',  L'\n',  0x1A,   L'|',   0xD800,
+                                          0xDC00, 0xDBFF, 0xFFFF, 0xFFFE, 0xFEFF, 0x0A0D};
+    return random.Chance(2) ? special[random.Below(std::size(special))] : static_cast<wchar_t>(L'a' + random.Below(26));
+}
+
+std::wstring RandomLineEnd(Samples::Random& random)
+{
+    static constexpr std::wstring_view ends[] = {L"\n", L"\r", L"\r\r\n", L"\n\r", L"\r\nx\r\n"};
+    return std::wstring(random.Chance(80) ? L"\r\n" : ends[random.Below(std::size(ends))]);
+}
+
+std::string RandomFile(Samples::Random& random)
+{
+    std::wstring text;
+    for (std::uint32_t left = random.Below(12); left > 0; --left)
+    {
+        const bool plain = random.Chance(40);
+        for (std::size_t length = RandomLength(random); length > 0; --length)
+        {
+            text += plain ? L'p' : RandomCharacter(random);
+        }
+        text += left == 1 && random.Chance(30) ? L"" : RandomLineEnd(random);
+    }
+    std::string bytes = "\xFF\xFE" + Utf16Bytes(text);
+    if (random.Chance(20))
+    {
+        bytes += 'o';
+    }
+    bytes.resize(bytes.size() - (random.Chance(10) ? random.Below(2) : 0));
+    return bytes;
+}
+
+class LogFileReaderTest : public ::testing::Test
+{
+protected:
+    Lines ReadText(std::wstring_view text)
+    {
+        WriteUtf16(m_path, text);
+        return ReadLines(m_path);
+    }
+
+    void ExpectAsReference(const std::string& bytes, const std::string& story)
+    {
+        WriteBytes(m_path, bytes);
+        const Lines expected = ReferenceLines(bytes);
+        const Lines lines = ReadLines(m_path);
+        ASSERT_EQ(lines.size(), expected.size()) << story;
+        for (std::size_t i = 0; i < lines.size(); ++i)
+        {
+            ASSERT_TRUE(lines[i] == expected[i]) << story << ", line " << i;
+        }
+    }
+
+    TemporaryFolder m_folder;
+    const std::wstring m_path = m_folder.File(L"20260101.VLG");
+};
+
+} // namespace
+
+TEST_F(LogFileReaderTest, GivesTheLinesWithoutTheirEnds)
+{
+    EXPECT_EQ(ReadText(Lines3(L"one", L"two", L"three")), (Lines{L"one", L"two", L"three"}));
+}
+
+TEST_F(LogFileReaderTest, SkipsTheFirstTwoBytesWhateverTheyAre)
+{
+    WriteBytes(m_path, "\xFE\xFF" + Utf16Bytes(L"a\r\n"));
+    EXPECT_EQ(ReadLines(m_path), (Lines{L"a"}));
+    WriteBytes(m_path, Utf16Bytes(L"xab\r\n"));
+    EXPECT_EQ(ReadLines(m_path), (Lines{L"ab"}));
+}
+
+TEST_F(LogFileReaderTest, ALineOf2046CharactersWithItsEndIsGivenAndOneMoreIsNot)
+{
+    const std::wstring longest(2044, L'x');
+    EXPECT_EQ(ReadText(L"a\r\n" + longest + L"\r\nb\r\n"), (Lines{L"a", longest, L"b"}));
+    EXPECT_EQ(ReadText(L"a\r\n" + longest + L"y\r\nb\r\n"), (Lines{L"a", L"b"}));
+}
+
+// The pieces of this line end exactly with the line: the line feed alone is the last piece.
+TEST_F(LogFileReaderTest, ALineWhoseLineFeedStandsAloneInItsPieceIsPassedOverWhole)
+{
+    EXPECT_EQ(ReadText(std::wstring(2046, L'x') + L"\nb\r\n"), (Lines{L"b"}));
+    EXPECT_EQ(ReadText(std::wstring(2045, L'x') + L"\r\nb\r\n"), (Lines{L"b"}));
+}
+
+TEST_F(LogFileReaderTest, TheLastLineWithoutALineFeedIsPassedOver)
+{
+    EXPECT_EQ(ReadText(L"a\r\nb"), (Lines{L"a"}));
+    EXPECT_EQ(ReadText(L"a\r\nb\r"), (Lines{L"a"}));
+}
+
+TEST_F(LogFileReaderTest, WithoutACarriageReturnTheLineFeedStaysInTheLine)
+{
+    EXPECT_EQ(ReadText(L"a\nb\r\n"), (Lines{L"a\n", L"b"}));
+    EXPECT_EQ(ReadText(L"\n"), (Lines{L"\n"}));
+}
+
+TEST_F(LogFileReaderTest, TheLineEndsAtItsLastCarriageReturn)
+{
+    EXPECT_EQ(ReadText(L"a\rb\rcd\n"), (Lines{L"a\rb"}));
+    EXPECT_EQ(ReadText(L"a\r\r\n"), (Lines{L"a\r"}));
+}
+
+TEST_F(LogFileReaderTest, EmptyLinesAreSkipped)
+{
+    EXPECT_EQ(ReadText(L"\r\n\r\na\r\n\r\n"), (Lines{L"a"}));
+    EXPECT_EQ(ReadText(L"\rxyz\na\r\n"), (Lines{L"a"}));
+}
+
+TEST_F(LogFileReaderTest, ANulInALineBreaksItAndTakesTheNextLineWithIt)
+{
+    EXPECT_EQ(ReadText(std::wstring_view(L"a\r\nb\0c\r\nd\r\ne\r\n", 14)), (Lines{L"a", L"e"}));
+}
+
+TEST_F(LogFileReaderTest, ALineThatBeginsWithANulIsNothing)
+{
+    EXPECT_EQ(ReadText(std::wstring_view(L"a\r\n\0c\r\nd\r\n", 10)), (Lines{L"a", L"d"}));
+}
+
+TEST_F(LogFileReaderTest, AControlZDoesNotEndTheFile)
+{
+    EXPECT_EQ(ReadText(L"a\x1A z\r\nb\r\n"), (Lines{L"a\x1A z", L"b"}));
+}
+
+TEST_F(LogFileReaderTest, CharactersThatAreNoneAreKept)
+{
+    const std::wstring odd = {0xDC00, 0xD800, 0xFFFF, 0xFFFE, L'a'};
+    EXPECT_EQ(ReadText(odd + L"\r\nb\r\n"), (Lines{odd, L"b"}));
+}
+
+TEST_F(LogFileReaderTest, HalfACharacterAtTheEndIsLeftOut)
+{
+    WriteBytes(m_path, "\xFF\xFE" + Utf16Bytes(L"a\r\n") + "b");
+    EXPECT_EQ(ReadLines(m_path), (Lines{L"a"}));
+    WriteBytes(m_path, "\xFF\xFE" + Utf16Bytes(L"a\r\nb\r") + "\n");
+    EXPECT_EQ(ReadLines(m_path), (Lines{L"a"}));
+}
+
+TEST_F(LogFileReaderTest, AFileOfNoBytesOneOrTwoHasNoLinesAndOpens)
+{
+    for (const std::string_view bytes : {"", "\xFF", "\xFF\xFE"})
+    {
+        WriteBytes(m_path, bytes);
+        EXPECT_EQ(ReadLines(m_path), Lines{}) << bytes.size();
+    }
+}
+
+TEST_F(LogFileReaderTest, WhatIsNoFileDoesNotOpen)
+{
+    LogFileReader reader;
+    EXPECT_FALSE(reader.Open(m_path));
+    EXPECT_FALSE(reader.Open(m_folder.Path().wstring()));
+    EXPECT_FALSE(reader.Open(L""));
+}
+
+TEST_F(LogFileReaderTest, ALimitStartsSoManyBytesBeforeTheEndBehindOneDiscardedLine)
+{
+    WriteUtf16(m_path, Lines3(L"one", L"two", L"three"));
+    // "\r\nthree\r\n" has 18 bytes: the rest of the second line's end is what is discarded.
+    EXPECT_EQ(ReadLines(m_path, 18), (Lines{L"three"}));
+    EXPECT_EQ(ReadLines(m_path, 19), (Lines{L"three"})) << "an odd limit counts as the even one below";
+    EXPECT_EQ(ReadLines(m_path, 22), (Lines{L"three"})) << "part of the second line";
+    EXPECT_EQ(ReadLines(m_path, 100000), (Lines{L"two", L"three"})) << "a limit beyond the file";
+}
+
+TEST_F(LogFileReaderTest, AnObjectReadsAnotherFileAfterTheFirst)
+{
+    const std::wstring other = m_folder.File(L"other");
+    WriteUtf16(m_path, L"a\r\nbroken");
+    WriteUtf16(other, L"b\r\n");
+    LogFileReader reader;
+    std::wstring_view line;
+    ASSERT_TRUE(reader.Open(m_path));
+    while (reader.NextLine(line))
+    {
+    }
+    ASSERT_TRUE(reader.Open(other));
+    ASSERT_TRUE(reader.NextLine(line));
+    EXPECT_EQ(line, L"b");
+}
+
+TEST_F(LogFileReaderTest, ThousandsOfGeneratedFilesReadAsByTheStringFunctionsOfC)
+{
+    Samples::Random random(20260101);
+    for (int file = 0; file < 2000; ++file)
+    {
+        ASSERT_NO_FATAL_FAILURE(ExpectAsReference(RandomFile(random), "file " + std::to_string(file)));
+    }
+}
+
+// A line of 41 characters meets the end of a block with each of its characters, the line end's two among them.
+TEST_F(LogFileReaderTest, ABlockMayEndAtEveryCharacterOfAShortLine)
+{
+    for (std::size_t shift = 0; shift <= 41; ++shift)
+    {
+        std::wstring text(shift, L's');
+        text += L"\r\n";
+        for (int line = 0; text.size() * sizeof(wchar_t) < 3 * BlockSize; ++line)
+        {
+            std::wstring number = std::to_wstring(line);
+            text += std::wstring(39 - number.size(), L'.') + number + L"\r\n";
+        }
+        ASSERT_NO_FATAL_FAILURE(ExpectAsReference("\xFF\xFE" + Utf16Bytes(text), "shift " + std::to_string(shift)));
+    }
+}
+
+// The same with lines as long as they may be and one longer, in turn: the end of a block falls on each character near
+// the ends of both.
+TEST_F(LogFileReaderTest, ABlockMayEndAnywhereInALongLine)
+{
+    for (std::size_t shift = 0; shift <= 2050; shift += shift % 2048 < 24 || shift > 2024 ? 1 : 89)
+    {
+        std::wstring text(shift, L's');
+        text += L"\r\n";
+        while (text.size() * sizeof(wchar_t) < BlockSize + BlockSize / 2)
+        {
+            text += std::wstring(2044, L'f') + L"\r\n" + std::wstring(2045, L't') + L"\r\n";
+        }
+        ASSERT_NO_FATAL_FAILURE(ExpectAsReference("\xFF\xFE" + Utf16Bytes(text), "shift " + std::to_string(shift)));
+    }
+}
+
+TEST_F(LogFileReaderTest, AFileWithAnOddNumberOfBytesBeforeABlockEndKeepsItsCharactersWhole)
+{
+    std::wstring text;
+    while (text.size() * sizeof(wchar_t) < 2 * BlockSize)
+    {
+        text += L"\x0A0D\x0D0A characters whose halves look like line ends\r\n";
+    }
+    ExpectAsReference("\xFF\xFE" + Utf16Bytes(text) + "\n", "odd end");
+}

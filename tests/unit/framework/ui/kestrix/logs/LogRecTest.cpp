@@ -1,0 +1,55 @@
+#include "framework/ui/kestrix/logs/LogRec.h"
+
+#include "tests/support/CountingMemory.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+
+TEST(LogRecTest, StartsWithIcon0AndNoFields)
+{
+    const LogRec record(std::pmr::new_delete_resource());
+    EXPECT_EQ(record.nImage, 0u);
+    EXPECT_TRUE(record.strData.empty());
+}
+
+TEST(LogRecTest, KeepsACopyOfWhatIsAppended)
+{
+    std::pmr::monotonic_buffer_resource memory;
+    LogRec record(&memory);
+    std::wstring text = L"first";
+    record.Append(text);
+    record.Append({});
+    text.assign(L"other");
+    EXPECT_EQ(record.Field(0), L"first");
+    EXPECT_EQ(record.Field(1), L"");
+}
+
+TEST(LogRecTest, AFieldThatIsNotThereIsTheVectorsOutOfRangeError)
+{
+    std::pmr::monotonic_buffer_resource memory;
+    LogRec record(&memory);
+    record.Append(L"a");
+    try
+    {
+        record.Field(1);
+        FAIL() << "no error";
+    }
+    catch (const std::out_of_range& error)
+    {
+        EXPECT_STREQ(error.what(), "invalid vector<T> subscript");
+    }
+}
+
+TEST(LogRecTest, TakesAllItsMemoryFromTheResource)
+{
+    CountingMemory upstream;
+    {
+        std::pmr::monotonic_buffer_resource memory(&upstream);
+        LogRec record(&memory);
+        record.Append(std::wstring(5000, L'x'));
+        EXPECT_GE(upstream.BytesOut(), 10000u);
+    }
+    EXPECT_EQ(upstream.BytesOut(), 0u);
+}
