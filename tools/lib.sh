@@ -122,12 +122,13 @@ build_preset() {
   fi
 }
 
-# wine_prefix DIR: makes DIR, a folder below build/, the Wine prefix of all that follows, and creates it when it is new.
-# A copy of the applied tools/prefix.reg in it tells that nothing is left to do.
+# wine_prefix DIR [REG FILE...]: makes DIR, a folder below build/, the Wine prefix of all that follows, and creates it when it is new.
+# A copy of the applied settings, tools/prefix.reg and those of the files, in it tells that nothing is left to do.
 wine_prefix() {
   export WINEPREFIX=$root/$1
-  local stamp=$WINEPREFIX/kestrix-prefix.reg
-  if cmp -s tools/prefix.reg "$stamp"; then
+  local settings stamp=$WINEPREFIX/kestrix-prefix.reg
+  local -a files=(tools/prefix.reg "${@:2}")
+  if cat "${files[@]}" | cmp -s - "$stamp"; then
     return
   fi
   if [[ ! -f $stamp ]]; then
@@ -135,10 +136,12 @@ wine_prefix() {
     mkdir -p "$WINEPREFIX"
     quietly wineboot tools/wine wineboot -i || fail "Wine could not make its prefix." "Remove $1 and try again."
   fi
-  quietly regedit tools/wine regedit /S "Z:${root//\//\\}\\tools\\prefix.reg" ||
-    fail "tools/prefix.reg could not be imported into $1." "Remove $1 and try again."
+  for settings in "${files[@]}"; do
+    quietly regedit tools/wine regedit /S "Z:${root//\//\\}\\${settings//\//\\}" ||
+      fail "$settings could not be imported into $1." "Remove $1 and try again."
+  done
   await_wineserver_end 60 || fail "Wine did not settle in $1." "End the programs that run in it, or remove it."
-  cp tools/prefix.reg "$stamp"
+  cat "${files[@]}" >"$stamp"
 }
 
 # await_wineserver_end SECONDS: waits until no program runs in the prefix any longer, and its registry is on the disk.

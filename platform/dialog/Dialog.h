@@ -35,8 +35,8 @@ public:
     // Moves the values between members and controls by DoDataExchange.
     void UpdateData(bool saveAndValidate);
 
-    // Tab, Enter, Escape and accelerator keys, as dialogs treat them. A dialog with DS_CONTROL leaves them to the one
-    // around it, so that Tab walks through both.
+    // Tab, Enter, Escape and accelerator keys, as dialogs treat them. A dialog with DS_CONTROL leaves its keys to the
+    // one around it, whose PreTranslateMessage sees them too.
     BOOL PreTranslateMessage(MSG& message) override;
 
 protected:

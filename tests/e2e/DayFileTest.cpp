@@ -35,13 +35,6 @@ protected:
         return path;
     }
 
-    // Closes the viewer by its button and sees it end well.
-    static void CloseAndSeeTheEnd(const Viewer& viewer)
-    {
-        viewer.PressButton(IDC_FORM_CLOSE);
-        EXPECT_EQ(viewer.GetProcess().ExitCode(), 0u);
-    }
-
     const LanguageFile m_language;
     const TemporaryFolder m_folder;
 };
@@ -65,7 +58,7 @@ TEST_F(DayFileTest, ShowsTheDayNewestFirstAndTheClickedRowAndClosesByItsButton)
     EXPECT_EQ(viewer.TextOf(IDC_INFO_VALUE_2), L"C:\\gamma.exe");
     EXPECT_EQ(viewer.TextOf(IDC_INFO_VALUE_3), Text(147));
     EXPECT_EQ(viewer.TextOf(IDC_INFO_VALUE_4), Text(800));
-    CloseAndSeeTheEnd(viewer);
+    EXPECT_EQ(viewer.Close(), 0u);
 }
 
 TEST_F(DayFileTest, AClickOnAHeaderSortsAndASecondTurnsTheOrder)
@@ -76,7 +69,7 @@ TEST_F(DayFileTest, AClickOnAHeaderSortsAndASecondTurnsTheOrder)
     EXPECT_TRUE(WaitUntil([&] { return viewer.Column(2) == (Texts{L"alpha", L"beta", L"delta", L"gamma"}); }));
     viewer.ClickHeader(2);
     EXPECT_TRUE(WaitUntil([&] { return viewer.Column(2) == (Texts{L"gamma", L"delta", L"beta", L"alpha"}); }));
-    CloseAndSeeTheEnd(viewer);
+    EXPECT_EQ(viewer.Close(), 0u);
 }
 
 TEST_F(DayFileTest, APathMayHaveSpacesAndAnyCharacters)
@@ -84,7 +77,7 @@ TEST_F(DayFileTest, APathMayHaveSpacesAndAnyCharacters)
     const Viewer viewer(FileCommandLine(VirusLog, WriteDay(m_folder.Path() / L"a b \x00E4\x0416\x65E5\x672C")));
     ASSERT_NE(viewer.Form(), nullptr);
     EXPECT_EQ(viewer.RowCount(), 4);
-    CloseAndSeeTheEnd(viewer);
+    EXPECT_EQ(viewer.Close(), 0u);
 }
 
 TEST_F(DayFileTest, AFileThatIsStillWrittenIsShownUpToItsLastWholeLineAndAgainOnDemand)
@@ -111,7 +104,7 @@ TEST_F(DayFileTest, AFileThatIsStillWrittenIsShownUpToItsLastWholeLineAndAgainOn
     EXPECT_EQ(viewer.RowCount(), 6);
     EXPECT_EQ(viewer.Cell(0, 2), L"last");
     EXPECT_EQ(viewer.Cell(1, 2), L"newest");
-    CloseAndSeeTheEnd(viewer);
+    EXPECT_EQ(viewer.Close(), 0u);
 }
 
 TEST_F(DayFileTest, AMonthOfSamplesOpens)
@@ -133,7 +126,7 @@ TEST_F(DayFileTest, AMonthOfSamplesOpens)
     EXPECT_GT(viewer.RowCount(), 0);
     Texts times = viewer.Column(0);
     EXPECT_TRUE(std::ranges::is_sorted(times, std::ranges::greater()));
-    CloseAndSeeTheEnd(viewer);
+    EXPECT_EQ(viewer.Close(), 0u);
 }
 
 TEST_F(DayFileTest, AFileThatIsNotThereIsToldByABoxWithTheLogsTitle)
@@ -141,9 +134,13 @@ TEST_F(DayFileTest, AFileThatIsNotThereIsToldByABoxWithTheLogsTitle)
     const Process viewer(ProgramFolder() + L"Kestrix.exe", FileCommandLine(VirusLog, m_folder.File(L"20261120.VLG")));
     const HWND box = viewer.Window(Text(143));
     ASSERT_NE(box, nullptr);
-    PostMessageW(box, WM_COMMAND, IDOK, 0);
+    EXPECT_TRUE(WaitUntil(
+        [&]
+        {
+            PostMessageW(box, WM_COMMAND, IDOK, 0);
+            return !IsWindow(box);
+        }));
     const HWND form = viewer.Window(Text(IDS_FORM_TITLE));
     ASSERT_NE(form, nullptr);
-    PostMessageW(GetDlgItem(form, IDC_FORM_CLOSE), BM_CLICK, 0, 0);
-    EXPECT_EQ(viewer.ExitCode(), 0u);
+    EXPECT_EQ(CloseForm(viewer, form), 0u);
 }

@@ -32,8 +32,7 @@ protected:
         const Viewer viewer(NoLog, m_strProgram);
         ASSERT_NE(viewer.Form(), nullptr);
         EXPECT_EQ(viewer.TextOf(IDC_HEADING_DATES), Text(IDS_HEADING_DATES));
-        viewer.PressButton(IDC_FORM_CLOSE);
-        EXPECT_EQ(viewer.GetProcess().ExitCode(), 0u);
+        EXPECT_EQ(viewer.Close(), 0u);
     }
 
     std::string FirstPlace() const { return m_folder.Path().string() + "\\resource\\en-US\\Kestrix.exe.mui"; }
@@ -77,8 +76,7 @@ TEST_F(StartTest, ACodeWithoutALogOpensTheFormWithAnEmptyPage)
     ASSERT_NE(viewer.Form(), nullptr);
     EXPECT_TRUE(viewer.Dates().empty());
     EXPECT_EQ(viewer.RowCount(), 0);
-    viewer.PressButton(IDC_FORM_CLOSE);
-    EXPECT_EQ(viewer.GetProcess().ExitCode(), 0u);
+    EXPECT_EQ(viewer.Close(), 0u);
 }
 
 TEST_F(StartTest, WithoutALanguageFileItTriesBothPlacesAndEndsWithoutAWindow)

@@ -79,6 +79,17 @@ std::wstring FileCommandLine(int logCode, const std::wstring& path)
     return L"File%|" + std::to_wstring(logCode) + L"%|%|" + path + L"%|%|0";
 }
 
+DWORD CloseForm(const Process& viewer, HWND form)
+{
+    WaitUntil(
+        [&]
+        {
+            PostMessageW(GetDlgItem(form, IDC_FORM_CLOSE), BM_CLICK, 0, 0);
+            return viewer.HasEnded(2000);
+        });
+    return viewer.ExitCode(0);
+}
+
 Viewer::Viewer(const std::wstring& arguments, const std::wstring& program)
     : m_process(program, arguments), m_form(m_process.Window(Text(IDS_FORM_TITLE)))
 {
@@ -175,9 +186,4 @@ void Viewer::ChooseDate() const
 {
     const HWND dates = Item(IDC_DATE_LIST);
     Ask(GetParent(dates), WM_COMMAND, MAKEWPARAM(IDC_DATE_LIST, LBN_SELCHANGE), reinterpret_cast<LPARAM>(dates));
-}
-
-void Viewer::PressButton(int control) const
-{
-    PostMessageW(Item(control), BM_CLICK, 0, 0);
 }

@@ -8,14 +8,16 @@
 // The command line for a file of a log of this command code.
 std::wstring FileCommandLine(int logCode, const std::wstring& path);
 
+// Presses the close button of a viewer's form, again when a press is lost since another program came to the front just
+// then, and gives the exit code; STILL_ACTIVE when the program does not end.
+DWORD CloseForm(const Process& viewer, HWND form);
+
 // The real viewer, seen and driven from outside through its windows.
 class Viewer
 {
 public:
     // Starts the program and waits for its form, which is null when none appears.
     explicit Viewer(const std::wstring& arguments, const std::wstring& program = ProgramFolder() + L"Kestrix.exe");
-
-    const Process& GetProcess() const { return m_process; }
 
     HWND Form() const { return m_form; }
 
@@ -38,7 +40,7 @@ public:
     // Tells the page that the user has chosen the date that is selected.
     void ChooseDate() const;
 
-    void PressButton(int control) const;
+    DWORD Close() const { return CloseForm(m_process, m_form); }
 
 private:
     HWND List() const;

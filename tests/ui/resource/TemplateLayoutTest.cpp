@@ -96,7 +96,7 @@ TEST_F(Templates, ControlsOfThePageLieInsideAndApart)
 TEST_F(Templates, PageFillsTheAreaOfTheTabControl)
 {
     const HWND tab = m_form.Item(IDC_FORM_TAB);
-    std::wstring title = LanguageText(IDS_TAB_LOGS);
+    std::wstring title = LanguageText(319 /* the tab of the log page, which no code names yet */);
     TCITEMW item{};
     item.mask = TCIF_TEXT;
     item.pszText = title.data();

@@ -23,7 +23,8 @@ struct LogRec
     // Copies the text into the record's memory, as its next field.
     void Append(std::wstring_view text) { strData.push_back(Keep(text)); }
 
-    // The same for a text that outlives the record by itself: a literal or a text of the language file. Nothing is copied.
+    // The same for a text that outlives the record by itself: a literal or a text of the language file. Nothing is
+    // copied.
     void AppendLasting(std::wstring_view text) { strData.push_back(text); }
 
     // The field; throws std::out_of_range when the record is shorter.

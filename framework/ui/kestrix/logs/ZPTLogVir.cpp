@@ -5,6 +5,7 @@
 #include "common/VdCommon/VdComn_Number.h"
 #include "framework/ui/kestrix/logs/ExportStream.h"
 #include "framework/ui/kestrix/logs/LogFields.h"
+#include "framework/ui/kestrix/logs/ZPTLogVirCodes.h"
 #include "platform/dialog/ModuleState.h"
 #include "resource/resource.h"
 
@@ -43,102 +44,9 @@ enum Field : std::size_t
     FieldDetail, // only when it is not empty
 };
 
-constexpr std::wstring_view NoText = L"  "; // what unknown codes show
-
-// Source codes. Those of the proxy form are below SourceRealTime.
-enum Source : std::uint32_t
-{
-    SourceNone = 0,
-    SourceMailIn = 1,
-    SourceMailOut = 2,
-    SourceWeb = 3,
-    SourceRealTime = 0x100000,
-    SourceManual = 0x100001,
-    SourceScheduled = 0x100003,
-};
-
-struct SourceRow
-{
-    std::uint32_t source;
-    UINT text;
-    UINT typeOfValue0; // the type of the object by the value of token 5
-    UINT typeOfValue1;
-    UINT typeOfOthers; // 0: no text
-};
-
-constexpr SourceRow Sources[] = {
-    {SourceMailIn, IDS_VIRUS_SOURCE_MAIL_IN, IDS_VIRUS_TYPE_MAIL, IDS_VIRUS_TYPE_MAIL, IDS_VIRUS_TYPE_MAIL},
-    {SourceMailOut, IDS_VIRUS_SOURCE_MAIL_OUT, IDS_VIRUS_TYPE_MAIL, IDS_VIRUS_TYPE_MAIL, IDS_VIRUS_TYPE_MAIL},
-    {SourceWeb, IDS_VIRUS_SOURCE_WEB, IDS_VIRUS_TYPE_WEB, IDS_VIRUS_TYPE_WEB, IDS_VIRUS_TYPE_WEB},
-    {SourceRealTime, IDS_VIRUS_SOURCE_REAL_TIME, IDS_VIRUS_TYPE_0, IDS_VIRUS_TYPE_1, 0},
-    {SourceManual, IDS_VIRUS_SOURCE_MANUAL, IDS_VIRUS_TYPE_0, IDS_VIRUS_TYPE_1, 0},
-    {SourceScheduled, IDS_VIRUS_SOURCE_SCHEDULED, IDS_VIRUS_TYPE_0, IDS_VIRUS_TYPE_1, 0},
-};
-
-constexpr UINT CleanText = 0; // stands in a table for the text of "nothing had to be done", see CleanTextOf
-
-struct ActionRow
-{
-    std::uint32_t action;
-    UINT done; // text when the result is 1
-    UINT failed;
-    std::uint32_t doneImage;
-    std::uint32_t failedImage;
-};
-
-constexpr ActionRow Actions1[] = {
-    {0, CleanText, CleanText, 0, 0},
-    {1, IDS_ACTION_RENAMED, IDS_ACTION_NOT_RENAMED, 1, 2},
-    {2, IDS_ACTION_QUARANTINED, IDS_ACTION_NOT_QUARANTINED, 1, 3},
-    {3, IDS_ACTION_CLEANED, IDS_ACTION_NOT_CLEANED, 0, 2},
-    {4, IDS_ACTION_DELETED, IDS_ACTION_NOT_DELETED, 0, 2},
-    {25, CleanText, CleanText, 1, 1},
-    {99, CleanText, CleanText, 1, 1},
-    {101, IDS_ACTION_BLOCKED, IDS_ACTION_NOT_BLOCKED, 0, 2},
-};
-
-// Not the first table without two rows: a blocked object counts as handled here, and as clean there.
-constexpr ActionRow Actions2[] = {
-    {0, CleanText, CleanText, 0, 0},
-    {1, IDS_ACTION_RENAMED, IDS_ACTION_NOT_RENAMED, 1, 2},
-    {2, IDS_ACTION_QUARANTINED, IDS_ACTION_NOT_QUARANTINED, 1, 3},
-    {4, IDS_ACTION_DELETED, IDS_ACTION_NOT_DELETED, 0, 2},
-    {101, IDS_ACTION_BLOCKED, IDS_ACTION_NOT_BLOCKED, 1, 2},
-};
-
-constexpr std::uint32_t UnknownActionImage = 2;
-constexpr std::uint32_t ResultDone = 1;
-
 constexpr UINT ExportLabels[] = {IDS_EXPORT_TIME,         IDS_EXPORT_SOURCE,   IDS_EXPORT_TYPE,
                                  IDS_COLUMN_THREAT,       IDS_EXPORT_LOCATION, IDS_EXPORT_FIRST_ACTION,
                                  IDS_EXPORT_SECOND_ACTION};
-
-bool IsProxySource(std::uint32_t source)
-{
-    return source == SourceMailIn || source == SourceMailOut || source == SourceWeb;
-}
-
-std::wstring_view SourceText(std::uint32_t source)
-{
-    const auto row = std::ranges::find(Sources, source, &SourceRow::source);
-    return row == std::end(Sources) ? NoText : std::wstring_view(LoadText(row->text));
-}
-
-std::wstring_view TypeText(std::uint32_t source, std::uint32_t value)
-{
-    const auto row = std::ranges::find(Sources, source, &SourceRow::source);
-    if (row == std::end(Sources))
-    {
-        return NoText;
-    }
-    const UINT text = value == 0 ? row->typeOfValue0 : value == 1 ? row->typeOfValue1 : row->typeOfOthers;
-    return text == 0 ? NoText : std::wstring_view(LoadText(text));
-}
-
-UINT CleanTextOf(std::uint32_t source, std::uint32_t value)
-{
-    return source == SourceRealTime && value != 2 && value != 4 ? IDS_ACTION_NOT_REQUIRED : IDS_ACTION_NONE;
-}
 
 std::uint32_t ToNumber(std::wstring_view token)
 {
@@ -179,7 +87,7 @@ bool IsPlainColumn(const LogRec& left, const LogRec& right, std::size_t column)
 
 } // namespace
 
-std::uint32_t CZPTLogVir::s_nSource = SourceNone;
+std::uint32_t CZPTLogVir::s_nSource = 0;
 std::wstring CZPTLogVir::s_strName;
 std::wstring CZPTLogVir::s_strText2;
 std::wstring CZPTLogVir::s_strText3;
@@ -203,10 +111,11 @@ void CZPTLogVir::MakeRecode(std::size_t index, std::wstring_view token, LogRec& 
         return;
     case 2:
         m_nSource = s_nSource = ToNumber(token);
-        record.AppendLasting(SourceText(s_nSource));
+        record.AppendLasting(VirusCodes::SourceText(s_nSource));
         return;
     default:
-        return IsProxySource(s_nSource) ? MakeRecodeProxy(index, token, record) : MakeRecodeScan(index, token, record);
+        return VirusCodes::IsProxySource(s_nSource) ? MakeRecodeProxy(index, token, record)
+                                                    : MakeRecodeScan(index, token, record);
     }
 }
 
@@ -221,7 +130,7 @@ void CZPTLogVir::MakeRecodeProxy(std::size_t index, std::wstring_view token, Log
     case 5:
         m_nToken5 = ToNumber(token);
         Decode(s_strText2, token);
-        record.AppendLasting(TypeText(s_nSource, m_nToken5));
+        record.AppendLasting(VirusCodes::TypeText({s_nSource, m_nToken5}));
         return;
     case 6:
         Decode(s_strText3, token);
@@ -254,7 +163,7 @@ void CZPTLogVir::MakeRecodeScan(std::size_t index, std::wstring_view token, LogR
         return;
     case 5:
         m_nToken5 = ToNumber(token);
-        record.AppendLasting(TypeText(s_nSource, m_nToken5));
+        record.AppendLasting(VirusCodes::TypeText({s_nSource, m_nToken5}));
         return;
     case 6:
     case 7:
@@ -302,23 +211,19 @@ void CZPTLogVir::MakeRecodeEOL(LogRec& record)
 {
     VD_TRACE(Flow, L"[Enter]CZPTLogVir::MakeRecodeEOL()...");
 
-    const auto apply = [&](std::span<const ActionRow> table, std::uint32_t action, std::uint32_t result)
+    const VirusCodes::Event event{m_nSource, m_nToken5};
+    VirusCodes::Outcome outcome = VirusCodes::FirstOutcome(event, m_nAction1, m_nResult1);
+    record.AppendLasting(outcome.text);
+    if (VirusCodes::SecondActionCounts(m_nAction1, m_nResult1))
     {
-        const auto row = std::ranges::find(table, action, &ActionRow::action);
-        if (row == table.end())
-        {
-            record.nImage = UnknownActionImage;
-            return std::wstring_view();
-        }
-        const bool done = result == ResultDone;
-        record.nImage = done ? row->doneImage : row->failedImage;
-        const UINT text = done ? row->done : row->failed;
-        return std::wstring_view(LoadText(text == CleanText ? CleanTextOf(m_nSource, m_nToken5) : text));
-    };
-
-    record.AppendLasting(apply(Actions1, m_nAction1, m_nResult1));
-    const bool secondCounts = (m_nAction1 == 2 || m_nAction1 == 3) && m_nResult1 != ResultDone;
-    record.AppendLasting(secondCounts ? apply(Actions2, m_nAction2, m_nResult2) : std::wstring_view());
+        outcome = VirusCodes::SecondOutcome(event, m_nAction2, m_nResult2);
+        record.AppendLasting(outcome.text);
+    }
+    else
+    {
+        record.AppendLasting({});
+    }
+    record.nImage = outcome.image;
     if (!m_strDetail.empty())
     {
         record.Append(m_strDetail);

@@ -161,10 +161,11 @@ TEST(MessageLoopOfDialogTest, AKeyThatTheDialogSwallowsDoesNotEndIt)
     EXPECT_EQ(1, swallowed);
 }
 
-TEST(MessageLoopOfDialogTest, TabWalksOutOfAChildDialogIntoTheOneAroundIt)
+TEST(MessageLoopOfDialogTest, TheKeysOfAChildDialogAreThoseOfTheOneAroundIt)
 {
     CScriptDialog form;
     CScriptDialog page;
+    bool seen = false;
     bool left = false;
     form.m_inLoop = [&](CScriptDialog& self)
     {
@@ -172,6 +173,11 @@ TEST(MessageLoopOfDialogTest, TabWalksOutOfAChildDialogIntoTheOneAroundIt)
         const HWND inside = page.GetDlgItem(IDC_TEST_EDIT);
         SetFocus(inside);
         PostMessageW(inside, WM_KEYDOWN, VK_TAB, 0);
+        self.m_inPreTranslate = [&seen, inside](MSG& message)
+        {
+            seen |= message.hwnd == inside && message.message == WM_KEYDOWN;
+            return FALSE;
+        };
         self.m_inLoop = [&left, inside](CScriptDialog& dialog)
         {
             left = GetFocus() != inside && GetParent(GetFocus()) == dialog.GetSafeHwnd();
@@ -180,7 +186,8 @@ TEST(MessageLoopOfDialogTest, TabWalksOutOfAChildDialogIntoTheOneAroundIt)
         self.PostMessage(WM_APP + 1);
     };
     EXPECT_EQ(1, form.DoModal());
-    EXPECT_TRUE(left);
+    EXPECT_TRUE(seen); // by the form's PreTranslateMessage
+    EXPECT_TRUE(left); // Tab walked out of the page
 }
 
 } // namespace

@@ -131,8 +131,10 @@ TEST(WindowSubclassTest, WhatIsNoWindowIsRefused)
     EXPECT_FALSE(listener.subclass.IsInstalled());
 }
 
-LRESULT CALLBACK Stranger(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR)
+// Somebody else's procedure before the window; count is an int.
+LRESULT CALLBACK Stranger(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR count)
 {
+    *reinterpret_cast<int*>(count) += message == Probe;
     return DefSubclassProc(window, message, wParam, lParam);
 }
 
@@ -140,10 +142,11 @@ TEST(WindowSubclassTest, GoesFromBelowAnotherProcedureAndMayComeBackThere)
 {
     PlainWindow window;
     Listener later;
+    int strangers = 0;
     {
         Listener first;
         ASSERT_TRUE(first.Install(window.Get()));
-        ASSERT_TRUE(SetWindowSubclass(window.Get(), &Stranger, 1, 0));
+        ASSERT_TRUE(SetWindowSubclass(window.Get(), &Stranger, 1, reinterpret_cast<DWORD_PTR>(&strangers)));
     }
     SendMessageW(window.Get(), Probe, 0, 0);
     EXPECT_EQ(1, window.CountOf(Probe)); // passed on
@@ -152,6 +155,7 @@ TEST(WindowSubclassTest, GoesFromBelowAnotherProcedureAndMayComeBackThere)
     SendMessageW(window.Get(), Probe, 0, 0);
     EXPECT_EQ(1, later.count);
     EXPECT_EQ(2, window.CountOf(Probe));
+    EXPECT_EQ(2, strangers); // nobody took it away
 
     window.Destroy();
     EXPECT_FALSE(later.subclass.IsInstalled());

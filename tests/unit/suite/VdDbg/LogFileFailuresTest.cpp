@@ -8,6 +8,7 @@
 using VdDbg::LogFile;
 
 extern "C" decltype(&::FlushFileBuffers) __imp_FlushFileBuffers;
+extern "C" decltype(&::GetFileInformationByHandle) __imp_GetFileInformationByHandle;
 extern "C" decltype(&::WriteFile) __imp_WriteFile;
 
 namespace
@@ -45,6 +46,11 @@ struct FullDisk
         return FALSE;
     }
 };
+
+BOOL WINAPI TellNothing(HANDLE, LPBY_HANDLE_FILE_INFORMATION)
+{
+    return FALSE;
+}
 
 } // namespace
 
@@ -133,4 +139,14 @@ TEST_F(VdDbgLogFileFailures, WhileAReaderHoldsAFullFileLinesGoOnIntoIt)
     EXPECT_EQ(file.Append(Noon(), "four\r\n"), 0U);
     EXPECT_EQ(LinesOf(m_name.Old(1)), (Lines{"one", "two", "three"}));
     EXPECT_EQ(LinesOf(m_name.Current()), Lines{"four"});
+}
+
+TEST_F(VdDbgLogFileFailures, ASystemThatDoesNotTellFilesApartIsAnErrorAndNoEndlessSearch)
+{
+    LogFile file(m_name, false, 1);
+    EXPECT_EQ(file.Append(Noon(), "one\r\n"), 0U);
+    const ImportPatch<decltype(&::GetFileInformationByHandle)> silent(__imp_GetFileInformationByHandle, &TellNothing);
+    EXPECT_EQ(file.Append(Noon(), "two\r\n"), static_cast<DWORD>(ERROR_RETRY));
+    EXPECT_EQ(LinesOf(m_name.Current()), Lines{"one"});
+    EXPECT_FALSE(std::filesystem::exists(m_name.Old(1)));
 }

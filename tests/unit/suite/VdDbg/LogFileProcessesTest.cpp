@@ -2,68 +2,60 @@
 
 #include "suite/VdDbg/LogFile.h"
 
+#include "suite/VdDbg/OldFiles.h"
 #include "tests/unit/suite/VdDbg/TraceLogs.h"
 #include "tests/unit/suite/VdDbg/TraceWriter.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <map>
 
 namespace
 {
 
-using Lines = std::vector<std::string>;
-
 class VdDbgLogFileProcesses : public ::testing::Test
 {
 protected:
-    // All lines in the order in which they were written.
-    Lines AllLines() const
+    // All that was written, in its order.
+    std::string AllBytes() const
     {
-        Lines all;
-        for (unsigned number = 5; number > 0; --number)
+        std::string all;
+        for (unsigned number = VdDbg::OldFilesKept; number > 0; --number)
         {
-            const Lines lines = LinesOf(m_name.Old(number));
-            all.insert(all.end(), lines.begin(), lines.end());
+            all += std::filesystem::exists(m_name.Old(number)) ? ReadBytes(m_name.Old(number)) : std::string();
         }
-        const Lines lines = LinesOf(m_name.Current());
-        all.insert(all.end(), lines.begin(), lines.end());
-        return all;
+        return all + ReadBytes(m_name.Current());
     }
 
     const TemporaryFolder m_folder;
     const VdDbg::LogName m_name = NameIn(m_folder.Path());
 };
 
-// How often the writer of a line is another one than that of the line before.
-std::size_t Turns(const Lines& lines)
+struct Account
 {
-    std::size_t turns = 0;
-    for (std::size_t i = 1; i < lines.size(); ++i)
-    {
-        turns += lines[i][0] != lines[i - 1][0];
-    }
-    return turns;
-}
+    std::map<char, int> lines; // of each writer, by its letter
+    int turns = 0;             // how often the writer of a line is another one than that of the line before
+};
 
-// The lines of one writer in their order.
-Lines Of(char writer, const Lines& lines)
+// Counts the lines while each is the next one of its writer, from number 0 on; the first one that is not fails the
+// test.
+Account Check(const std::vector<std::string_view>& lines)
 {
-    Lines own;
-    std::copy_if(lines.begin(), lines.end(), std::back_inserter(own),
-                 [writer](const std::string& line) { return !line.empty() && line[0] == writer; });
-    return own;
-}
-
-Lines Expected(const std::string& name, int count)
-{
-    Lines lines;
-    for (int number = 0; number < count; ++number)
+    Account account;
+    char last = '\0';
+    for (const std::string_view line : lines)
     {
-        lines.push_back(TraceLine(name, number));
+        const char writer = line.empty() ? '\0' : line.front();
+        const std::string expected = TraceLine(std::string(1, writer), account.lines[writer]++);
+        if (line != expected)
+        {
+            ADD_FAILURE() << "\"" << line << "\" instead of \"" << expected << "\"";
+            break;
+        }
+        account.turns += writer != last;
+        last = writer;
     }
-    return lines;
+    return account;
 }
 
 } // namespace
@@ -79,14 +71,12 @@ TEST_F(VdDbgLogFileProcesses, TenThousandLinesOfEachOfTwoArriveOnceAndWholeWhile
     EXPECT_TRUE(first.End());
     EXPECT_TRUE(second.End());
 
-    const Lines lines = AllLines();
-    EXPECT_EQ(lines.size(), 2U * Count);
-    // The order of each writer stays, too; EXPECT_TRUE, since a difference would print all lines.
-    EXPECT_TRUE(Of('a', lines) == Expected("a", Count));
-    EXPECT_TRUE(Of('b', lines) == Expected("b", Count));
-    EXPECT_GT(Turns(lines), 100U) << "the processes did not write at the same time";
+    const std::string bytes = AllBytes();
+    const Account account = Check(SplitLines(bytes));
+    EXPECT_EQ(account.lines, (std::map<char, int>{{'a', Count}, {'b', Count}}));
+    EXPECT_GT(account.turns, 100) << "the processes did not write at the same time";
     EXPECT_TRUE(std::filesystem::exists(m_name.Old(3)));
-    for (unsigned number = 1; number <= 5 && std::filesystem::exists(m_name.Old(number)); ++number)
+    for (unsigned number = 1; number <= VdDbg::OldFilesKept && std::filesystem::exists(m_name.Old(number)); ++number)
     {
         EXPECT_GE(std::filesystem::file_size(m_name.Old(number)), Limit) << "retired before its time: " << number;
         EXPECT_LT(std::filesystem::file_size(m_name.Old(number)), Limit + 100);
@@ -109,9 +99,10 @@ TEST_F(VdDbgLogFileProcesses, OneThatIsEndedInTheMiddleLeavesWholeLinesAndNoLock
 
     VdDbg::LogFile file(m_name, false);
     EXPECT_EQ(file.Append(Noon(), "mine\r\n"), 0U);
-    Lines lines = LinesOf(m_name.Current());
+    const std::string bytes = AllBytes();
+    std::vector<std::string_view> lines = SplitLines(bytes);
     ASSERT_FALSE(lines.empty());
     EXPECT_EQ(lines.back(), "mine");
     lines.pop_back();
-    EXPECT_TRUE(lines == Expected("a", static_cast<int>(lines.size())));
+    EXPECT_EQ(Check(lines).lines, (std::map<char, int>{{'a', static_cast<int>(lines.size())}}));
 }

@@ -139,8 +139,10 @@ TEST_F(VdDbgLogFile, ALineThatFindsTheLimitReachedGoesToANewFile)
     EXPECT_EQ(file.Append(Noon(), "1234567\r\n"), 0U); // 9 bytes
     EXPECT_EQ(file.Append(Noon(), "over\r\n"), 0U);
     EXPECT_EQ(FilesIn(m_folder.Path()), Names{L"Trace.log"});
+    EXPECT_EQ(file.Append(Noon(), "12345678\r\n"), 0U); // 10 bytes
     EXPECT_EQ(file.Append(Noon(), "new\r\n"), 0U);
-    EXPECT_EQ(LinesOf(m_name.Old(1)), (Lines{"1234567", "over"}));
+    EXPECT_EQ(LinesOf(m_name.Old(2)), (Lines{"1234567", "over"}));
+    EXPECT_EQ(LinesOf(m_name.Old(1)), Lines{"12345678"});
     EXPECT_EQ(LinesOf(Current()), Lines{"new"});
 }
 

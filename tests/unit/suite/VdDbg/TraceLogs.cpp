@@ -45,22 +45,23 @@ SYSTEMTIME At(WORD year, WORD month, WORD day, WORD hour)
     return time;
 }
 
+std::vector<std::string_view> SplitLines(std::string_view text)
+{
+    std::vector<std::string_view> lines;
+    for (std::size_t end = text.find("\r\n"); end != std::string_view::npos; end = text.find("\r\n"))
+    {
+        lines.push_back(text.substr(0, end));
+        text.remove_prefix(end + 2);
+    }
+    EXPECT_EQ(text, "") << "the file ends within a line";
+    return lines;
+}
+
 std::vector<std::string> LinesOf(const std::wstring& path)
 {
-    std::vector<std::string> lines;
-    if (!std::filesystem::exists(path))
-    {
-        return lines;
-    }
-    const std::string bytes = ReadBytes(path);
-    std::size_t begin = 0;
-    for (std::size_t end = bytes.find("\r\n"); end != std::string::npos; end = bytes.find("\r\n", begin))
-    {
-        lines.push_back(bytes.substr(begin, end - begin));
-        begin = end + 2;
-    }
-    EXPECT_EQ(begin, bytes.size()) << "the file ends within a line";
-    return lines;
+    const std::string bytes = std::filesystem::exists(path) ? ReadBytes(path) : std::string();
+    const std::vector<std::string_view> lines = SplitLines(bytes);
+    return {lines.begin(), lines.end()};
 }
 
 std::vector<std::wstring> FilesIn(const std::filesystem::path& folder)

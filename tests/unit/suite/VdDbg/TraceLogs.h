@@ -30,7 +30,10 @@ inline SYSTEMTIME Noon()
     return At(2011, 3, 5);
 }
 
-// The lines of a file, without their ends; a last piece without an end fails the test. None when there is no file.
+// The lines of a text, without their ends, as parts of it; a last piece without an end fails the test.
+std::vector<std::string_view> SplitLines(std::string_view text);
+
+// The lines of a file, in the same way. None when there is no file.
 std::vector<std::string> LinesOf(const std::wstring& path);
 
 // The names of all files of a folder, in the order of the alphabet.

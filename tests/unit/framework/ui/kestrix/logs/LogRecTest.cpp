@@ -26,6 +26,18 @@ TEST(LogRecTest, KeepsACopyOfWhatIsAppended)
     EXPECT_EQ(record.Field(1), L"");
 }
 
+TEST(LogRecTest, TakesALastingTextAsItIs)
+{
+    static constexpr std::wstring_view lasting = L"lasting";
+    std::pmr::monotonic_buffer_resource memory;
+    LogRec record(&memory);
+    record.AppendLasting(lasting);
+    record.Append(lasting);
+    EXPECT_EQ(record.Field(0), lasting);
+    EXPECT_EQ(record.Field(0).data(), lasting.data());
+    EXPECT_NE(record.Field(1).data(), lasting.data());
+}
+
 TEST(LogRecTest, AFieldThatIsNotThereIsTheVectorsOutOfRangeError)
 {
     std::pmr::monotonic_buffer_resource memory;

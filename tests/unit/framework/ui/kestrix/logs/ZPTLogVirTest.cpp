@@ -1,8 +1,6 @@
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
 
-#include "framework/ui/kestrix/logs/ExportStream.h"
 #include "tests/support/LanguageFile.h"
-#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -104,10 +102,19 @@ protected:
 
     const LogRec& Put(const Event& event) { return Put(LineOf(event)); }
 
-    std::wstring ColumnText(const LogRec& record, int column, std::wstring before = L"before") const
+    void ExpectSecond(const ActionRow& first, const ActionRow& second, const Event& event)
     {
-        m_log.GetColumnText(&record, before, column);
-        return before;
+        const LogRec& record = Put(event);
+        EXPECT_EQ(record.Field(5), Text(first.failed)) << StoryOf(event);
+        EXPECT_EQ(record.Field(6), OutcomeText(second, event.result2, event)) << StoryOf(event);
+        EXPECT_EQ(record.nImage, event.result2 == 1 ? second.doneImage : second.failedImage) << StoryOf(event);
+    }
+
+    std::wstring ResultColumn(const LogRec& record) const
+    {
+        std::wstring text;
+        m_log.GetColumnText(&record, text, 1);
+        return text;
     }
 
     std::wstring TypeOf(std::uint32_t source, std::uint32_t token5)
@@ -118,11 +125,6 @@ protected:
     const LanguageFile m_language;
     CZPTLogVir m_log;
 };
-
-int Compare(PFNLVCOMPARE compare, const LogRec& first, const LogRec& second, int column)
-{
-    return compare(reinterpret_cast<LPARAM>(&first), reinterpret_cast<LPARAM>(&second), column);
-}
 
 } // namespace
 
@@ -139,7 +141,7 @@ TEST_F(ZPTLogVirTest, AScanFormLineOfTheProvider)
     EXPECT_EQ(record.Field(7), L"detail");
     EXPECT_EQ(record.strData.size(), 8u);
     EXPECT_EQ(record.nImage, 1u);
-    EXPECT_EQ(ColumnText(record, 1), Text(802));
+    EXPECT_EQ(ResultColumn(record), Text(802));
 }
 
 TEST_F(ZPTLogVirTest, TheSameLineInFileModeWithoutTheLastTokenIsValidAndHasNoField7)
@@ -236,19 +238,16 @@ TEST_F(ZPTLogVirTest, EveryRowOfTheFirstActionWithEveryResultInEveryForm)
 
 TEST_F(ZPTLogVirTest, EveryRowOfTheSecondActionBehindAFailedFirstOneOf2Or3)
 {
-    for (const std::uint32_t source : {1u, 3u, 0x100000u, 0x100001u, 0u})
+    for (const ActionRow& first : {Actions1[2], Actions1[3]})
     {
-        for (const ActionRow& first : {Actions1[2], Actions1[3]})
+        for (const ActionRow& row : Actions2)
         {
-            for (const ActionRow& row : Actions2)
+            for (const std::uint32_t source : {1u, 3u, 0x100000u, 0x100001u, 0u})
             {
                 for (const std::uint32_t result : {0u, 1u, 2u})
                 {
-                    const Event event{source, 0, first.action, 0, row.action, result};
-                    const LogRec& record = Put(event);
-                    EXPECT_EQ(record.Field(5), Text(first.failed)) << StoryOf(event);
-                    EXPECT_EQ(record.Field(6), OutcomeText(row, result, event)) << StoryOf(event);
-                    EXPECT_EQ(record.nImage, result == 1 ? row.doneImage : row.failedImage) << StoryOf(event);
+                    ExpectSecond(first, row, {source, 0, first.action, 0, row.action, result});
+                    ExpectSecond(first, row, {source, 0, first.action, 2, row.action, result});
                 }
             }
         }
@@ -261,7 +260,7 @@ TEST_F(ZPTLogVirTest, AFailedQuarantineFollowedByARename)
     EXPECT_EQ(record.Field(5), Text(805));
     EXPECT_EQ(record.Field(6), Text(802));
     EXPECT_EQ(record.nImage, 1u);
-    EXPECT_EQ(ColumnText(record, 1), Text(802));
+    EXPECT_EQ(ResultColumn(record), Text(802));
 }
 
 TEST_F(ZPTLogVirTest, AFailedCleaningFollowedByAction3HasNoSecondTextAndIcon2)
@@ -269,7 +268,7 @@ TEST_F(ZPTLogVirTest, AFailedCleaningFollowedByAction3HasNoSecondTextAndIcon2)
     const LogRec& record = Put(Event{RealTime, 0, 3, 0, 3, 0});
     EXPECT_EQ(record.Field(6), L"");
     EXPECT_EQ(record.nImage, 2u);
-    EXPECT_EQ(ColumnText(record, 1), Text(807));
+    EXPECT_EQ(ResultColumn(record), Text(807));
 }
 
 TEST_F(ZPTLogVirTest, TheCleanTextFollowsFromTheSourceAndToken5)
@@ -332,94 +331,11 @@ TEST_F(ZPTLogVirTest, TokensBehindTheDetailAreIgnored)
     EXPECT_EQ(record.Field(7), L"detail");
 }
 
-// An invalid line that sets the numbers must not show through in the next record.
-TEST_F(ZPTLogVirTest, TheFirstActionClearsWhatAnEarlierLineLeft)
+TEST_F(ZPTLogVirTest, WhatAnInvalidLineLeftDoesNotShowInTheNextRecord)
 {
     EXPECT_FALSE(m_log.PutRecode(L"x|103015|1048576|x|0|0|6|7|2|1|1|1", CZPTLogBase::AnyLine));
     EXPECT_EQ(Put(Event{RealTime, 0, 2, 0, 1, 0}).Field(6), Text(803));
     EXPECT_EQ(m_log.GetLogText(0, 5), Text(805));
-}
-
-TEST_F(ZPTLogVirTest, GetColumnTextShowsTimeOutcomeAndNameAndLeavesOtherColumns)
-{
-    const LogRec& record = Put(Event{RealTime, 0, 4, 1});
-    EXPECT_EQ(ColumnText(record, 0), L"10:30");
-    EXPECT_EQ(ColumnText(record, 1), Text(800));
-    EXPECT_EQ(ColumnText(record, 2), L"6");
-    EXPECT_EQ(ColumnText(record, 3), L"before");
-    EXPECT_EQ(ColumnText(record, -1), L"before");
-}
-
-TEST_F(ZPTLogVirTest, ARecordShorterThanItsColumnsIsTheVectorsOutOfRangeError)
-{
-    const LogRec record(std::pmr::new_delete_resource());
-    std::wstring text;
-    EXPECT_THROW(m_log.GetColumnText(&record, text, 0), std::out_of_range);
-    EXPECT_THROW(m_log.GetColumnText(&record, text, 1), std::out_of_range);
-}
-
-TEST_F(ZPTLogVirTest, TheComparePairComparesWhatTheColumnsShow)
-{
-    // Field 5 would order the two the other way round: "not quarantined" against what was done last.
-    const LogRec& renamedAfterAll = Put(Event{RealTime, 0, 2, 0, 1, 1});
-    const LogRec& deleted = Put(Event{RealTime, 0, 4, 1});
-    const int order = std::wstring_view(Text(802)).compare(Text(800));
-    ASSERT_NE(order, 0);
-    EXPECT_EQ(Compare(m_log.m_pfnCompareUp, renamedAfterAll, deleted, 1) > 0, order > 0);
-    EXPECT_EQ(Compare(m_log.m_pfnCompareDn, renamedAfterAll, deleted, 1) < 0, order > 0);
-    EXPECT_EQ(Compare(m_log.m_pfnCompareUp, deleted, Put(Event{RealTime, 0, 4, 1}), 1), 0);
-}
-
-TEST_F(ZPTLogVirTest, TheComparePairChoosesBetweenTheOutcomesForEachRecordByItself)
-{
-    const LogRec& failedThenRenamed = Put(Event{RealTime, 0, 2, 0, 1, 1});
-    const LogRec& renamed = Put(Event{RealTime, 0, 1, 1});
-    EXPECT_EQ(Compare(m_log.m_pfnCompareUp, failedThenRenamed, renamed, 1), 0);
-    EXPECT_EQ(Compare(m_log.m_pfnCompareDn, renamed, failedThenRenamed, 1), 0);
-}
-
-TEST_F(ZPTLogVirTest, TheComparePairOrdersByTimeNameAndAnyOtherFieldByCodeUnits)
-{
-    const LogRec& early = Put(L"x|0900|1048576|x|0|0|Zeta|b|1|1|0|0|d");
-    const LogRec& late = Put(L"x|1030|1048576|x|0|0|alpha|a|1|1|0|0|d");
-    EXPECT_LT(Compare(m_log.m_pfnCompareUp, early, late, 0), 0);
-    EXPECT_GT(Compare(m_log.m_pfnCompareDn, early, late, 0), 0);
-    EXPECT_LT(Compare(m_log.m_pfnCompareUp, early, late, 2), 0) << "capital letters come first";
-    EXPECT_GT(Compare(m_log.m_pfnCompareDn, early, late, 2), 0);
-    EXPECT_GT(Compare(m_log.m_pfnCompareUp, early, late, 4), 0);
-    EXPECT_EQ(Compare(m_log.m_pfnCompareUp, early, late, 7), 0);
-}
-
-TEST_F(ZPTLogVirTest, TheComparePairTakesRecordsTooShortForTheColumnForEqual)
-{
-    const LogRec& record = Put(Event{});
-    const LogRec empty(std::pmr::new_delete_resource());
-    for (const int column : {0, 1, 2, 5})
-    {
-        EXPECT_EQ(Compare(m_log.m_pfnCompareUp, record, empty, column), 0) << column;
-        EXPECT_EQ(Compare(m_log.m_pfnCompareDn, empty, record, column), 0) << column;
-    }
-    EXPECT_EQ(Compare(m_log.m_pfnCompareUp, record, record, 8), 0);
-    EXPECT_EQ(Compare(m_log.m_pfnCompareUp, record, record, -1), 0);
-}
-
-TEST_F(ZPTLogVirTest, TheExportHasALabelForEachOfFields0To7)
-{
-    const TemporaryFolder folder;
-    const std::wstring path = folder.File(L"labels.txt");
-    ExportStream stream;
-    ASSERT_TRUE(stream.Open(path) && m_log.WriteExportHeader(stream) && stream.Flush());
-    stream.Close();
-
-    std::wstring expected;
-    for (const UINT label : {432, 183, 194, 81, 577, 141, 142})
-    {
-        expected += L"\"" + Text(label) + L"\"\t";
-    }
-    std::wstring detail = Text(89);
-    ASSERT_NE(detail.find(L':'), detail.npos) << "nothing to remove, so the test would say nothing";
-    std::erase(detail, L':');
-    EXPECT_EQ(ReadUtf16(path), expected + L"\"" + detail + L"\"\r\n");
 }
 
 TEST_F(ZPTLogVirTest, TextsThatMeanDifferentThingsDiffer)
