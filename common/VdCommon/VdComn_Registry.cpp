@@ -17,7 +17,9 @@ namespace
 
 constexpr REGSAM ViewAccess[] = {0, KEY_WOW64_32KEY, KEY_WOW64_64KEY};
 
-constexpr auto TextTypes = {DWORD{REG_SZ}, DWORD{REG_EXPAND_SZ}, DWORD{REG_MULTI_SZ}};
+constexpr DWORD TextTypes[] = {REG_SZ, REG_EXPAND_SZ, REG_MULTI_SZ};
+constexpr DWORD BinaryTypes[] = {REG_BINARY};
+constexpr DWORD NumberTypes[] = {REG_DWORD};
 
 // The most that the name of a key may have.
 constexpr DWORD LongestName = 255;
@@ -142,7 +144,7 @@ bool Registry::QueryBinaryNoThrow(const std::wstring& name, ByteArray& bytes, st
 
 bool Registry::QueryBinary(const std::wstring& name, ByteArray& bytes)
 {
-    const DWORD size = Query(name, {REG_BINARY}, nullptr, 0);
+    const DWORD size = Query(name, BinaryTypes, nullptr, 0);
     if (size == 0)
     {
         bytes.Free();
@@ -151,7 +153,7 @@ bool Registry::QueryBinary(const std::wstring& name, ByteArray& bytes)
     std::uint32_t error = ERROR_SUCCESS;
     const bool allocated = bytes.Allocate(size, &error);
     Require(allocated, error);
-    QueryUnchanged(name, {REG_BINARY}, bytes.Data(), size);
+    QueryUnchanged(name, BinaryTypes, bytes.Data(), size);
     return true;
 }
 
@@ -180,7 +182,7 @@ std::uint32_t Registry::QueryNumberNoThrow(const std::wstring& name, std::uint32
 std::uint32_t Registry::QueryNumber(const std::wstring& name, std::uint32_t)
 {
     std::uint32_t value = 0;
-    QueryUnchanged(name, {REG_DWORD}, &value, sizeof value);
+    QueryUnchanged(name, NumberTypes, &value, sizeof value);
     return value;
 }
 

@@ -4,7 +4,7 @@
 #include "platform/dialog/UniqueHandle.h"
 
 #include <cstddef>
-#include <initializer_list>
+#include <span>
 
 namespace VdCommon::Storage
 {
@@ -62,7 +62,7 @@ public:
     bool ListValues(std::vector<std::wstring>& names) override;
 
 private:
-    using Types = std::initializer_list<DWORD>;
+    using Types = std::span<const DWORD>;
     using OpenFunction = LSTATUS (*)(HKEY root, const wchar_t* path, REGSAM access, HKEY* opened);
 
     bool Open(const Key& key, const std::wstring& subPath, REGSAM access, OpenFunction open);

@@ -20,6 +20,12 @@ extern "C"
         return calls;
     }
 
+    __declspec(dllexport) TraceCalls& FreshTraceCalls()
+    {
+        calls = {}; // here, since each module has a heap of its own
+        return calls;
+    }
+
     __declspec(dllexport) std::uint32_t VdDbgInitialize(void** handle, const DebugLogConfig* config)
     {
         calls.configs.push_back(*config);

@@ -15,5 +15,5 @@ struct TraceCalls
     std::uint32_t traceResult = 0; // what the library answers to a line
 };
 
-// The library's own export beside those of the interface.
+// The library's own exports beside those of the interface: TraceCallsOfThis, and FreshTraceCalls, which forgets them.
 using TraceCallsFunction = TraceCalls&();

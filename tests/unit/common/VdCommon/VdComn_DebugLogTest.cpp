@@ -52,11 +52,11 @@ protected:
     bool Initialize(const std::wstring& form = L"good", const std::wstring& folderEnd = {})
     {
         m_module.reset(LoadLibraryW((FolderOf(form) + L"\\VdDbg64.dll").c_str()));
+        EXPECT_EQ(static_cast<bool>(m_module), form != L"nowhere") << "the library of the form was not built";
         if (m_module)
         {
-            const auto function = GetProcAddress(m_module.get(), "TraceCallsOfThis");
+            const auto function = GetProcAddress(m_module.get(), "FreshTraceCalls");
             m_calls = &reinterpret_cast<TraceCallsFunction*>(reinterpret_cast<void (*)()>(function))();
-            *m_calls = {};
         }
         return m_log.Initialize(L"Kestrix", Key::InRegistry(HKEY_LOCAL_MACHINE, SettingsKey),
                                 FolderOf(form) + folderEnd);
