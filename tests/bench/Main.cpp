@@ -24,6 +24,7 @@ struct Bench
 constexpr Bench Benches[] = {
     {L"read", &BenchRead},
     {L"memory", &BenchMemory},
+    {L"trace", &BenchTrace},
 };
 
 constexpr int OverBudget = 1;
