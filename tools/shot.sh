@@ -68,7 +68,8 @@ photograph_viewer() {
   start_virtual_display
   claim_prefix
   say "Taking a picture on a virtual display"
-  tools/wine "$@" >build/viewer.log 2>&1 &
+  # The trace library is looked for in the current folder.
+  (cd "${1%/*}" && exec "$root/tools/wine" "${1##*/}" "${@:2}") >build/viewer.log 2>&1 &
   viewer=$!
   at_exit close_viewer
   wait_until 60 find_window || show_screen_and_fail "The viewer's window did not come up."
