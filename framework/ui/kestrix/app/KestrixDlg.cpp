@@ -13,7 +13,7 @@
 namespace
 {
 
-// The rows of the detail pane. The link shares the place of the first value; see ShowFirstRow.
+// The rows of the detail pane. A text shares the place of the first value, the link; the type of the log decides.
 constexpr UINT InfoLabels[CLogInfoPage::InfoRows] = {
     IDC_INFO_LABEL_0, IDC_INFO_LABEL_1, IDC_INFO_LABEL_2, IDC_INFO_LABEL_3,
     IDC_INFO_LABEL_4, IDC_INFO_LABEL_5, IDC_INFO_LABEL_6,

@@ -7,7 +7,7 @@ namespace
 
 constexpr COLORREF FormColour = RGB(255, 255, 255);
 
-// What the form has beyond the page in file mode: nothing of it can be used before the log can be changed.
+// A log file is shown as it is: nothing can be deleted from it.
 constexpr UINT DisabledInFileMode[] = {IDC_FORM_DELETE};
 
 // They are pictures alone and come with the skin.
