@@ -3,7 +3,7 @@
 #include "common/VdCommon/VdComn_Storage.h"
 #include "tests/support/RegistrySandbox.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/unit/common/VdCommon/TraceLibraryDouble.h"
+#include "tests/support/TraceLibraryDouble.h"
 
 #include <gtest/gtest.h>
 
@@ -24,7 +24,7 @@ constexpr std::uint32_t AllLevels = 0x111;
 
 std::wstring FolderOf(const std::wstring& form)
 {
-    return L"..\\tests\\unit\\common\\VdCommon\\trace-" + form;
+    return L"..\\tests\\trace-" + form;
 }
 
 // A debug log with settings of its own and a library that stays loaded for as long as the test looks at it.

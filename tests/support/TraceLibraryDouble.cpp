@@ -1,6 +1,6 @@
 // A trace library that keeps what it is told. One source, compiled once per form: REFUSES, GIVES_NO_HANDLE, INCOMPLETE.
 
-#include "tests/unit/common/VdCommon/TraceLibraryDouble.h"
+#include "tests/support/TraceLibraryDouble.h"
 
 #include <mutex>
 
