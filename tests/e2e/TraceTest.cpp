@@ -1,0 +1,139 @@
+// What the program traces from its start to its end, compared with the sequences kept in golden/.
+
+#include "tests/e2e/Viewer.h"
+#include "tests/support/LanguageFile.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <sstream>
+#include <stdexcept>
+
+namespace
+{
+
+constexpr wchar_t SettingsKey[] = L"Software\\Veldrane\\Zeptara\\17\\DebugLog\\InteractiveSession";
+
+// Tracing of every program that starts while this object lives, all levels, into one file of the folder.
+class Tracing
+{
+public:
+    explicit Tracing(const std::filesystem::path& folder) : m_file(folder / L"zptgolden.log")
+    {
+        UniqueRegistryKey key;
+        if (RegCreateKeyExW(HKEY_LOCAL_MACHINE, SettingsKey, 0, nullptr, REG_OPTION_VOLATILE, KEY_SET_VALUE, nullptr,
+                            key.put(), nullptr) != ERROR_SUCCESS)
+        {
+            throw std::runtime_error("the settings of the trace cannot be written");
+        }
+        SetNumber(key.get(), L"Enable", 1);
+        SetNumber(key.get(), L"Level", 0x111);
+        SetNumber(key.get(), L"LogProcess", 0);
+        SetNumber(key.get(), L"LogUnitType", 0);
+        SetText(key.get(), L"LogFolder", folder.wstring());
+        SetText(key.get(), L"LogPrefix", L"zpt");
+        SetText(key.get(), L"LogFile", L"golden");
+    }
+
+    ~Tracing() { RegDeleteTreeW(HKEY_LOCAL_MACHINE, SettingsKey); }
+
+    Tracing(const Tracing&) = delete;
+    Tracing& operator=(const Tracing&) = delete;
+
+    std::string Text() const { return ReadBytes(m_file.wstring()); }
+
+private:
+    static void SetNumber(HKEY key, const wchar_t* name, DWORD value)
+    {
+        RegSetValueExW(key, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&value), sizeof value);
+    }
+
+    static void SetText(HKEY key, const wchar_t* name, const std::wstring& value)
+    {
+        RegSetValueExW(key, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
+                       static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
+    }
+
+    const std::filesystem::path m_file;
+};
+
+// "flow", "info" or "error" and the text of each line; what is not of this shape stays as it is, and so is seen.
+std::string Normalised(const std::string& trace, const std::wstring& folder)
+{
+    static const std::regex line(
+        R"((?:\xEF\xBB\xBF)?\d\d/\d\d/\d{4} \d\d:\d\d:\d\d\.\d{3} [0-9a-f]{4}:[0-9a-f]{4} (\.w\.|@@@|!!!) <Kestrix> ([^\r\n]*) - \w+\.cpp\(\d+\)\r?)");
+    static const std::map<std::string, std::string> levels{{".w.", "flow   "}, {"@@@", "info   "}, {"!!!", "error  "}};
+    const std::string narrowFolder(folder.begin(), folder.end());
+    std::istringstream input(trace);
+    std::string result;
+    for (std::string text; std::getline(input, text);)
+    {
+        std::smatch match;
+        std::string entry = std::regex_match(text, match, line) ? levels.at(match[1]) + match[2].str() : text;
+        for (std::size_t at = 0; (at = entry.find(narrowFolder, at)) != std::string::npos;)
+        {
+            entry.replace(at, narrowFolder.size(), "FOLDER");
+        }
+        result += entry + '\n';
+    }
+    return result;
+}
+
+std::string Kept(const std::string& name)
+{
+    std::ifstream file(std::filesystem::path(KESTRIX_GOLDEN_TRACES) / (name + ".txt"), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// Writes what came out to where tools/update-traces finds it.
+void ExpectTrace(const std::string& actual, const std::string& name)
+{
+    const std::filesystem::path folder = KESTRIX_TRACE_OUTPUT;
+    const std::filesystem::path found = folder / (name + ".txt");
+    std::filesystem::remove(found);
+    const std::string kept = Kept(name);
+    if (actual != kept)
+    {
+        std::filesystem::create_directories(folder);
+        std::ofstream(found, std::ios::binary) << actual;
+    }
+    EXPECT_EQ(actual, kept) << "tools/update-traces shows the difference and keeps the new sequence";
+}
+
+class TraceTest : public ::testing::Test
+{
+protected:
+    const LanguageFile m_language;
+    const TemporaryFolder m_folder;
+    const Tracing m_tracing{m_folder.Path()};
+};
+
+} // namespace
+
+TEST_F(TraceTest, OfAStartWithADayFileOfTwoRecords)
+{
+    const std::wstring path = m_folder.File(L"20261120.VLG");
+    WriteUtf16(path, L"x|0900|1048576|x|0|0|beta|C:\\beta.exe|4|1|0|0\r\n"
+                     L"x|0930|1048576|x|0|0|gamma|C:\\gamma.exe|4|1|0|0\r\n");
+    const Viewer viewer(FileCommandLine(1, path));
+    ASSERT_NE(viewer.Form(), nullptr);
+    EXPECT_EQ(viewer.RowCount(), 2);
+    EXPECT_EQ(viewer.Close(), 0u);
+    ExpectTrace(Normalised(m_tracing.Text(), m_folder.Path().wstring()), "start-with-a-day-file");
+}
+
+TEST_F(TraceTest, OfAStartWithACommandLineOfFourSeparators)
+{
+    EXPECT_EQ(Process(ProgramFolder() + L"Kestrix.exe", L"LocalLog%|1%|%|%|").ExitCode(), 0u);
+    ExpectTrace(Normalised(m_tracing.Text(), m_folder.Path().wstring()), "start-with-a-short-command-line");
+}
+
+TEST_F(TraceTest, OfAStartWithAnEmptyCommandLine)
+{
+    EXPECT_EQ(Process(ProgramFolder() + L"Kestrix.exe").ExitCode(), 0u);
+    ExpectTrace(Normalised(m_tracing.Text(), m_folder.Path().wstring()), "start-with-an-empty-command-line");
+}
