@@ -110,3 +110,22 @@ public:
 protected:
     ~IDBManagerProvider() = default;
 };
+
+// What the library exports, by these names. All words are zero. Results are as those of the provider.
+inline constexpr HRESULT OrlSuccess = 0x00040200;
+inline constexpr char OrlInitializeName[] = "Orl_Initialize";
+inline constexpr char OrlUninitializeName[] = "Orl_Uninitialize";
+inline constexpr char OrlCreateName[] = "Orl_CreateFunction";
+inline constexpr char OrlFreeName[] = "Orl_FreeFunction";
+
+// Begins the use of the library; the first call.
+using OrlInitializeFunction = HRESULT (*)(ULONG_PTR zero, ULONG_PTR zeroToo);
+
+// Ends it; the last call.
+using OrlUninitializeFunction = HRESULT (*)(ULONG_PTR zero, ULONG_PTR zeroToo);
+
+// Makes the library's one provider, which the library owns; *provider becomes its address.
+using OrlCreateFunction = HRESULT (*)(IDBManagerProvider** provider, ULONG_PTR zero, ULONG_PTR zeroToo);
+
+// Frees the provider, which the library knows: no address is passed.
+using OrlFreeFunction = HRESULT (*)(ULONG_PTR zero, ULONG_PTR zeroToo, ULONG_PTR zeroThree);

@@ -69,13 +69,14 @@ quietly() {
   return "$status"
 }
 
-# Names of the packages in tools/packages.txt that are not installed.
+# Names of the packages in tools/packages.txt that are not installed, nor provided by an installed one.
 missing_packages() {
   local name
   declare -A installed=()
   while read -r name; do
     installed[$name]=1
-  done < <(dpkg-query -W -f='${db:Status-Abbrev} ${Package}\n' | sed -n 's/^ii  *//p')
+  done < <(dpkg-query -W -f='${db:Status-Abbrev} ${Package}, ${Provides}\n' | sed -n 's/^ii  *//p' | tr ',' '\n' |
+    awk 'NF { print $1 }')
   while read -r name _; do
     if [[ -n $name && $name != '#'* && -z ${installed[$name]:-} ]]; then
       printf '%s\n' "$name"

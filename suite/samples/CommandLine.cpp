@@ -94,6 +94,9 @@ struct OptionRow
 constexpr OptionRow OptionTable[] = {
     {L"--folder", [](Options& o, const std::wstring& n, const std::wstring& v) { o.folder = ParsePath(n, v); }},
     {L"--file", [](Options& o, const std::wstring& n, const std::wstring& v) { o.file = ParsePath(n, v); }},
+    {L"--database", [](Options& o, const std::wstring& n, const std::wstring& v) { o.database = ParsePath(n, v); }},
+    {L"--import",
+     [](Options& o, const std::wstring& n, const std::wstring& v) { o.imports.push_back(ParsePath(n, v)); }},
     {L"--end", [](Options& o, const std::wstring& n, const std::wstring& v) { o.end = ParseDate(n, v); }},
     {L"--kind", [](Options& o, const std::wstring& n, const std::wstring& v) { o.kinds.push_back(ParseKind(n, v)); }},
     {L"--days", [](Options& o, const std::wstring& n, const std::wstring& v)
@@ -118,13 +121,20 @@ Setter FindOption(const std::wstring& name)
 
 void CheckTask(Options& options)
 {
-    if (options.lines && (options.file.empty() || options.kinds.size() != 1 || !options.folder.empty()))
+    if (options.lines && (options.file.empty() || options.kinds.size() != 1 || !options.folder.empty() ||
+                          !options.database.empty() || !options.imports.empty()))
     {
-        Refuse("--lines writes one file: give it --file and one --kind, and no --folder.");
+        Refuse("--lines writes one file: give it --file and one --kind, and no --folder, --database or --import.");
     }
-    if (!options.lines && (options.folder.empty() || !options.file.empty()))
+    if (!options.imports.empty() &&
+        (options.database.empty() || !options.folder.empty() || !options.file.empty() || !options.kinds.empty()))
     {
-        Refuse("say where the daily files go with --folder, or ask for one file with --lines, --kind and --file.");
+        Refuse("--import fills a database: give it --database, and no --folder, --file or --kind.");
+    }
+    if (!options.lines && ((options.folder.empty() && options.database.empty()) || !options.file.empty()))
+    {
+        Refuse("say where the records go with --folder or --database, or ask for one file with --lines, --kind and "
+               "--file.");
     }
     if (options.kinds.empty())
     {
@@ -161,13 +171,18 @@ Options ParseCommandLine(std::span<const std::wstring> arguments, Date today)
 
 std::string HelpText()
 {
-    return "SampleLogs writes made-up daily log files.\n"
+    return "SampleLogs writes made-up event logs: daily files, or records in the event-log database, or both.\n"
            "\n"
-           "usage: SampleLogs --folder DIR [--end YYYYMMDD] [--days N] [--seed N] [--kind EXT]...\n"
+           "usage: SampleLogs [--folder DIR] [--database DB] [--end YYYYMMDD] [--days N] [--seed N] [--kind EXT]...\n"
+           "       SampleLogs --import PATH... --database DB\n"
            "       SampleLogs --lines N --kind EXT --file FILE [--end YYYYMMDD] [--seed N]\n"
            "       SampleLogs --help\n"
            "\n"
            "  --folder DIR    write YYYYMMDD.EXT files into this folder, which is made when it is missing\n"
+           "  --database DB   write the records into this database file, which is made when it is missing; a day of a\n"
+           "                  kind that it has already is replaced\n"
+           "  --import PATH   put this daily file, or all daily files of this folder, into the database instead of\n"
+           "                  made-up records; may be given several times\n"
            "  --end YYYYMMDD  the last day; today without it\n"
            "  --days N        number of days that end with that day; 30 without it\n"
            "  --seed N        another number gives another month; 1 without it\n"

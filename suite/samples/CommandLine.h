@@ -12,14 +12,16 @@
 namespace Samples
 {
 
-// What the user asked for. `help` stands alone; otherwise `lines` tells the two tasks apart.
+// What the user asked for. `help` stands alone; otherwise `lines` and `imports` tell the three tasks apart.
 struct Options
 {
     bool help = false;
-    std::filesystem::path folder;       // daily files go here
-    std::filesystem::path file;         // one file of `lines` records goes here
-    std::optional<std::uint64_t> lines; // set: one file; not set: daily files
-    std::vector<const Kind*> kinds;     // never empty; exactly one for one file
+    std::filesystem::path folder;               // daily files go here
+    std::filesystem::path database;             // records go into this database
+    std::filesystem::path file;                 // one file of `lines` records goes here
+    std::optional<std::uint64_t> lines;         // set: one file; not set: daily files
+    std::vector<std::filesystem::path> imports; // not empty: these daily files go into the database
+    std::vector<const Kind*> kinds;             // never empty; exactly one for one file
     Date end;
     unsigned days = 30;
     std::uint64_t seed = 1;

@@ -1,8 +1,11 @@
 #include "suite/samples/CommandLine.h"
+#include "suite/samples/DatabaseFeed.h"
 #include "suite/samples/Failure.h"
 #include "suite/samples/Month.h"
 
 #include <windows.h>
+
+#include <io.h>
 
 #include <cstdio>
 #include <exception>
@@ -20,6 +23,17 @@ Date Today()
                                        std::chrono::day(now.wDay));
 }
 
+// One line that is written over on a console; elsewhere only its last state stays.
+void ShowProgress(const Progress& progress)
+{
+    const bool console = _isatty(_fileno(stderr)) != 0;
+    if (console || progress.done)
+    {
+        std::fprintf(stderr, "%s%llu days, %llu records%s", console ? "\r" : "", progress.days, progress.records,
+                     progress.done ? " are in the database\n" : "");
+    }
+}
+
 void Run(const Options& options)
 {
     if (options.help)
@@ -30,9 +44,20 @@ void Run(const Options& options)
     {
         WriteLines(options.file, *options.kinds.front(), options.end, *options.lines, options.seed);
     }
+    else if (!options.imports.empty())
+    {
+        ImportFiles(options.database, options.imports, ShowProgress);
+    }
     else
     {
-        WriteMonth(options.folder, options.kinds, options.end, options.days, options.seed);
+        if (!options.folder.empty())
+        {
+            WriteMonth(options.folder, options.kinds, options.end, options.days, options.seed);
+        }
+        if (!options.database.empty())
+        {
+            FeedMonth(options.database, options.kinds, options.end, options.days, options.seed, ShowProgress);
+        }
     }
 }
 

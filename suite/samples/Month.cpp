@@ -79,20 +79,20 @@ std::vector<int> TimesOfDay(const Rhythm& rhythm, Date date, bool last, Random& 
     return times;
 }
 
-void WriteDay(const std::filesystem::path& path, RecordSource& source, Date date, const std::vector<int>& times)
+std::vector<std::wstring> LinesOfDay(RecordSource& source, Date date, const std::vector<int>& times)
 {
-    LogFile file(path);
+    std::vector<std::wstring> lines;
     Line line;
     for (std::size_t i = 0; i < times.size(); ++i)
     {
         line.Clear();
         source.Fill({date, times[i], i == 0, i + 1 == times.size()}, line);
-        file.Write(line.Whole());
+        lines.push_back(line.Whole());
     }
-    file.Close();
+    return lines;
 }
 
-void WriteDaysOfKind(const std::filesystem::path& folder, const Kind& kind, Date end, unsigned days, std::uint64_t seed)
+void MakeDaysOfKind(const Kind& kind, Date end, unsigned days, std::uint64_t seed, const TakeDay& take)
 {
     Random random = KindRandom(kind, seed);
     const std::unique_ptr<RecordSource> source = kind.makeSource(random);
@@ -102,12 +102,20 @@ void WriteDaysOfKind(const std::filesystem::path& folder, const Kind& kind, Date
         const std::vector<int> times = TimesOfDay(kind.rhythm, date, age == 0, random);
         if (!times.empty())
         {
-            WriteDay(folder / (DateText(date) + L"." + std::wstring(kind.extension)), *source, date, times);
+            take(kind, date, LinesOfDay(*source, date, times));
         }
     }
 }
 
 } // namespace
+
+void MakeMonth(std::span<const Kind* const> kinds, Date end, unsigned days, std::uint64_t seed, const TakeDay& take)
+{
+    for (const Kind* kind : kinds)
+    {
+        MakeDaysOfKind(*kind, end, days, seed, take);
+    }
+}
 
 void WriteMonth(const std::filesystem::path& folder, std::span<const Kind* const> kinds, Date end, unsigned days,
                 std::uint64_t seed)
@@ -120,10 +128,16 @@ void WriteMonth(const std::filesystem::path& folder, std::span<const Kind* const
                       "cannot make the folder " + Utf8(folder) +
                           ". Check that its drive exists, that no file has its name and that you may write there.");
     }
-    for (const Kind* kind : kinds)
-    {
-        WriteDaysOfKind(folder, *kind, end, days, seed);
-    }
+    MakeMonth(kinds, end, days, seed,
+              [&](const Kind& kind, Date date, std::span<const std::wstring> lines)
+              {
+                  LogFile file(folder / (DateText(date) + L"." + std::wstring(kind.extension)));
+                  for (const std::wstring& line : lines)
+                  {
+                      file.Write(line);
+                  }
+                  file.Close();
+              });
 }
 
 void WriteLines(const std::filesystem::path& file, const Kind& kind, Date date, std::uint64_t lines, std::uint64_t seed)

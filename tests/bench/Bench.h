@@ -23,4 +23,6 @@ using Figures = std::vector<Figure>;
 // The benches, one for each name of the command line. Each throws std::runtime_error when its work cannot be done.
 Figures BenchRead();
 Figures BenchMemory();
+Figures BenchDatabase();
+Figures BenchDays();
 Figures BenchTrace();

@@ -22,9 +22,8 @@ struct Bench
 };
 
 constexpr Bench Benches[] = {
-    {L"read", &BenchRead},
-    {L"memory", &BenchMemory},
-    {L"trace", &BenchTrace},
+    {L"read", &BenchRead}, {L"memory", &BenchMemory}, {L"database", &BenchDatabase},
+    {L"days", &BenchDays}, {L"trace", &BenchTrace},
 };
 
 constexpr int OverBudget = 1;

@@ -77,6 +77,40 @@ TEST(CommandLineTest, LinesWithKindAndFileAskForOneFile)
     EXPECT_EQ(options.kinds[0]->extension, L"VLG");
 }
 
+TEST(CommandLineTest, AMonthMayGoIntoADatabaseWithAFolderOrAlone)
+{
+    const Options alone = Parse({L"--database", L"a.db", L"--kind", L"VLG"});
+    EXPECT_EQ(alone.database, L"a.db");
+    EXPECT_EQ(alone.folder, L"");
+    EXPECT_EQ(alone.kinds.size(), 1u);
+    EXPECT_TRUE(alone.imports.empty());
+    EXPECT_EQ(Parse({L"--database", L"a.db", L"--folder", L"x"}).folder, L"x");
+}
+
+TEST(CommandLineTest, ImportsAreCollectedInTheirOrder)
+{
+    const Options options = Parse({L"--import", L"b", L"--database", L"a.db", L"--import", L"a"});
+    EXPECT_EQ(options.imports, (std::vector<std::filesystem::path>{L"b", L"a"}));
+    EXPECT_EQ(options.database, L"a.db");
+}
+
+TEST(CommandLineTest, AnImportWithoutADatabaseOrWithAnotherTaskIsRefused)
+{
+    ExpectRefusal({L"--import", L"a"}, "give it --database");
+    ExpectRefusal({L"--import", L""}, "not an empty text");
+    ExpectRefusal({L"--import", L"a", L"--database", L"b", L"--folder", L"c"}, "no --folder");
+    ExpectRefusal({L"--import", L"a", L"--database", L"b", L"--kind", L"VLG"}, "or --kind");
+    ExpectRefusal({L"--import", L"a", L"--database", L"b", L"--file", L"c"}, "--file");
+}
+
+TEST(CommandLineTest, AFileOfLinesDoesNotGoIntoADatabase)
+{
+    ExpectRefusal({L"--lines", L"5", L"--file", L"x", L"--kind", L"VLG", L"--database", L"b"},
+                  "no --folder, --database");
+    ExpectRefusal({L"--lines", L"5", L"--file", L"x", L"--kind", L"VLG", L"--import", L"b"}, "or --import");
+    ExpectRefusal({L"--database", L"b", L"--file", L"x"}, "--file");
+}
+
 TEST(CommandLineTest, HelpNeedsNothingElse)
 {
     EXPECT_TRUE(Parse({L"--help"}).help);
@@ -86,9 +120,9 @@ TEST(CommandLineTest, HelpNeedsNothingElse)
 TEST(CommandLineTest, HelpNamesEveryOptionAndKind)
 {
     const std::string help = HelpText();
-    for (const char* word :
-         {"--folder", "--end", "--days", "--seed", "--kind", "--lines", "--file", "--help", "VLG", "UPG", "UFG",
-          "PFG",      "PTG",   "PPG",    "HLG",    "VAG",    "SPG",     "SCG",    "STC",    "SCI", "SKP"})
+    for (const char* word : {"--folder", "--database", "--import", "--end", "--days", "--seed", "--kind", "--lines",
+                             "--file",   "--help",     "VLG",      "UPG",   "UFG",    "PFG",    "PTG",    "PPG",
+                             "HLG",      "VAG",        "SPG",      "SCG",   "STC",    "SCI",    "SKP"})
     {
         EXPECT_NE(help.find(word), std::string::npos) << word;
     }

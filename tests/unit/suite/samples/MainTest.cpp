@@ -1,3 +1,4 @@
+#include "suite/database/EventDatabase.h"
 #include "tests/unit/suite/samples/SampleFiles.h"
 
 #include <process.h>
@@ -8,8 +9,8 @@ namespace Samples
 namespace
 {
 
-// Runs the program and gives its exit status.
-intptr_t RunProgram(const std::vector<std::wstring>& arguments)
+// Starts the program, and gives its exit status or, when it is not waited for, its handle.
+intptr_t RunProgram(const std::vector<std::wstring>& arguments, int mode = _P_WAIT)
 {
     const std::wstring program = std::filesystem::path(SAMPLE_LOGS_PROGRAM).make_preferred().wstring();
     std::vector<const wchar_t*> command = {program.c_str()};
@@ -18,7 +19,7 @@ intptr_t RunProgram(const std::vector<std::wstring>& arguments)
         command.push_back(argument.c_str());
     }
     command.push_back(nullptr);
-    return _wspawnv(_P_WAIT, program.c_str(), command.data());
+    return _wspawnv(mode, program.c_str(), command.data());
 }
 
 } // namespace
@@ -55,6 +56,48 @@ TEST(MainTest, AnUnknownOptionEndsWithTwo)
 {
     EXPECT_EQ(RunProgram({L"--fodler", L"x"}), 2);
     EXPECT_EQ(RunProgram({}), 2);
+}
+
+TEST(MainTest, AMonthIsPutIntoADatabaseAndEndsWithZero)
+{
+    const TemporaryFolder folder;
+    const std::wstring path = folder.Path() / L"Журнал.db";
+    EXPECT_EQ(RunProgram({L"--database", path, L"--end", L"20240301", L"--days", L"2", L"--kind", L"PFG"}), 0);
+    EXPECT_EQ(EventLog::EventDatabase::Open(path).Days(6).front(), 20240301u);
+}
+
+TEST(MainTest, DailyFilesAreImportedAndEndWithZero)
+{
+    const TemporaryFolder folder;
+    const std::wstring path = folder.File(L"a.db");
+    WriteUtf16(folder.File(L"20240301.VLG"), L"20240301|120000|x\r\n");
+    EXPECT_EQ(RunProgram({L"--import", folder.Path(), L"--database", path}), 0);
+    EXPECT_EQ(EventLog::EventDatabase::Open(path).Days(2), std::vector<EventLog::Day>{20240301});
+}
+
+TEST(MainTest, ADatabaseThatCannotBeMadeEndsWithOne)
+{
+    const TemporaryFolder folder;
+    EXPECT_EQ(RunProgram({L"--database", folder.File(L"no\\a.db"), L"--days", L"1"}), 1);
+}
+
+TEST(MainTest, TwoProcessesFillOneDatabaseAtOnce)
+{
+    const TemporaryFolder folder;
+    const std::wstring path = folder.File(L"a.db");
+    const std::vector<std::wstring> first = {L"--database", path, L"--kind", L"PFG", L"--seed", L"1"};
+    const std::vector<std::wstring> second = {L"--database", path, L"--kind", L"UPG", L"--seed", L"2"};
+    const intptr_t processes[] = {RunProgram(first, _P_NOWAIT), RunProgram(second, _P_NOWAIT)};
+    for (const intptr_t process : processes)
+    {
+        ASSERT_NE(process, -1);
+        int status = -1;
+        ASSERT_EQ(_cwait(&status, process, 0), process);
+        EXPECT_EQ(status, 0);
+    }
+    const EventLog::EventDatabase database = EventLog::EventDatabase::Open(path);
+    EXPECT_GT(database.Days(6).size(), 20u);
+    EXPECT_GT(database.Days(11).size(), 20u);
 }
 
 } // namespace Samples

@@ -1,0 +1,43 @@
+#include "suite/common/InstalledFolder.h"
+
+#include "tests/support/RegistrySandbox.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+constexpr wchar_t Key[] = L"Software\\Veldrane\\Zeptara";
+
+} // namespace
+
+TEST(InstalledFolder, IsWhatTheRegistryNames)
+{
+    const RegistrySandbox registry;
+    registry.SetText(Key, L"InstalledFolder", L"C:\\Zeptara Suite\\");
+    EXPECT_EQ(Suite::InstalledFolder(), L"C:\\Zeptara Suite\\");
+}
+
+TEST(InstalledFolder, IsNothingWithoutKeyValueOrText)
+{
+    const RegistrySandbox registry;
+    EXPECT_EQ(Suite::InstalledFolder(), std::nullopt);
+    registry.MakeKey(Key);
+    EXPECT_EQ(Suite::InstalledFolder(), std::nullopt);
+    registry.SetText(Key, L"InstalledFolder", L"");
+    EXPECT_EQ(Suite::InstalledFolder(), std::nullopt);
+}
+
+TEST(InstalledFolder, IsNothingWhenTheValueIsNoText)
+{
+    const RegistrySandbox registry;
+    registry.SetNumber(Key, L"InstalledFolder", 5);
+    EXPECT_EQ(Suite::InstalledFolder(), std::nullopt);
+}
+
+TEST(InstalledFolder, EndsWhereAValueWithoutTerminatorEnds)
+{
+    const RegistrySandbox registry;
+    registry.Set(Key, L"InstalledFolder", REG_SZ, L"C:\\Suite", 8 * sizeof(wchar_t));
+    EXPECT_EQ(Suite::InstalledFolder(), L"C:\\Suite");
+}

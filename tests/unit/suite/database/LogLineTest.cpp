@@ -1,0 +1,95 @@
+#include "suite/database/LogLine.h"
+
+#include "suite/database/LogKinds.h"
+
+#include <gtest/gtest.h>
+
+namespace EventLog
+{
+
+namespace
+{
+
+std::uint32_t SubType(std::wstring_view extension)
+{
+    return FindKindOfExtension(extension)->subType;
+}
+
+std::wstring Form(std::wstring_view extension, std::wstring_view line)
+{
+    return DatabaseForm(SubType(extension), line);
+}
+
+// A line of so many tokens whose token 2 is the source.
+std::wstring LineOf(std::wstring_view source, int tokens)
+{
+    std::wstring line = L"20260101|120000|" + std::wstring(source);
+    for (int i = 3; i < tokens; ++i)
+    {
+        line += L"|t";
+    }
+    return line;
+}
+
+void ExpectCompletedAt(std::wstring_view extension, std::wstring_view source, int fileTokens)
+{
+    SCOPED_TRACE(std::wstring(extension) + L" " + std::wstring(source));
+    const std::wstring shorter = LineOf(source, fileTokens - 1);
+    const std::wstring file = LineOf(source, fileTokens);
+    const std::wstring whole = LineOf(source, fileTokens + 1);
+    EXPECT_EQ(Form(extension, shorter), shorter);
+    EXPECT_EQ(Form(extension, file), file + L"|");
+    EXPECT_EQ(Form(extension, whole), whole);
+}
+
+} // namespace
+
+TEST(LogLineTest, LinesOfAFileGetTheLastTokenOfTheDatabase)
+{
+    ExpectCompletedAt(L"VLG", L"1", 11);
+    ExpectCompletedAt(L"VLG", L"3", 11);
+    ExpectCompletedAt(L"VLG", L"1048576", 12);
+    ExpectCompletedAt(L"VLG", L"0", 12);
+    ExpectCompletedAt(L"SPG", L"2", 9);
+    ExpectCompletedAt(L"SPG", L"0x10000000", 15);
+    ExpectCompletedAt(L"SPG", L"268435456", 15);
+    ExpectCompletedAt(L"SPG", L"0x100000", 14);
+    ExpectCompletedAt(L"UFG", L"1", 8);
+    ExpectCompletedAt(L"PTG", L"name", 4);
+}
+
+TEST(LogLineTest, LinesOfOtherKindsAreTheSameInBothForms)
+{
+    for (const wchar_t* extension : {L"UPG", L"PFG", L"PPG", L"HLG", L"VAG", L"SCG", L"STC", L"SCI", L"SKP"})
+    {
+        for (int tokens = 3; tokens < 20; ++tokens)
+        {
+            const std::wstring line = LineOf(L"1", tokens);
+            EXPECT_EQ(Form(extension, line), line) << extension << tokens;
+        }
+    }
+    EXPECT_EQ(DatabaseForm(99, L"a|b"), L"a|b");
+    EXPECT_EQ(Form(L"VLG", L""), L"");
+}
+
+TEST(LogLineTest, TheTimeIsTheSecondTokenAndTheFirstOneOfTheFirewall)
+{
+    EXPECT_EQ(TimeOfLine(SubType(L"VLG"), L"20260101|093015|1"), 93015u);
+    EXPECT_EQ(TimeOfLine(SubType(L"PFG"), L"235959|1"), 235959u);
+    EXPECT_EQ(TimeOfLine(SubType(L"VLG"), L"x|000001"), 1u);
+}
+
+TEST(LogLineTest, ATimeThatIsNoneIsTheFirstMomentOfTheDay)
+{
+    for (const wchar_t* line : {L"", L"x", L"x|", L"x|12345|", L"x|12:30:00|", L"x|-12345|", L"x| 12345|"})
+    {
+        EXPECT_EQ(TimeOfLine(SubType(L"VLG"), line), 0u) << line;
+    }
+}
+
+TEST(LogLineTest, ATimeBeyondTheDayIsItsLastMoment)
+{
+    EXPECT_EQ(TimeOfLine(SubType(L"VLG"), L"x|990000|"), 235959u);
+}
+
+} // namespace EventLog

@@ -1,0 +1,56 @@
+#include "suite/framework/CommandLine.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using namespace Framework;
+using namespace std::chrono_literals;
+
+namespace
+{
+
+Options Parse(const std::vector<std::wstring>& arguments)
+{
+    return ParseCommandLine(arguments);
+}
+
+} // namespace
+
+TEST(CommandLineTest, NoArgumentAndWhatTheSystemAddsServe)
+{
+    EXPECT_EQ(Parse({}).task, Task::Serve);
+    EXPECT_EQ(Parse({L"-Embedding"}).task, Task::Serve);
+    EXPECT_EQ(Parse({L"/Embedding"}).idle, 5000ms);
+}
+
+TEST(CommandLineTest, TasksHaveEitherMarkAndAnyCase)
+{
+    EXPECT_EQ(Parse({L"/RegServer"}).task, Task::Register);
+    EXPECT_EQ(Parse({L"-UNREGSERVER"}).task, Task::Unregister);
+    EXPECT_EQ(Parse({L"/exit"}).task, Task::Exit);
+    EXPECT_EQ(Parse({L"/?"}).task, Task::Help);
+}
+
+TEST(CommandLineTest, TimesAreMilliseconds)
+{
+    const Options options = Parse({L"/RegServer", L"/Idle:250", L"/limit:99999999"});
+    EXPECT_EQ(options.task, Task::Register);
+    EXPECT_EQ(options.idle, 250ms);
+    EXPECT_EQ(options.limit, 99'999'999ms);
+}
+
+TEST(CommandLineTest, WhatIsNoArgumentIsRefused)
+{
+    for (const wchar_t* const argument : {L"", L"/", L"RegServer", L"/RegSever", L"/Idle", L"/Idle:", L"/Idle:-1",
+                                          L"/Idle:5s", L"/Limit:100000000", L"/RegServer2"})
+    {
+        EXPECT_THROW(Parse({argument}), BadCommandLine) << argument;
+    }
+}
+
+TEST(CommandLineTest, TheServicesCommandLineHasTheQuotedPathAndTheTimesThatDiffer)
+{
+    EXPECT_EQ(ServiceCommandLine(L"C:\\a b\\s.exe", {}), L"\"C:\\a b\\s.exe\"");
+    EXPECT_EQ(ServiceCommandLine(L"s.exe", {Task::Register, 1ms, 2ms}), L"\"s.exe\" /idle:1 /limit:2");
+}

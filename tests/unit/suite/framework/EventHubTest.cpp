@@ -1,0 +1,136 @@
+#include "suite/framework/EventHub.h"
+
+#include "suite/framework/Apartment.h"
+#include "tests/unit/suite/framework/Inbox.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+using namespace Framework;
+using namespace std::chrono_literals;
+
+namespace
+{
+
+using Events = std::vector<std::string>;
+
+class EventHubTest : public ::testing::Test
+{
+protected:
+    DWORD Advise(EventHub& hub, Inbox& inbox, const void* owner = nullptr)
+    {
+        return hub.Advise(owner, __uuidof(IVdFrwkLocalEvents), Suite::ComPtr<IUnknown>(inbox.Sink()));
+    }
+
+    // Whether the hub lets the sink go within 30 s, by events without which it would not notice.
+    static bool WaitUntilDropped(EventHub& hub)
+    {
+        const auto end = std::chrono::steady_clock::now() + 30s;
+        while (!hub.Sinks(nullptr, __uuidof(IVdFrwkLocalEvents)).empty())
+        {
+            if (std::chrono::steady_clock::now() > end)
+            {
+                return false;
+            }
+            std::this_thread::yield();
+        }
+        return true;
+    }
+
+    const Apartment m_apartment;
+};
+
+} // namespace
+
+TEST_F(EventHubTest, EverySinkGetsEveryEventInItsOrder)
+{
+    Inbox one;
+    Inbox two;
+    EventHub hub(10s);
+    Advise(hub, one);
+    Advise(hub, two);
+    hub.Raise({4, 22, 1});
+    hub.Raise({1, 0xFFFFFFFF, 0});
+    ASSERT_TRUE(one.WaitFor(2) && two.WaitFor(2));
+    EXPECT_EQ(one.Events(), (Events{"4 22 1", "1 -1 0"}));
+    EXPECT_EQ(two.Events(), one.Events());
+}
+
+TEST_F(EventHubTest, AnUnadvisedSinkGetsNothingAndIsLetGo)
+{
+    Inbox one;
+    Inbox two;
+    EventHub hub(10s);
+    const DWORD cookie = Advise(hub, one);
+    Advise(hub, two);
+    EXPECT_TRUE(hub.Unadvise(nullptr, __uuidof(IVdFrwkLocalEvents), cookie));
+    EXPECT_FALSE(hub.Unadvise(nullptr, __uuidof(IVdFrwkLocalEvents), cookie));
+    hub.Raise({4, 22, 1});
+    EXPECT_TRUE(two.WaitFor(1));
+    EXPECT_TRUE(one.WaitUntilReleased());
+    EXPECT_EQ(one.Events(), Events());
+}
+
+TEST_F(EventHubTest, ACookieBelongsToItsOwnerAndInterface)
+{
+    Inbox inbox;
+    const int owner = 0;
+    EventHub hub(10s);
+    const DWORD cookie = Advise(hub, inbox, &owner);
+    EXPECT_NE(cookie, 0u);
+    EXPECT_FALSE(hub.Unadvise(nullptr, __uuidof(IVdFrwkLocalEvents), cookie));
+    EXPECT_FALSE(hub.Unadvise(&owner, __uuidof(IVdFrwkSessionEvents), cookie));
+    ASSERT_EQ(hub.Sinks(&owner, __uuidof(IVdFrwkLocalEvents)).size(), 1u);
+    EXPECT_EQ(hub.Sinks(&owner, __uuidof(IVdFrwkLocalEvents))[0].cookie, cookie);
+    hub.UnadviseAll(&owner);
+    EXPECT_TRUE(hub.Sinks(&owner, __uuidof(IVdFrwkLocalEvents)).empty());
+    EXPECT_TRUE(inbox.WaitUntilReleased());
+}
+
+TEST_F(EventHubTest, ASinkWhoseClientIsGoneIsDroppedAndTheOthersGoOn)
+{
+    for (const HRESULT gone : {RPC_E_DISCONNECTED, HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE)})
+    {
+        Inbox dead(gone);
+        Inbox alive;
+        const int owner = 0;
+        EventHub hub(10s);
+        Advise(hub, dead);
+        Advise(hub, alive, &owner);
+        hub.Raise({4, 22, 1});
+        EXPECT_TRUE(WaitUntilDropped(hub));
+        hub.Raise({4, 22, 1});
+        EXPECT_TRUE(alive.WaitFor(2));
+        EXPECT_EQ(dead.Events().size(), 1u);
+        EXPECT_TRUE(dead.WaitUntilReleased());
+    }
+}
+
+TEST_F(EventHubTest, AFailureOfTheClientsOwnIsNoReasonToDropIt)
+{
+    Inbox inbox(E_FAIL);
+    EventHub hub(10s);
+    Advise(hub, inbox);
+    hub.Raise({4, 22, 1});
+    hub.Raise({4, 22, 1});
+    EXPECT_TRUE(inbox.WaitFor(2));
+}
+
+TEST_F(EventHubTest, ASinkThatHangsIsDroppedAtItsLimitAndHoldsNobodyUp)
+{
+    Inbox hanging(S_OK, true);
+    Inbox alive;
+    const int owner = 0;
+    std::optional<EventHub> hub(50ms);
+    Advise(*hub, hanging);
+    Advise(*hub, alive, &owner);
+    hub->Raise({4, 22, 1});
+    hub->Raise({4, 22, 1});
+    EXPECT_TRUE(alive.WaitFor(2));
+    EXPECT_TRUE(WaitUntilDropped(*hub));
+    hub.reset(); // does not wait for the one that hangs
+    EXPECT_EQ(hanging.Events().size(), 1u);
+    hanging.LetGo();
+    EXPECT_TRUE(hanging.WaitUntilReleased());
+}

@@ -1,0 +1,97 @@
+#include "suite/framework/ProfileValues.h"
+
+#include "suite/framework/PurgeSettings.h"
+#include "tests/support/RegistrySandbox.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/unit/suite/framework/SampleRule.h"
+
+#include <gtest/gtest.h>
+
+using namespace Framework;
+
+namespace
+{
+
+constexpr ValueKey Rules{48, 5};
+constexpr ValueKey Report{112, 1};
+constexpr ValueKey Purge{113, 2};
+
+class ProfileValuesTest : public ::testing::Test
+{
+protected:
+    List Get(const ValueKey& key) const
+    {
+        List list;
+        EXPECT_EQ(m_values.Query(key, list), Success);
+        return list;
+    }
+
+    const RegistrySandbox m_registry;
+    const TemporaryFolder m_folder;
+    ValueStore m_store{m_folder.Path()};
+    ProfileValues m_values{m_store};
+};
+
+} // namespace
+
+TEST_F(ProfileValuesTest, TheFirstValues)
+{
+    EXPECT_EQ(Get(Rules), List());
+    EXPECT_EQ(Get(Report), (List{7u, 0u, 0u}));
+    EXPECT_EQ(Get(Purge), (List{30u, 1u}));
+}
+
+TEST_F(ProfileValuesTest, WhatIsSetIsThere)
+{
+    const List rules{SampleRule(L"a"), SampleRule(L"b")};
+    EXPECT_EQ(m_values.Set(Rules, rules), Success);
+    EXPECT_EQ(m_values.Set(Report, {1u, 2u, 3u}), Success);
+    EXPECT_EQ(m_values.Set(Purge, {14u, 0u}), Success);
+    EXPECT_EQ(Get(Rules), rules);
+    EXPECT_EQ(Get(Report), (List{1u, 2u, 3u}));
+    EXPECT_EQ(ReadPurgeSettings(), (PurgeSettings{14, 0}));
+    EXPECT_EQ(m_values.Set(Rules, {}), Success);
+    EXPECT_EQ(Get(Rules), List());
+}
+
+TEST_F(ProfileValuesTest, EveryElementOfARuleMustHaveItsType)
+{
+    for (std::size_t i = 0; i < 23; ++i)
+    {
+        List rule = SampleRule(L"a");
+        rule[i] = std::uint8_t{1};
+        EXPECT_EQ(m_values.Set(Rules, {rule}), E_INVALIDARG) << i;
+    }
+    EXPECT_EQ(m_store.Get(Rules), std::nullopt);
+}
+
+TEST_F(ProfileValuesTest, BlocksOfARuleMustHaveTheirLength)
+{
+    for (const std::size_t i : {14u, 15u, 20u, 21u, 22u})
+    {
+        List rule = SampleRule(L"a");
+        std::get<List>(rule[i]).pop_back();
+        EXPECT_EQ(m_values.Set(Rules, {rule}), E_INVALIDARG) << i;
+    }
+}
+
+TEST_F(ProfileValuesTest, ListsOfAnotherLengthOrTypeChangeNothing)
+{
+    EXPECT_EQ(m_values.Set(Report, {1u, 2u}), E_INVALIDARG);
+    EXPECT_EQ(m_values.Set(Report, {1u, 2u, 3u, 4u}), E_INVALIDARG);
+    EXPECT_EQ(m_values.Set(Purge, {1u, false}), E_INVALIDARG);
+    EXPECT_EQ(m_values.Set(Rules, {1u}), E_INVALIDARG);
+    EXPECT_EQ(Get(Report), (List{7u, 0u, 0u}));
+    EXPECT_EQ(Get(Purge), (List{30u, 1u}));
+}
+
+TEST_F(ProfileValuesTest, OtherTypesAndSubTypesAreUnknown)
+{
+    List list{5u};
+    for (const ValueKey& key : {ValueKey{112, 2}, ValueKey{113, 1}, ValueKey{48, 4}, ValueKey{0, 1}})
+    {
+        EXPECT_EQ(m_values.Query(key, list), Unknown);
+        EXPECT_EQ(m_values.Set(key, {1u}), Unknown);
+    }
+    EXPECT_EQ(list, (List{5u}));
+}

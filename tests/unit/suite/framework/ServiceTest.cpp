@@ -1,0 +1,112 @@
+#include "suite/framework/Service.h"
+
+#include "suite/database/LogKinds.h"
+#include "suite/framework/PurgeSettings.h"
+#include "tests/unit/suite/framework/Inbox.h"
+#include "tests/unit/suite/framework/ServiceFixture.h"
+
+using namespace Framework;
+using namespace std::chrono_literals;
+
+namespace
+{
+
+using Deletions = EventLogsDouble::Deletions;
+constexpr ValueKey Purge{22, 1};
+
+class ServiceTest : public ServiceFixture
+{
+protected:
+    void Advise(Inbox& inbox)
+    {
+        m_service.Events().Advise(this, __uuidof(IVdFrwkLocalEvents), Suite::ComPtr<IUnknown>(inbox.Sink()));
+    }
+
+    // The day up to which the scheduled purge deletes all kinds; 0 when it does nothing.
+    std::uint32_t ScheduledPurge()
+    {
+        const std::size_t before = m_logs.Done().size();
+        m_service.PurgeIfDue();
+        EXPECT_TRUE(WaitUntilIdle());
+        const Deletions done = m_logs.Done();
+        EXPECT_TRUE(done.size() == before || done.size() == before + EventLog::AllLogKinds().size());
+        return done.size() == before ? 0 : done.back().second;
+    }
+};
+
+} // namespace
+
+TEST_F(ServiceTest, APurgeDeletesTheKindUpToTheDayAndThenRaisesTheEvent)
+{
+    Inbox inbox;
+    Advise(inbox);
+    EXPECT_EQ(m_service.DoCommand(Purge, {20261119u, 0u, 1u}), Success);
+    ASSERT_TRUE(inbox.WaitFor(1));
+    EXPECT_EQ(m_logs.Done(), (Deletions{{2, 20261119}}));
+    EXPECT_EQ(inbox.Events(), (std::vector<std::string>{"4 22 1"}));
+    m_service.Events().UnadviseAll(this);
+    EXPECT_TRUE(inbox.WaitUntilReleased());
+}
+
+TEST_F(ServiceTest, AFailedPurgeRaisesTheEventToo)
+{
+    m_logs.fails = true;
+    Inbox inbox;
+    Advise(inbox);
+    EXPECT_EQ(m_service.DoCommand(Purge, {20261119u, 0u, 1u}), Success);
+    EXPECT_TRUE(inbox.WaitFor(1));
+    m_service.Events().UnadviseAll(this);
+    EXPECT_TRUE(inbox.WaitUntilReleased());
+}
+
+TEST_F(ServiceTest, AnotherCommandOrListDoesNothing)
+{
+    EXPECT_EQ(m_service.DoCommand({22, 2}, {20261119u, 0u, 1u}), Unknown);
+    EXPECT_EQ(m_service.DoCommand({21, 1}, {20261119u, 0u, 1u}), Unknown);
+    EXPECT_EQ(m_service.DoCommand(Purge, {20261119u, 0u}), E_INVALIDARG);
+    EXPECT_TRUE(m_objects.UnusedSince());
+    EXPECT_EQ(m_logs.Done(), Deletions());
+}
+
+TEST_F(ServiceTest, TheScheduledPurgeTakesAllKindsOnceADay)
+{
+    WritePurgeSettings({7, 1});
+    EXPECT_EQ(ScheduledPurge(), 20261112u);
+    EXPECT_EQ(ScheduledPurge(), 0u);
+    m_calendar.today = 2026y / 11 / 21;
+    EXPECT_EQ(ScheduledPurge(), 20261113u);
+}
+
+TEST_F(ServiceTest, TheNextProcessKnowsOfThePurgeOfTheDay)
+{
+    WritePurgeSettings({7, 1});
+    EXPECT_EQ(ScheduledPurge(), 20261112u);
+    ValueStore store(m_folder.Path());
+    Service next(m_objects, store, m_logs, m_calendar, 10s);
+    const std::size_t before = m_logs.Done().size();
+    next.PurgeIfDue();
+    EXPECT_TRUE(WaitUntilIdle());
+    EXPECT_EQ(m_logs.Done().size(), before);
+}
+
+TEST_F(ServiceTest, AFailedScheduledPurgeIsLeftToTheNextProcessOrDay)
+{
+    WritePurgeSettings({7, 1});
+    m_logs.fails = true;
+    EXPECT_EQ(ScheduledPurge(), 20261112u);
+    EXPECT_EQ(ScheduledPurge(), 0u);
+    m_logs.fails = false;
+    Service next(m_objects, m_store, m_logs, m_calendar, 10s);
+    const std::size_t before = m_logs.Done().size();
+    next.PurgeIfDue();
+    EXPECT_TRUE(WaitUntilIdle());
+    EXPECT_GT(m_logs.Done().size(), before);
+}
+
+TEST_F(ServiceTest, TheScheduledPurgeFollowsTheSettingsOfTheMoment)
+{
+    WritePurgeSettings({7, 0});
+    EXPECT_EQ(ScheduledPurge(), 0u);
+    EXPECT_EQ(m_service.Profile().Set({113, 2}, {60u, 1u}), Success);
+    EXPECT_EQ(ScheduledPurge(), 20260920u);
+}

@@ -1,0 +1,85 @@
+#include "suite/framework/ValueStore.h"
+
+#include "platform/dialog/UniqueHandle.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <system_error>
+
+using namespace Framework;
+
+namespace
+{
+
+constexpr ValueKey Key{112, 1};
+
+class ValueStoreTest : public ::testing::Test
+{
+protected:
+    bool Exists(const wchar_t* name) const { return std::filesystem::exists(m_folder.Path() / name); }
+
+    const TemporaryFolder m_folder;
+};
+
+} // namespace
+
+TEST_F(ValueStoreTest, WithoutAFileThereIsNoValue)
+{
+    EXPECT_EQ(ValueStore(m_folder.Path()).Get(Key), std::nullopt);
+    EXPECT_FALSE(Exists(ValueStore::FileName));
+}
+
+TEST_F(ValueStoreTest, ValuesAreFoundByTheNextStore)
+{
+    {
+        ValueStore store(m_folder.Path());
+        store.Set(Key, {1u});
+        store.Set({113, 2}, {true});
+        store.Set(Key, {2u});
+        EXPECT_EQ(store.Get(Key), (List{2u}));
+    }
+    const ValueStore again(m_folder.Path());
+    EXPECT_EQ(again.Get(Key), (List{2u}));
+    EXPECT_EQ(again.Get({113, 2}), (List{true}));
+    EXPECT_EQ(again.Get({113, 1}), std::nullopt);
+}
+
+TEST_F(ValueStoreTest, ADamagedFileIsSetAsideAndTheStoreGoesOn)
+{
+    ValueStore(m_folder.Path()).Set(Key, {1u});
+    const std::string bytes = ReadBytes(m_folder.File(ValueStore::FileName));
+    const std::string half = bytes.substr(0, bytes.size() / 2);
+    WriteBytes(m_folder.File(ValueStore::FileName), half);
+
+    ValueStore store(m_folder.Path());
+    EXPECT_EQ(store.Get(Key), std::nullopt);
+    EXPECT_FALSE(Exists(ValueStore::FileName));
+    EXPECT_EQ(ReadBytes(m_folder.File(ValueStore::DamagedName)), half);
+
+    store.Set(Key, {3u});
+    EXPECT_EQ(ValueStore(m_folder.Path()).Get(Key), (List{3u}));
+}
+
+TEST_F(ValueStoreTest, AFileThatCannotBeReadIsNoDamage)
+{
+    ValueStore(m_folder.Path()).Set(Key, {1u});
+    const std::wstring path = m_folder.File(ValueStore::FileName);
+    const UniqueFile other(
+        CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(other);
+    EXPECT_THROW(ValueStore(m_folder.Path()), std::system_error);
+    EXPECT_FALSE(Exists(ValueStore::DamagedName));
+}
+
+TEST_F(ValueStoreTest, AValueThatCannotBeWrittenIsNotKept)
+{
+    ValueStore store(m_folder.Path());
+    store.Set(Key, {1u});
+    std::filesystem::create_directory(m_folder.Path() / L"Framework.new"); // where the new file would be written
+    EXPECT_THROW(store.Set(Key, {2u}), std::system_error);
+    EXPECT_EQ(store.Get(Key), (List{1u}));
+    EXPECT_EQ(ValueStore(m_folder.Path()).Get(Key), (List{1u}));
+}
