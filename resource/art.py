@@ -2,17 +2,22 @@
 """Turns the drawings of art/ into the images of the language file.
 
 usage: art.py ART_FOLDER OUTPUT_FOLDER
+       art.py --list                      the names of the images, with ; between them
 
 Needs rsvg-convert (Debian: librsvg2-bin). Each row of IMAGES names one image, how it is made, and its drawings.
+A drawing names its colours, as @accent; art/palette.tsv holds them all.
 """
 
 import pathlib
+import re
 import struct
 import subprocess
 import sys
 import zlib
 
 WHITE = (255, 255, 255)  # the mask colour of the bitmaps
+KEY = (0, 255, 0)  # the hole in the pictures of caption buttons
+BYTES_OF_PIXEL = {2: 3, 6: 4}  # of the colour types of a PNG: without and with alpha
 OPAQUE = 128  # from this alpha on a pixel of a masked bitmap belongs to the drawing
 
 
@@ -26,33 +31,56 @@ class Picture:
         self.height = len(rows)
 
 
-def unfiltered(data, width, height):
-    """The bytes of a PNG's rows of four bytes a pixel, without the filters of the file format."""
-    stride, above = width * 4, bytearray(width * 4)
-    for y in range(height):
-        kind, line = data[y * (stride + 1)], bytearray(data[y * (stride + 1) + 1:(y + 1) * (stride + 1)])
+def unfiltered(data, stride, step):
+    """The rows of a PNG, of stride bytes with step bytes a pixel, without the filters of the file format."""
+    above = bytearray(stride)
+    for at in range(0, len(data), stride + 1):
+        kind, line = data[at], bytearray(data[at + 1:at + 1 + stride])
         for x in range(stride):
-            left, up, corner = (line[x - 4], above[x], above[x - 4]) if x >= 4 else (0, above[x], 0)
+            left, up, corner = (line[x - step], above[x], above[x - step]) if x >= step else (0, above[x], 0)
             nearest = min((left, up, corner), key=lambda value: abs(left + up - corner - value))
             line[x] = (line[x] + (0, left, up, (left + up) // 2, nearest)[kind]) & 255
         yield line
         above = line
 
 
-def drawn(svg, size):
+COLOUR = re.compile(r"""\b(fill|stroke|stop-color|color|style)=["']([^"']*)["']""")
+
+
+def read_palette(source):
+    """The colours of palette.tsv, as #rrggbb, by their names."""
+    rows = pathlib.Path(source, "palette.tsv").read_text(encoding="utf-8").splitlines()[1:]
+    return {name: colour for name, colour, _ in (row.split("\t") for row in rows)}
+
+
+def coloured(svg, palette):
+    """The text of a drawing with its colours in the place of their names."""
+    def colour(match):
+        attribute, value = match.groups()
+        if value == "none":
+            return match[0]
+        if attribute == "style" or not value.startswith("@") or value[1:] not in palette:
+            raise ValueError(f"{svg.name}: {match[0]}: name a colour of palette.tsv, as fill=\"@accent\"")
+        return f'{attribute}="{palette[value[1:]]}"'
+    return COLOUR.sub(colour, svg.read_text(encoding="utf-8"))
+
+
+def drawn(svg, size, palette):
     """A drawing at a width of `size` pixels."""
-    png = subprocess.run(["rsvg-convert", "--width", str(size), "--keep-aspect-ratio", svg],
-                         stdout=subprocess.PIPE, check=True).stdout
-    width, height, depth, colours, _, _, interlaced = struct.unpack(">IIBBBBB", png[16:29])
-    if (depth, colours, interlaced) != (8, 6, 0):
-        raise ValueError(f"{svg}: not drawn as plain pixels of four bytes")
+    png = subprocess.run(["rsvg-convert", "--width", str(size), "--keep-aspect-ratio"],
+                         input=coloured(svg, palette).encode(), stdout=subprocess.PIPE, check=True).stdout
+    width, _, depth, colours, _, _, interlaced = struct.unpack(">IIBBBBB", png[16:29])
+    if depth != 8 or colours not in BYTES_OF_PIXEL or interlaced:
+        raise ValueError(f"{svg}: not drawn as plain pixels")
+    step = BYTES_OF_PIXEL[colours]
     data, at = b"", 8
     while at < len(png):
         length, kind = struct.unpack(">I4s", png[at:at + 8])
         data += png[at + 8:at + 8 + length] if kind == b"IDAT" else b""
         at += length + 12
-    lines = unfiltered(zlib.decompress(data), width, height)
-    return Picture([[tuple(line[x:x + 4]) for x in range(0, width * 4, 4)] for line in lines], png)
+    lines = unfiltered(zlib.decompress(data), width * step, step)
+    opacity = (255,) * (4 - step)
+    return Picture([[tuple(line[x:x + step]) + opacity for x in range(0, width * step, step)] for line in lines], png)
 
 
 def flattened(picture, name):
@@ -73,14 +101,33 @@ def bitmap_file(width, height, depth, table, pixels):
     return struct.pack("<2sIHHI", b"BM", start + len(pixels), 0, 0, start) + info + table + pixels
 
 
-def strip(pictures, names):
-    """A bitmap of 24 bits, the pictures side by side."""
-    rows = [sum(parts, []) for parts in zip(*(flattened(*each) for each in zip(pictures, names)))]
+def bitmap24(rows):
     pixels = b"".join(padded(b"".join(bytes(reversed(pixel)) for pixel in row)) for row in reversed(rows))
     return bitmap_file(len(rows[0]), len(rows), 24, b"", pixels)
 
 
-def mapped(pictures, names):
+def strip(pictures, names, _):
+    """A bitmap of 24 bits, the pictures side by side; what is not drawn is white."""
+    return bitmap24([sum(parts, []) for parts in zip(*(flattened(*each) for each in zip(pictures, names)))])
+
+
+def opaque(pictures, names, _):
+    """A bitmap of 24 bits that is drawn all over."""
+    if any(pixel[3] != 255 for row in pictures[0].rows for pixel in row):
+        raise ValueError(f"{names[0]}: draw a ground below it, since nothing is to show through")
+    return bitmap24([[pixel[:3] for pixel in row] for row in pictures[0].rows])
+
+
+def keyed(pictures, _, palette):
+    """A bitmap of 24 bits for the title bar: what is not drawn has the key colour, edges are mixed with the bar's."""
+    title = bytes.fromhex(palette["title"][1:])
+
+    def mixed(pixel):
+        return tuple((part * pixel[3] + below * (255 - pixel[3])) // 255 for part, below in zip(pixel[:3], title))
+    return bitmap24([[mixed(pixel) if pixel[3] else KEY for pixel in row] for row in pictures[0].rows])
+
+
+def mapped(pictures, names, _):
     """A bitmap of 16 colours, black (0) and white (15): colours are mapped in a table only."""
     rows = flattened(pictures[0], names[0])
     indices = [[0 if pixel == (0, 0, 0) else 15 for pixel in row] + [0] * (len(row) % 2) for row in rows]
@@ -111,11 +158,11 @@ def icon_file(kind, pictures, field_a, field_b):
     return struct.pack("<HHH", 0, kind, len(bits)) + entries + b"".join(bits)
 
 
-def icon(pictures, _):
+def icon(pictures, *_):
     return icon_file(1, pictures, 1, 32)
 
 
-def hand_cursor(pictures, _):
+def hand_cursor(pictures, *_):
     return icon_file(2, pictures, 9, 0)
 
 
@@ -123,22 +170,51 @@ def hand_cursor(pictures, _):
 IMAGES = [
     ("log-icons.bmp", strip, [(f"log-{name}.svg", 16)
                               for name in ("clean", "handled", "failed", "unhandled", "detected", "unknown")]),
+    ("firewall-icons.bmp", strip, [(f"{name}.svg", 16)
+                                   for name in ("firewall-blocked", "firewall-attack", "log-unhandled",
+                                                "firewall-allowed", "log-unknown")]),
+    ("background.bmp", opaque, [("background.svg", 16)]),
+    ("frame-top.bmp", opaque, [("frame-top.svg", 800)]),
+    ("frame-left.bmp", opaque, [("frame-left.svg", 8)]),
+    ("frame-right.bmp", opaque, [("frame-right.svg", 8)]),
+    ("frame-bottom.bmp", opaque, [("frame-bottom.svg", 16)]),
+    ("corner-top-left.bmp", strip, [("corner-top-left.svg", 8)]),
+    ("corner-top-right.bmp", strip, [("corner-top-right.svg", 8)]),
+    ("corner-bottom-left.bmp", strip, [("corner-bottom-left.svg", 8)]),
+    ("corner-bottom-right.bmp", strip, [("corner-bottom-right.svg", 8)]),
+    ("button-face.bmp", opaque, [("button-face.svg", 27)]),
+    ("tab.bmp", opaque, [("tab.svg", 110)]),
+    ("tab-selected.bmp", opaque, [("tab-selected.svg", 110)]),
+    ("close.bmp", keyed, [("close.svg", 28)]),
+    ("close-hot.bmp", opaque, [("close-hot.svg", 28)]),
+    ("minimise.bmp", keyed, [("minimise.svg", 28)]),
+    ("minimise-hot.bmp", opaque, [("minimise-hot.svg", 28)]),
     ("arrow-up.bmp", mapped, [("arrow-up.svg", 9)]),
     ("arrow-down.bmp", mapped, [("arrow-down.svg", 9)]),
     ("kestrix.ico", icon, [("kestrix-small.svg", 16), ("kestrix.svg", 24), ("kestrix-small.svg", 32),
                            ("kestrix.svg", 48), ("kestrix.svg", 256)]),
+    ("help.ico", icon, [("help.svg", 16), ("help.svg", 24), ("help.svg", 32)]),
     ("hand.cur", hand_cursor, [("hand.svg", 32)]),
 ]
 
 
 def main(source, target):
     pathlib.Path(target).mkdir(parents=True, exist_ok=True)
+    palette = read_palette(source)
     for file, make, drawings in IMAGES:
-        pictures = [drawn(pathlib.Path(source, name), size) for name, size in drawings]
-        pathlib.Path(target, file).write_bytes(make(pictures, [name for name, _ in drawings]))
+        pictures = [drawn(pathlib.Path(source, name), size, palette) for name, size in drawings]
+        pathlib.Path(target, file).write_bytes(make(pictures, [name for name, _ in drawings], palette))
+
+
+def images():
+    """The names of the files that are made, for the build."""
+    print(";".join(file for file, _, _ in IMAGES), end="")
 
 
 if __name__ == "__main__":
-    if len(sys.argv) != 3:
+    if sys.argv[1:] == ["--list"]:
+        images()
+    elif len(sys.argv) == 3:
+        main(*sys.argv[1:])
+    else:
         sys.exit(__doc__)
-    main(*sys.argv[1:])

@@ -7,10 +7,29 @@
 #define IDD_LOG_PAGE 102
 
 // Images
+#define IDB_BACKGROUND 129
 #define IDB_LOG_ICONS 134
+#define IDB_FIREWALL_ICONS 173
+#define IDB_FRAME_TOP 183
+#define IDB_FRAME_LEFT 179
+#define IDB_FRAME_RIGHT 181
+#define IDB_FRAME_BOTTOM 178
+#define IDB_CORNER_TOP_LEFT 184
+#define IDB_CORNER_TOP_RIGHT 185
+#define IDB_CORNER_BOTTOM_LEFT 180
+#define IDB_CORNER_BOTTOM_RIGHT 182
+#define IDB_BUTTON_FACE 189
+#define IDB_TAB 191
+#define IDB_TAB_SELECTED 190
+#define IDB_CLOSE 195
+#define IDB_CLOSE_HOT 196
+#define IDB_DIALOG_CLOSE_HOT 210
+#define IDB_MINIMISE 197
+#define IDB_MINIMISE_HOT 198
 #define IDB_ARROW_UP 205
 #define IDB_ARROW_DOWN 206
 #define IDI_KESTRIX 128
+#define IDI_HELP_BUTTON 199
 #define IDC_HAND_CURSOR 172
 
 // Controls of the form
@@ -57,6 +76,7 @@
 
 // Texts: the application and the form
 #define IDS_FORM_TITLE 80
+#define IDS_TOO_MANY_VIEWERS 189
 
 // Texts: the viewer page
 #define IDS_HEADING_DATES 546
@@ -65,6 +85,7 @@
 #define IDS_NOT_A_LOG_FILE 167
 #define IDS_NO_LOG_FILE 188
 #define IDS_ONLY_THIS_FILE 766
+#define IDS_THREAT_ADDRESS 54
 
 // Texts: entries of the log choice that are not the title of the log
 #define IDS_CHOICE_VIRUS 157

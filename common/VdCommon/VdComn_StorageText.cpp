@@ -1,5 +1,6 @@
 #include "common/VdCommon/VdComn_StorageText.h"
 
+#include "common/VdCommon/VdComn_FolderName.h"
 #include "common/VdCommon/VdComn_Storage.h"
 
 #include <exception>
@@ -14,12 +15,7 @@ std::wstring TextOf(const wchar_t* text)
 
 std::wstring JoinPath(const wchar_t* first, const wchar_t* second)
 {
-    std::wstring path = TextOf(first);
-    if (!path.empty() && path.back() != L'\\')
-    {
-        path += L'\\';
-    }
-    return path += TextOf(second);
+    return WithSeparator(TextOf(first)) + TextOf(second);
 }
 
 std::wstring AllocateText(std::size_t characters)

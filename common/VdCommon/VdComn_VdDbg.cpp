@@ -1,5 +1,7 @@
 #include "common/VdCommon/VdComn_VdDbg.h"
 
+#include "common/VdCommon/VdComn_FolderName.h"
+
 #include <utility>
 
 namespace VdCommon::Library
@@ -14,13 +16,7 @@ constexpr wchar_t FileName[] = L"VdDbg64.dll";
 
 bool VdDbg::Load(const std::wstring& folder)
 {
-    std::wstring path = folder;
-    if (!path.empty() && path.back() != L'\\')
-    {
-        path += L'\\';
-    }
-    path += FileName;
-    return InitializeLibrary(path, nullptr);
+    return InitializeLibrary(WithSeparator(folder) + FileName, nullptr);
 }
 
 bool VdDbg::Bind(bool load, std::uint32_t* error)

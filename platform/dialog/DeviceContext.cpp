@@ -28,3 +28,22 @@ CMemDC::~CMemDC()
              m_part.left, m_part.top, SRCCOPY);
     ::SelectObject(m_hDC, m_hOldBitmap);
 }
+
+void FillSolidRect(HDC dc, const RECT& rect, COLORREF colour) noexcept
+{
+    const COLORREF before = ::SetDCBrushColor(dc, colour);
+    ::FillRect(dc, &rect, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
+    ::SetDCBrushColor(dc, before);
+}
+
+void Draw3dRect(HDC dc, const RECT& rect, COLORREF topLeft, COLORREF bottomRight) noexcept
+{
+    if (::IsRectEmpty(&rect))
+    {
+        return; // the edges would lie outside
+    }
+    FillSolidRect(dc, {rect.left, rect.top, rect.right - 1, rect.top + 1}, topLeft);
+    FillSolidRect(dc, {rect.left, rect.top, rect.left + 1, rect.bottom - 1}, topLeft);
+    FillSolidRect(dc, {rect.right - 1, rect.top, rect.right, rect.bottom}, bottomRight);
+    FillSolidRect(dc, {rect.left, rect.bottom - 1, rect.right, rect.bottom}, bottomRight);
+}

@@ -103,6 +103,32 @@ private:
     const HGDIOBJ m_hOld;
 };
 
+// Selects a palette into a device context, and the one before when the scope ends. inBackground: the colours of the
+// window in front go first.
+class CSelectPalette
+{
+public:
+    CSelectPalette(HDC dc, HPALETTE palette, bool inBackground) noexcept
+        : m_hDC(dc), m_hOld(::SelectPalette(dc, palette, inBackground))
+    {
+    }
+
+    ~CSelectPalette()
+    {
+        if (m_hOld != nullptr)
+        {
+            ::SelectPalette(m_hDC, m_hOld, TRUE);
+        }
+    }
+
+    CSelectPalette(const CSelectPalette&) = delete;
+    CSelectPalette& operator=(const CSelectPalette&) = delete;
+
+private:
+    const HDC m_hDC;
+    const HPALETTE m_hOld;
+};
+
 // Everything that is set in a device context (objects, colours, modes, clipping) is as before when the scope ends.
 class CSaveDC
 {
@@ -118,3 +144,9 @@ private:
     const HDC m_hDC;
     const int m_nState;
 };
+
+// Fills a rectangle with one colour; the context's own brush stays as it is.
+void FillSolidRect(HDC dc, const RECT& rect, COLORREF colour) noexcept;
+
+// The frame of one pixel inside of the rectangle's edges. The corners bottom left and top right have the second colour.
+void Draw3dRect(HDC dc, const RECT& rect, COLORREF topLeft, COLORREF bottomRight) noexcept;

@@ -27,15 +27,19 @@
 // Texts are std::wstring; handles of windows stay HWND. <windowsx.h> is not to be included: its macros take the names
 //   of members.
 
+#include "platform/dialog/ComAdvise.h"
+#include "platform/dialog/ComPtr.h"
 #include "platform/dialog/Controls.h"
 #include "platform/dialog/DeviceContext.h"
 #include "platform/dialog/Dialog.h"
 #include "platform/dialog/Exceptions.h"
 #include "platform/dialog/GdiObjects.h"
+#include "platform/dialog/IconResource.h"
 #include "platform/dialog/ImageList.h"
 #include "platform/dialog/ModuleState.h"
 #include "platform/dialog/Ole.h"
 #include "platform/dialog/OleDateTime.h"
 #include "platform/dialog/ResourceNumber.h"
+#include "platform/dialog/Semaphore.h"
 #include "platform/dialog/UniqueHandle.h"
 #include "platform/dialog/WinApp.h"

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/dialog/OleMessageFilter.h"
+
 #include <windows.h>
 
 #include <array>
@@ -30,8 +32,9 @@ struct FrameworkState
 
     std::unordered_map<HWND, SubclassedWindow> subclassedWindows;
 
-    CWinApp* pApp = nullptr;   // not owned
-    bool bOleOpen = false;     // AfxOleInit is to be undone
+    CWinApp* pApp = nullptr; // not owned
+    bool bOleOpen = false;   // AfxOleInit is to be undone
+    COleMessageFilter oleMessageFilter;
     bool bReportShown = false; // a box with an exception's text stands
 };
 

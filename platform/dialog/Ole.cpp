@@ -7,9 +7,18 @@
 BOOL AfxOleInit()
 {
     FrameworkState& state = GetFrameworkState();
-    if (!state.bOleOpen)
+    if (state.bOleOpen)
     {
-        state.bOleOpen = SUCCEEDED(OleInitialize(nullptr));
+        return TRUE;
+    }
+    if (FAILED(OleInitialize(nullptr)))
+    {
+        return FALSE;
+    }
+    state.bOleOpen = true;
+    if (!state.oleMessageFilter.Register())
+    {
+        AfxOleTerm();
     }
     return state.bOleOpen;
 }
@@ -20,6 +29,12 @@ void AfxOleTerm() noexcept
     if (state.bOleOpen)
     {
         state.bOleOpen = false;
+        state.oleMessageFilter.Revoke();
         OleUninitialize();
     }
+}
+
+COleMessageFilter& AfxOleGetMessageFilter() noexcept
+{
+    return GetFrameworkState().oleMessageFilter;
 }

@@ -42,6 +42,7 @@ enum class HandleKind : std::size_t
     Kernel,
     File,
     Find,
+    Interface,
     Count,
 };
 

@@ -30,6 +30,7 @@ public:
     std::wstring m_pszAppName;
     std::wstring m_strCmdLine;   // behind the program's name, as wWinMain gets it
     CWnd* m_pMainWnd = nullptr;  // not owned
+    DWORD m_nThreadID = 0;       // of the user interface, once that has started
     int m_nShow = SW_SHOWNORMAL; // how the main window is to appear
     int m_nExitCode = 0;         // of Run; 0 when InitInstance gave FALSE, -1 when one of them threw
 };

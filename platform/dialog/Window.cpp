@@ -79,6 +79,12 @@ void CWindow::RedrawWindow(UINT flags)
     }
 }
 
+bool CWindow::TrackMouseLeave() const
+{
+    TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, m_hWnd, 0};
+    return ::TrackMouseEvent(&track);
+}
+
 void CWindow::SetFont(HFONT font, bool redraw)
 {
     SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(font), redraw);

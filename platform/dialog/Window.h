@@ -63,6 +63,9 @@ public:
 
     void RedrawWindow(UINT flags = RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
 
+    // Has the system post WM_MOUSELEAVE once, when the pointer has left the client area. False when it refuses.
+    bool TrackMouseLeave() const;
+
     void SetRedraw(bool redraw = true) { SendMessage(WM_SETREDRAW, redraw); }
 
     HFONT GetFont() const { return reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)); } // stays the window's

@@ -67,7 +67,7 @@ testing::AssertionResult Failed(const Picture& picture, const std::string& name)
     WritePng(actual, picture);
     return testing::AssertionFailure()
            << "Look at it with tools/update-pictures, which takes it over when it is right. The picture: "
-           << actual.string() << "\n";
+           << actual.generic_string() << "\n";
 }
 
 } // namespace
@@ -80,7 +80,7 @@ testing::AssertionResult IsKeptPicture(const Picture& picture, const std::string
     const Path path = InSuite(KESTRIX_KEPT_PICTURES, name + ".png");
     if (!exists(path))
     {
-        return Failed(picture, name) << "No picture is kept as " << path.string();
+        return Failed(picture, name) << "No picture is kept as " << path.generic_string();
     }
     const Picture kept = ReadPng(path);
     if (kept == picture)
@@ -91,7 +91,7 @@ testing::AssertionResult IsKeptPicture(const Picture& picture, const std::string
     auto failed = Failed(picture, name);
     WritePng(map, difference.map);
     const RECT& at = difference.place;
-    return failed << difference.count << " pixels differ from " << path.string() << ", within " << at.left << ", "
-                  << at.top << " to " << at.right << ", " << at.bottom << "; it has " << kept.Width() << " by "
+    return failed << difference.count << " pixels differ from " << path.generic_string() << ", within " << at.left
+                  << ", " << at.top << " to " << at.right << ", " << at.bottom << "; it has " << kept.Width() << " by "
                   << kept.Height() << " pixels, the new one " << picture.Width() << " by " << picture.Height();
 }

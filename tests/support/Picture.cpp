@@ -104,6 +104,19 @@ std::size_t Picture::Index(int x, int y) const
     return static_cast<std::size_t>(y) * m_nWidth + x;
 }
 
+Picture Picture::Part(const RECT& part) const
+{
+    Picture copy(part.right - part.left, part.bottom - part.top, 0);
+    for (int y = 0; y < copy.Height(); ++y)
+    {
+        for (int x = 0; x < copy.Width(); ++x)
+        {
+            copy.Set(x, y, At(part.left + x, part.top + y));
+        }
+    }
+    return copy;
+}
+
 Picture PictureOf(HWND window)
 {
     const RECT place = CWindow(window).GetWindowRect();

@@ -34,6 +34,9 @@ public:
 
     void Set(int x, int y, COLORREF colour) { m_arrPixels.at(Index(x, y)) = colour; }
 
+    // A part of it; throws std::out_of_range when it is not all inside.
+    Picture Part(const RECT& part) const;
+
     bool operator==(const Picture&) const = default;
 
 private:

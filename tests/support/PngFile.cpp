@@ -1,23 +1,27 @@
 #include "tests/support/PngFile.h"
 
+#include "platform/dialog/ComPtr.h"
+
 #include <wincodec.h>
 
-#include <memory>
 #include <sstream>
 #include <stdexcept>
 
 namespace
 {
 
-constexpr std::size_t BytesPerPixel = 3; // blue, green, red
+constexpr UINT BytesPerPixel = 3; // blue, green, red
 
-struct Releaser
+void Check(HRESULT status, const std::filesystem::path& path)
 {
-    void operator()(IUnknown* object) const { object->Release(); }
-};
-
-template <class Interface>
-using ComPointer = std::unique_ptr<Interface, Releaser>;
+    if (FAILED(status))
+    {
+        std::ostringstream text;
+        text << path.string() << " is no picture or cannot be written: status 0x" << std::hex
+             << static_cast<unsigned long>(status);
+        throw std::runtime_error(text.str());
+    }
+}
 
 // The COM library for the life of the object, and the factory of the picture codecs.
 class CodecFactory
@@ -25,12 +29,7 @@ class CodecFactory
 public:
     CodecFactory() : m_initialised(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))
     {
-        IWICImagingFactory* factory = nullptr;
-        if (SUCCEEDED(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
-                                       __uuidof(IWICImagingFactory), reinterpret_cast<void**>(&factory))))
-        {
-            m_factory.reset(factory);
-        }
+        Check(m_factory.CoCreateInstance(CLSID_WICImagingFactory), "the system's picture codec");
     }
 
     ~CodecFactory()
@@ -45,39 +44,12 @@ public:
     CodecFactory(const CodecFactory&) = delete;
     CodecFactory& operator=(const CodecFactory&) = delete;
 
-    IWICImagingFactory* operator->() const
-    {
-        if (m_factory == nullptr)
-        {
-            throw std::runtime_error("the system has no picture codecs");
-        }
-        return m_factory.get();
-    }
+    IWICImagingFactory* operator->() const { return m_factory.get(); }
 
 private:
     const HRESULT m_initialised;
-    ComPointer<IWICImagingFactory> m_factory;
+    CComPtr<IWICImagingFactory> m_factory;
 };
-
-void Check(HRESULT status, const std::filesystem::path& path)
-{
-    if (FAILED(status))
-    {
-        std::ostringstream text;
-        text << path.string() << " is no picture or cannot be written: status 0x" << std::hex
-             << static_cast<unsigned long>(status);
-        throw std::runtime_error(text.str());
-    }
-}
-
-// What a call puts at an address: Take<IWICStream>(path, [&](IWICStream** address) { return call(address); }).
-template <class Interface>
-ComPointer<Interface> Take(const std::filesystem::path& path, const auto& call)
-{
-    Interface* object = nullptr;
-    Check(call(&object), path);
-    return ComPointer<Interface>(object);
-}
 
 std::vector<BYTE> BytesOf(const Picture& picture)
 {
@@ -94,22 +66,33 @@ std::vector<BYTE> BytesOf(const Picture& picture)
     return bytes;
 }
 
+Picture PictureFrom(int width, int height, const std::vector<BYTE>& bytes)
+{
+    Picture picture(width, height, 0);
+    const BYTE* next = bytes.data();
+    for (int y = 0; y < height; ++y)
+    {
+        for (int x = 0; x < width; ++x, next += BytesPerPixel)
+        {
+            picture.Set(x, y, RGB(next[2], next[1], next[0]));
+        }
+    }
+    return picture;
+}
+
 } // namespace
 
 Picture ReadPng(const std::filesystem::path& path)
 {
     const CodecFactory factory;
-    const auto decoder =
-        Take<IWICBitmapDecoder>(path,
-                                [&](IWICBitmapDecoder** address)
-                                {
-                                    return factory->CreateDecoderFromFilename(path.c_str(), nullptr, GENERIC_READ,
-                                                                              WICDecodeMetadataCacheOnDemand, address);
-                                });
-    const auto frame = Take<IWICBitmapFrameDecode>(path, [&](IWICBitmapFrameDecode** address)
-                                                   { return decoder->GetFrame(0, address); });
-    const auto converter = Take<IWICFormatConverter>(path, [&](IWICFormatConverter** address)
-                                                     { return factory->CreateFormatConverter(address); });
+    CComPtr<IWICBitmapDecoder> decoder;
+    Check(factory->CreateDecoderFromFilename(path.c_str(), nullptr, GENERIC_READ, WICDecodeMetadataCacheOnDemand,
+                                             decoder.put()),
+          path);
+    CComPtr<IWICBitmapFrameDecode> frame;
+    Check(decoder->GetFrame(0, frame.put()), path);
+    CComPtr<IWICFormatConverter> converter;
+    Check(factory->CreateFormatConverter(converter.put()), path);
     Check(converter->Initialize(frame.get(), GUID_WICPixelFormat24bppBGR, WICBitmapDitherTypeNone, nullptr, 0,
                                 WICBitmapPaletteTypeCustom),
           path);
@@ -118,30 +101,20 @@ Picture ReadPng(const std::filesystem::path& path)
     Check(converter->GetSize(&width, &height), path);
     std::vector<BYTE> bytes(std::size_t{width} * height * BytesPerPixel);
     Check(converter->CopyPixels(nullptr, width * BytesPerPixel, static_cast<UINT>(bytes.size()), bytes.data()), path);
-
-    Picture picture(static_cast<int>(width), static_cast<int>(height), 0);
-    const BYTE* next = bytes.data();
-    for (int y = 0; y < picture.Height(); ++y)
-    {
-        for (int x = 0; x < picture.Width(); ++x, next += BytesPerPixel)
-        {
-            picture.Set(x, y, RGB(next[2], next[1], next[0]));
-        }
-    }
-    return picture;
+    return PictureFrom(static_cast<int>(width), static_cast<int>(height), bytes);
 }
 
 void WritePng(const std::filesystem::path& path, const Picture& picture)
 {
     const CodecFactory factory;
-    const auto stream = Take<IWICStream>(path, [&](IWICStream** address) { return factory->CreateStream(address); });
+    CComPtr<IWICStream> stream;
+    Check(factory->CreateStream(stream.put()), path);
     Check(stream->InitializeFromFilename(path.c_str(), GENERIC_WRITE), path);
-    const auto encoder =
-        Take<IWICBitmapEncoder>(path, [&](IWICBitmapEncoder** address)
-                                { return factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, address); });
+    CComPtr<IWICBitmapEncoder> encoder;
+    Check(factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, encoder.put()), path);
     Check(encoder->Initialize(stream.get(), WICBitmapEncoderNoCache), path);
-    const auto frame = Take<IWICBitmapFrameEncode>(path, [&](IWICBitmapFrameEncode** address)
-                                                   { return encoder->CreateNewFrame(address, nullptr); });
+    CComPtr<IWICBitmapFrameEncode> frame;
+    Check(encoder->CreateNewFrame(frame.put(), nullptr), path);
     Check(frame->Initialize(nullptr), path);
     Check(frame->SetSize(picture.Width(), picture.Height()), path);
     WICPixelFormatGUID format = GUID_WICPixelFormat24bppBGR;

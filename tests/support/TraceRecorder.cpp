@@ -72,13 +72,13 @@ std::vector<std::wstring> TraceRecorder::Texts() const
 
 void TraceRecorder::Clear()
 {
-    m_calls->lines.clear();
+    m_calls = FreshCalls(m_module.get()); // there, since the library has a heap of its own
 }
 
 // A line is date, time, identifiers, tag, <module>, text, place, line end.
 std::vector<std::wstring> TraceRecorder::TextsWithTag(const std::wstring& tag) const
 {
-    const std::wregex form(L"\\S+ \\S+ \\S+ (?:" + tag + L") <test> ([^]*) - \\S+\\(\\d+\\)\r\n");
+    const std::wregex form(L"\\S+ \\S+ \\S+ (?:" + tag + L") <\\S+> ([^]*) - \\S+\\(\\d+\\)\r\n");
     std::vector<std::wstring> texts;
     for (const std::wstring& line : m_calls->lines)
     {

@@ -19,8 +19,6 @@ constexpr std::wstring_view Separator = L"%|";
 constexpr wchar_t LocalTarget[] = L"LocalLog";
 constexpr std::size_t TargetLimit = 18;
 
-constexpr std::uint32_t DefaultReportSpan = 7;
-
 enum FieldIndex
 {
     TargetField,
@@ -99,10 +97,4 @@ std::uint32_t CKestrixApp::GetLogTypeFromCommandLine(const std::wstring& text)
 {
     const auto row = std::ranges::find(CommandCodes, VdCommon::WideToInteger(text), &CommandCode::code);
     return row == std::end(CommandCodes) ? LogTypeNone : row->logType;
-}
-
-std::uint32_t CKestrixApp::GetReportSpan()
-{
-    VD_TRACE(Flow, L"[Enter] CKestrixApp::GetReportSpan()...");
-    return DefaultReportSpan;
 }

@@ -1,8 +1,11 @@
 #include "framework/ui/kestrix/app/Kestrix.h"
 
+#include "common/Frwk_Utility.h"
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "common/VdCommon/VdComn_Storage.h"
+#include "framework/ui/kestrix/app/KestrixEventSinkObject.h"
 #include "framework/ui/kestrix/app/LogFormDlg.h"
+#include "framework/ui/kestrix/app/ViewerWindow.h"
 
 #include <commctrl.h>
 
@@ -14,44 +17,108 @@ constexpr wchar_t AppName[] = L"Kestrix";
 constexpr wchar_t TraceKey[] = L"Software\\Veldrane\\Zeptara\\17\\DebugLog";
 constexpr wchar_t TraceLibraryFolder[] = L".\\";
 
+constexpr DWORD RetryForEver = static_cast<DWORD>(-1);
+
 } // namespace
 
 CKestrixApp::CKestrixApp() : CWinApp(AppName) {}
 
+CKestrixApp::~CKestrixApp() = default;
+
 BOOL CKestrixApp::InitInstance()
 {
-    if (!m_MuiResource.Load())
-    {
-        OutputDebugStringW(L"Failed to load MUI resource");
-        return FALSE;
-    }
-    AfxSetResourceHandle(m_MuiResource.Module());
-
-    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
-    InitCommonControlsEx(&controls);
-    CWinApp::InitInstance();
-    if (!AfxOleInit())
+    if (!LoadResources() || !StartUserInterface())
     {
         return FALSE;
     }
     VdCommon::DebugLog::Instance().Initialize(AppName, VdCommon::Storage::Key::InRegistry(HKEY_LOCAL_MACHINE, TraceKey),
                                               TraceLibraryFolder);
     VD_TRACE(Flow, L"[InitInstance] ...Enter...");
-
+    if (!CheckInstance())
+    {
+        VD_TRACE(Info, L"[InitInstance] Failed, Instance has already existed");
+        BringForward(FindViewerWindow());
+        return FALSE;
+    }
     VD_TRACE(Info, L"cmd param: [%s]", m_strCmdLine);
     if (!ParseCommandLine())
     {
         VD_TRACE(Error, L"[InitInstance] Invalid Command Line: [%s]", m_strCmdLine);
         return FALSE;
     }
+    if (!InitializeEventObject())
+    {
+        VD_TRACE(Error, L"*** CKestrixApp::InitInstance() - this->InitializeEventObject() failed.");
+    }
+    bool limitReached = false;
+    if (!TakeLogCount(limitReached))
+    {
+        return FALSE;
+    }
+    if (const HRESULT hr = InitializeOrlDbMgLibrary(); FAILED(hr))
+    {
+        VD_TRACE(Error, L"*** CKestrixApp::InitInstance() - InitializeOrlDbMgLibrary() failed. [0x%08x]", hr);
+        return FALSE;
+    }
+    RunForm(limitReached);
+    return FALSE;
+}
 
+// The language of the installation when it tells one. The debug log does not exist yet.
+bool CKestrixApp::LoadResources()
+{
+    if (const std::wstring language = Frwk::Utility::GetLangName(); !language.empty())
+    {
+        m_MuiResource.SetLanguage(language);
+    }
+    if (!m_MuiResource.Load())
+    {
+        OutputDebugStringW(L"Failed to load MUI resource");
+        return false;
+    }
+    AfxSetResourceHandle(m_MuiResource.Module());
+    return true;
+}
+
+// No AfxEnableControlContainer: the dialogs of the program host no OLE controls.
+bool CKestrixApp::StartUserInterface()
+{
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
+    InitCommonControlsEx(&controls);
+    CWinApp::InitInstance();
+    if (!AfxOleInit())
+    {
+        return false;
+    }
+    AfxOleGetMessageFilter().SetRetryReply(RetryForEver);
+    m_nThreadID = GetCurrentThreadId();
+    return true;
+}
+
+void CKestrixApp::RunForm(bool limitReached)
+{
     CLogFormDlg form;
     form.m_strLogPath = m_strLogPath;
     form.m_strLocalIp = m_strLocalIp;
+    form.m_bMaxCountReached = limitReached;
     form.m_nLogType = m_nLogType;
     form.m_bIsLocal = m_bIsLocal;
     form.m_bLogOnly = m_bLogOnly;
     form.m_nReportSpan = m_nReportSpan;
+
+    // Nobody reaches the form and its page through the application when they go, whichever way.
+    struct MainWindow
+    {
+        CKestrixApp& app;
+
+        ~MainWindow()
+        {
+            app.m_pMainWnd = nullptr;
+            app.m_pLogDlg = nullptr;
+        }
+    };
+
+    const MainWindow main{*this};
     m_pMainWnd = &form;
     const INT_PTR nResponse = form.DoModal();
     if (nResponse != IDOK && nResponse != IDCANCEL)
@@ -61,13 +128,19 @@ BOOL CKestrixApp::InitInstance()
                  L"GetLastError = [0x%08x]",
                  static_cast<int>(nResponse), GetLastError());
     }
-    m_pMainWnd = nullptr;
-    m_pLogDlg = nullptr;
-    return FALSE;
 }
 
 int CKestrixApp::ExitInstance()
 {
+    if (!UninitializeEventObject())
+    {
+        VD_TRACE(Error, L"*** CKestrixApp::ExitInstance() - this->UninitializeEventObject() failed.");
+    }
+    GiveLogCountBack();
+    if (const HRESULT hr = UnInitializeOrlDbMgLibrary(); FAILED(hr))
+    {
+        VD_TRACE(Error, L"*** CKestrixApp::ExitInstance() - UnInitializeOrlDbMgLibrary() failed. [0x%08x]", hr);
+    }
     VD_TRACE(Flow, L"[Leave] CKestrixApp::ExitInstance()...");
     VD_TRACE(Info, L"***Kestrix.exe was terminated.");
     VdCommon::DebugLog::Instance().Uninitialize();

@@ -1,12 +1,17 @@
 #pragma once
 
+#include "common/SrvFrwk_LibOrlDbMg.h"
 #include "common/VdCommon/VdComn_MuiResource.h"
+#include "common/VdCommon/VdComn_Synchronize.h"
+#include "framework/ui/kestrix/app/KestrixModule.h"
 #include "platform/dialog/DialogFramework.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 class CKestrixDlg;
+class CKestrixEventSinkObject;
 
 // The application: the first thing that runs, and the owner of all that lives as long as the process.
 // It reads its command line, runs the form as a modal dialog and ends with it.
@@ -14,10 +19,18 @@ class CKestrixApp : public CWinApp
 {
 public:
     CKestrixApp();
+    ~CKestrixApp() override;
 
     // Always false: the process has no other loop than that of the form, and goes straight on to ExitInstance.
     BOOL InitInstance() override;
+
+    // Undoes what InitInstance has come to, however far that is.
     int ExitInstance() override;
+
+    // Whether this process is the only viewer of its session, which it stays until the object goes. If not, the window
+    // of the other one is restored when it was minimised, and minimised when it was not: InitInstance brings it
+    // forward.
+    bool CheckInstance();
 
     // Cuts the command line into its six fields and fills the members below. False, with nothing changed, for a line
     // that is empty or has too few fields.
@@ -27,8 +40,21 @@ public:
     // 0.
     static std::uint32_t GetLogTypeFromCommandLine(const std::wstring& text);
 
-    // The days that a report covers.
+    // The days that a report covers, as the service framework says: 3 to 30, and 7 for any other answer or none.
     std::uint32_t GetReportSpan();
+
+    // Makes the event sink and connects it. False when that fails; the program works without events.
+    bool InitializeEventObject();
+
+    // Disconnects the sink, which stays for late events. False when there is none or it fails.
+    bool UninitializeEventObject();
+
+    // Loads the database library and starts its provider. On a failure nothing of it is left running; a second call
+    // does nothing and succeeds.
+    HRESULT InitializeOrlDbMgLibrary();
+
+    // The reverse; it stops at the first failure. Success when there is no provider.
+    HRESULT UnInitializeOrlDbMgLibrary();
 
     std::wstring m_strLogPath;    // path or pattern of the daily files when the records come from files
     std::wstring m_strLocalIp;    // shown by the firewall log in place of the local address
@@ -39,5 +65,26 @@ public:
     CKestrixDlg* m_pLogDlg = nullptr; // the viewer page while there is one; not owned
 
 private:
+    bool LoadResources();
+    bool StartUserInterface();
+    bool TakeLogCount(bool& limitReached);
+    void GiveLogCountBack();
+    void RunForm(bool limitReached);
+
+    HRESULT StartOrlDbMgLibrary();
+    HRESULT StopOrlDbMgLibrary();
+    HRESULT MakeProvider(IDBManagerProvider*& provider);
+    HRESULT StartProvider(IDBManagerProvider& provider);
+
+    CKestrixModule m_Module;
+    std::unique_ptr<CKestrixEventSinkObject> m_pEventSinkObject;
+    VdCommon::Synchronize::Mutex m_InstanceMutex;
+    std::unique_ptr<CSemaphore> m_pLogCountSemaphore; // as many counts as there may be viewers
+    UniqueKernelHandle m_hMaxCountMutex;              // exists while the message about the limit stands
+    bool m_bLogCountLocked = false;                   // one count is held
     VdCommon::Library::MuiResource m_MuiResource;
+    SrvFrwk::Library::LibOrlDbMg cOrlDbMgLib;
+
+public:
+    IDBManagerProvider* m_pIDBManagerProvider = nullptr; // belongs to the library; null while there is none
 };

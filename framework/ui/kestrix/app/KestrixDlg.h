@@ -14,6 +14,7 @@ class COleDateTime;
 class CLogFormDlg;
 class CZPTLogBase;
 class IDBManagerProvider;
+enum class FirstInfoRow;
 struct LogClass;
 
 // The page that shows one log: the dates that have records, the records of one date in a sorted list, and the selected
@@ -27,8 +28,16 @@ public:
     BOOL OnInitDialog() override;
     BOOL PreTranslateMessage(MSG& message) override;
 
-    // Loads the selected date; the newest one right after the page was made.
+    // Loads the selected date.
     void OnSelchangeLogDate();
+
+    // Builds the page anew for m_nLogType, behind a switch to another log or a purge, and loads the newest date. The
+    // reason is not looked at.
+    void RefreshLog(int reason);
+    static constexpr int AnyReason = 100;
+
+    // Lends the page the form's buttons, which it enables while there is something to export or delete.
+    void SetFormButtons(HWND exportButton, HWND deleteButton);
 
     // A text for a list cell: at most 255 characters, the middle of a longer one replaced by dots.
     static std::wstring ShortenDisplayText(const std::wstring& text);
@@ -59,17 +68,31 @@ private:
     void OnGetDispInfoLogList(NMLVDISPINFOW& info);
     void OnClickLogList(NMITEMACTIVATE& click);
     void OnColumnClickLogList(NMLISTVIEW& click);
+    void OnStnClickedTypesValue();
     void OnStnClickedMoreInfo();
+    void OnBnClickedBtnAddRule();
     void OnBnClickedBtnView();
 
     void SetHeadings();
     void SetFonts();
+    bool TakeProvider();
     void CreateLog(const LogClass& logClass);
+    void ShowFirstInfoRow(FirstInfoRow row);
+    void PlaceFirstText(int rows);
+    void RemoveLog();
     void FillDate();
+    bool FillDateFromProvider();
+    bool FillDateFromFiles();
+    void AddDay(const SYSTEMTIME& day);
     void InsertDate(const COleDateTime& date, std::uint32_t size);
+    bool ShowFirstDate();
+    bool GetLogFileName(COleDateTime& date) const;
+    bool HasUsablePath() const;
     void ShowFreshList();
     void ShowSelectedRecord();
     void ShowShortInfo();
+    void ClearInfo();
+    bool ChkInternetConnect();
     void FillLogTypeCombo();
     void SelectLogType(std::uint32_t type);
     void ShowLogMessage(const std::wstring& text) const;
@@ -82,6 +105,8 @@ private:
     CListBox m_DateList;
     CSortListCtrl m_RecordList;
     CComboBox m_TypeCombo;
+    CWnd m_ExportButton; // lent by the form; without it nothing happens
+    CWnd m_DeleteButton;
     int m_nListSortColumn = -1; // what the header shows
     int m_nListSortUp = 1;
     int m_nSortColumn = -1;     // the last column clicked; -1 after each load

@@ -1,9 +1,13 @@
-// The page's choice of logs: the entries of the type combo and the titles of the page's messages.
+// The page's choice of logs: the entries of the type combo, the switch to another log, and the titles of messages.
 
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "common/VdCommon/VdComn_Storage.h"
+#include "framework/ui/kestrix/app/DailyFiles.h"
 #include "framework/ui/kestrix/app/KestrixDlg.h"
+#include "framework/ui/kestrix/app/LogFactory.h"
+#include "framework/ui/kestrix/app/ProductName.h"
 #include "framework/ui/kestrix/logs/LogTypes.h"
+#include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "resource/resource.h"
 
 #include <algorithm>
@@ -14,8 +18,11 @@ namespace
 
 constexpr wchar_t InstallerKey[] = L"Software\\Veldrane\\Zeptara\\17\\Installer";
 constexpr wchar_t FirewallValue[] = L"FirewallAP";
-constexpr wchar_t ProductKey[] = L"Software\\Veldrane\\Zeptara";
-constexpr wchar_t ProductNameValue[] = L"ProductName";
+
+constexpr UINT InfoControls[] = {
+    IDC_INFO_VALUE_0_LINK, IDC_INFO_VALUE_0_TEXT, IDC_INFO_VALUE_1, IDC_INFO_VALUE_2,
+    IDC_INFO_VALUE_3,      IDC_INFO_VALUE_4,      IDC_INFO_VALUE_5, IDC_INFO_VALUE_6,
+};
 
 struct TypeRow
 {
@@ -74,17 +81,85 @@ void CKestrixDlg::SelectLogType(std::uint32_t type)
     m_TypeCombo.SetCurSel(found == m_mapTypeIndex.end() ? 0 : static_cast<int>(found->second));
 }
 
+// The values of the detail pane without texts and tips.
+void CKestrixDlg::ClearInfo()
+{
+    for (const UINT value : InfoControls)
+    {
+        SetInfoText(value, {});
+        SetInfoToolTip(value, {});
+    }
+}
+
 void CKestrixDlg::OnBnClickedBtnView()
 {
     VD_TRACE(Flow, L"[Enter] CKestrixDlg::OnBnClickedBtnView()");
     Invalidate();
     if (!m_bIsLocal)
     {
-        const std::wstring product =
-            VdCommon::Storage::QueryValue(HKEY_LOCAL_MACHINE, ProductKey, ProductNameValue, L"");
-        ShowMessageBox(GetSafeHwnd(), LoadText(IDS_ONLY_THIS_FILE), product, MB_ICONINFORMATION);
+        ShowMessageBox(GetSafeHwnd(), LoadText(IDS_ONLY_THIS_FILE), GetProductName(), MB_ICONINFORMATION);
         VD_TRACE(Flow, L"[Leave] CKestrixDlg::OnBnClickedBtnView()");
+        return;
     }
+    const auto type = static_cast<std::uint32_t>(m_TypeCombo.GetItemData(m_TypeCombo.GetCurSel()));
+    if (type == m_nLogType)
+    {
+        return;
+    }
+    m_nLogType = type;
+    if (m_nLogType > LogTypeNone)
+    {
+        return;
+    }
+    ClearInfo();
+    ShowInfo(IDC_ALLOW, false);
+    ShowInfo(IDC_ALLOW_LABEL, false);
+    ShowShortInfo();
+    RefreshLog(AnyReason);
+    VD_TRACE(Flow, L"[Leave] CKestrixDlg::OnBnClickedBtnView()");
+}
+
+// The rows point to the log's records, and so go with it.
+void CKestrixDlg::RemoveLog()
+{
+    m_RecordList.DeleteAllItems();
+    m_pLogData.reset();
+}
+
+void CKestrixDlg::RefreshLog(int)
+{
+    const CWaitCursor wait;
+    CWindow(GetDlgItem(IDC_INFO_VALUE_0_LINK)).EnableWindow();
+    ShowInfo(IDC_INFO_VALUE_0_LINK, false);
+    PlaceFirstText(1);
+    ShowInfo(IDC_INFO_VALUE_0_TEXT, false);
+    RemoveLog();
+    const LogClass* const logClass = FindLogClass(m_nLogType);
+    if (logClass == nullptr)
+    {
+        return;
+    }
+    for (int column = m_RecordList.SortHeader().GetItemCount(); column > 0; --column)
+    {
+        m_RecordList.DeleteColumn(0);
+    }
+    CreateLog(*logClass);
+    FillDate();
+    ShowFirstDate();
+}
+
+// Loads the newest date. A path of files without any is told to the user and cancels the page: false.
+bool CKestrixDlg::ShowFirstDate()
+{
+    if (m_DateList.GetCount() == 0 && !m_bIsLocal)
+    {
+        ShowLogMessage(LoadText(HasForeignLogFile(m_strLogPath) ? IDS_NOT_A_LOG_FILE : IDS_NO_LOG_FILE));
+        OnCancel();
+        return false;
+    }
+    m_DateList.SetCurSel(0);
+    OnSelchangeLogDate();
+    return true;
 }
 
 void CKestrixDlg::ShowLogMessage(const std::wstring& text) const

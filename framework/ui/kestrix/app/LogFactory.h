@@ -8,8 +8,10 @@ class CZPTLogBase;
 // How the page shows the first row of the detail pane for a log type.
 enum class FirstInfoRow
 {
-    Link, // as a link
-    Text, // as plain text
+    Link,     // as a link
+    Text,     // as plain text
+    TextOnly, // as plain text, the link disabled
+    TallText, // as plain text of three rows
 };
 
 // What the page has to know about a log type that has a class.

@@ -1,14 +1,12 @@
 #include "framework/ui/kestrix/app/LogFormDlg.h"
 
+#include "framework/ui/kestrix/app/ProductName.h"
 #include "resource/resource.h"
 
 namespace
 {
 
 constexpr COLORREF FormColour = RGB(255, 255, 255);
-
-// A log file is shown as it is: nothing can be deleted from it.
-constexpr UINT DisabledInFileMode[] = {IDC_FORM_DELETE};
 
 // They are pictures alone and come with the skin.
 constexpr UINT UnskinnedButtons[] = {IDC_FORM_MINIMISE, IDC_FORM_CLOSE_BOX};
@@ -34,6 +32,7 @@ const MessageMap& CLogFormDlg::Map()
 BOOL CLogFormDlg::OnInitDialog()
 {
     CBitmapDialog::OnInitDialog();
+    SetBackground(IDB_BACKGROUND);
     m_SolidBrush.CreateSolidBrush(FormColour);
     SetIcons();
     SetWindowText(LoadText(IDS_FORM_TITLE));
@@ -43,14 +42,13 @@ BOOL CLogFormDlg::OnInitDialog()
     {
         CWindow(GetDlgItem(static_cast<int>(control))).ShowWindow(SW_HIDE);
     }
-    CreatePage();
-    if (!m_bIsLocal)
+    if (m_bMaxCountReached)
     {
-        for (const UINT control : DisabledInFileMode)
-        {
-            CWindow(GetDlgItem(static_cast<int>(control))).EnableWindow(false);
-        }
+        ShowMessageBox(nullptr, LoadText(IDS_TOO_MANY_VIEWERS), GetProductName(), MB_ICONINFORMATION);
+        OnCancel();
+        return FALSE;
     }
+    CreatePage();
     return TRUE;
 }
 
@@ -79,6 +77,7 @@ void CLogFormDlg::CreatePage()
     m_LogPage.m_bLogOnly = m_bLogOnly;
     m_LogPage.m_nReportSpan = m_nReportSpan;
     m_LogPage.m_pParentForm = this;
+    m_LogPage.SetFormButtons(GetDlgItem(IDC_FORM_EXPORT), GetDlgItem(IDC_FORM_DELETE));
 
     CWindow tab(GetDlgItem(IDC_FORM_TAB));
     RECT area = tab.GetWindowRect();

@@ -16,6 +16,7 @@ public:
     std::wstring m_strLocalIp;
     std::uint32_t m_nLogType = 0;
     bool m_bIsLocal = false;
+    bool m_bMaxCountReached = false; // too many viewers: the form tells that and ends
     bool m_bLogOnly = false;
     std::uint32_t m_nReportSpan = 0;
 

@@ -108,6 +108,50 @@ TEST(DrawingTest, AnEmptyAreaIsDrawnToTheTargetItself)
     EXPECT_EQ(picture.Get(), memory.GetSafeHdc());
 }
 
+TEST(DrawingTest, ASolidRectangleHasOneColourAndLeavesTheBrushAlone)
+{
+    const Picture picture;
+    SetDCBrushColor(picture.Get(), White);
+    FillSolidRect(picture.Get(), {5, 2, 15, 8}, Red);
+    EXPECT_EQ(Red, picture.At(5, 2));
+    EXPECT_EQ(Red, picture.At(14, 7));
+    EXPECT_EQ(Black, picture.At(15, 7));
+    EXPECT_EQ(Black, picture.At(14, 8));
+    EXPECT_EQ(White, GetDCBrushColor(picture.Get()));
+}
+
+TEST(DrawingTest, AFrameOfTwoColoursIsOnePixelWideAndInsideOfItsRectangle)
+{
+    const Picture picture;
+    Draw3dRect(picture.Get(), {5, 2, 15, 8}, White, Red);
+    EXPECT_EQ(White, picture.At(5, 2));
+    EXPECT_EQ(White, picture.At(13, 2));
+    EXPECT_EQ(White, picture.At(5, 6));
+    EXPECT_EQ(Red, picture.At(14, 2));
+    EXPECT_EQ(Red, picture.At(14, 7));
+    EXPECT_EQ(Red, picture.At(5, 7));
+    EXPECT_EQ(Black, picture.At(6, 3));
+    EXPECT_EQ(Black, picture.At(13, 6));
+    EXPECT_EQ(Black, picture.At(4, 2));
+    EXPECT_EQ(Black, picture.At(15, 7));
+}
+
+TEST(DrawingTest, AnEmptyFrameDrawsNothing)
+{
+    const Picture picture;
+    for (const RECT& empty : {RECT{5, 5, 5, 8}, RECT{5, 5, 8, 5}, RECT{8, 8, 5, 5}})
+    {
+        Draw3dRect(picture.Get(), empty, White, Red);
+    }
+    for (int x = 0; x < 20; ++x)
+    {
+        for (int y = 0; y < 10; ++y)
+        {
+            ASSERT_EQ(Black, picture.At(x, y)) << x << ", " << y;
+        }
+    }
+}
+
 TEST(DrawingTest, PaintingValidatesTheWindowAndGivesTheAreaToPaint)
 {
     PlainWindow window;

@@ -73,6 +73,7 @@ void ScriptedForm::OnTimer(UINT_PTR timer)
 
 FormTest::FormTest()
 {
+    m_app.m_pIDBManagerProvider = &m_database;
     m_form.m_strLogPath = m_folder.File(L"20261120.VLG");
     m_form.m_nLogType = LogTypeVirus;
     m_form.m_bLogOnly = true;

@@ -115,23 +115,10 @@ TEST_F(KestrixDlgTypesTest, ATypeWithoutAClassOutlivesEveryNotification)
     }
 }
 
-TEST_F(KestrixDlgTypesTest, ThePageIsEmptyInDatabaseModeWithoutADatabase)
-{
-    m_page.m_bIsLocal = true;
-    OpenInForm({L"x|0900|1048576|x|0|0|beta|C:\\b|4|1|0|0|a record as the database has it"});
-    EXPECT_TRUE(m_page.IsWindowVisible());
-    EXPECT_EQ(Dates(), Texts{});
-    EXPECT_EQ(m_list.GetItemCount(), 0) << "a path is of no use in this mode";
-    EXPECT_TRUE(m_boxes.Boxes().empty());
-    SelectDate(0);
-    EXPECT_EQ(m_list.GetItemCount(), 0);
-}
-
 TEST_F(KestrixDlgTypesTest, TheApplicationKnowsThePage)
 {
-    CKestrixApp app;
     OpenInForm({L"x|0900|1048576|x|0|0|beta|C:\\b|4|1|0|0"});
-    EXPECT_EQ(app.m_pLogDlg, &m_page);
+    EXPECT_EQ(m_app.m_pLogDlg, &m_page);
 }
 
 TEST_F(KestrixDlgTypesTest, TheChoiceOfLogsHasTwelveEntriesWithoutTheFirewall)

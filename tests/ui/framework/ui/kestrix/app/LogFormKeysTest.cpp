@@ -168,6 +168,7 @@ TEST_F(LogFormKeysTest, TheTabKeyVisitsTheControlsInTheOrderOfTheTemplates)
 
 TEST_F(LogFormKeysTest, InDatabaseModeTheTabKeyVisitsSettingsAndDeleteToo)
 {
+    m_database.AddDay(2026, 11, 20);
     m_form.m_bIsLocal = true;
     EXPECT_EQ(TabWay(), (std::vector<int>{IDC_DATE_LIST, IDC_RECORD_LIST, IDC_LOG_TYPE, IDC_VIEW, IDC_SETTING,
                                           IDC_FORM_HELP, IDC_FORM_EXPORT, IDC_FORM_DELETE, IDC_FORM_CLOSE}));

@@ -34,6 +34,7 @@ LOGFONTW FontOf(const CWindow& control)
 
 PageTest::PageTest()
 {
+    m_app.m_pIDBManagerProvider = &m_database;
     m_parent.Create(L"STATIC", {}, WS_POPUP | WS_VISIBLE, {0, 0, 800, 600}, nullptr, 0);
     m_page.m_nLogType = LogTypeVirus;
     m_page.m_bLogOnly = true;

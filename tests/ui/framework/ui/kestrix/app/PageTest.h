@@ -1,10 +1,12 @@
 #pragma once
 
+#include "framework/ui/kestrix/app/Kestrix.h"
 #include "framework/ui/kestrix/app/KestrixDlg.h"
 #include "framework/ui/kestrix/logs/LogTypes.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/MessageBoxRecorder.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/ui/framework/ui/kestrix/app/DatabaseDouble.h"
 
 #include <gtest/gtest.h>
 
@@ -85,6 +87,8 @@ protected:
     int Arrow(int column) const;
 
     const LanguageFile m_language;
+    DatabaseDouble m_database;
+    CKestrixApp m_app; // lends the page the database
     const MessageBoxRecorder m_boxes;
     const TemporaryFolder m_folder;
     CWnd m_parent;

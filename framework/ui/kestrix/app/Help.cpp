@@ -1,0 +1,78 @@
+#include "framework/ui/kestrix/app/Help.h"
+
+#include "common/Frwk_Utility.h"
+#include "common/VdCommon/VdComn_FolderName.h"
+#include "common/VdCommon/VdComn_Storage.h"
+#include "framework/ui/kestrix/logs/LogTypes.h"
+
+#include <htmlhelp.h>
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+
+namespace
+{
+
+constexpr wchar_t HelpKey[] = L"Software\\Veldrane\\Zeptara\\17\\UIFramework\\OLH";
+constexpr wchar_t HelpFileValue[] = L"Files";
+constexpr wchar_t HelpFile[] = L"vdhelp.chm";
+
+constexpr UINT LanguageCommand = 61439; // of the help window's system menu
+
+struct HelpRow
+{
+    std::uint32_t logType;
+    UINT logOnly;
+    UINT besideReport;
+};
+
+constexpr HelpRow HelpNumbers[] = {
+    {LogTypeVirus, 211, 316},     {LogTypeUpdate, 210, 315},  {LogTypeUrlFilter, 212, 308}, {LogTypeFirewall, 213, 309},
+    {LogTypeTsc, 230, 313},       {LogTypePrivacy, 231, 307}, {LogTypePhishing, 232, 310},  {LogTypeVa, 237, 317},
+    {LogTypeSpyware, 265, 312},   {LogTypeVst, 217, 314},     {LogTypeSystemTuner, 272, 0}, {LogTypeScan, 299, 0},
+    {LogTypeSkippedTask, 311, 0},
+};
+
+using HtmlHelpFunction = HWND WINAPI(HWND owner, const wchar_t* file, UINT command, DWORD_PTR data);
+
+// Null where the platform has no help. The library keeps threads and windows of its own, so it is never unloaded; each
+// call after the first finds it loaded.
+HtmlHelpFunction* FindHtmlHelp()
+{
+    const HMODULE library = ::LoadLibraryW(L"hhctrl.ocx");
+    if (library == nullptr)
+    {
+        return nullptr;
+    }
+    return reinterpret_cast<HtmlHelpFunction*>(reinterpret_cast<void (*)()>(::GetProcAddress(library, "HtmlHelpW")));
+}
+
+std::wstring HelpPath()
+{
+    return VdCommon::WithSeparator(Frwk::Utility::GetInstalledFolder()) +
+           VdCommon::Storage::QueryValue(HKEY_LOCAL_MACHINE, HelpKey, HelpFileValue, HelpFile);
+}
+
+} // namespace
+
+UINT HelpNumberOfLog(std::uint32_t logType, bool logOnly) noexcept
+{
+    const auto row = std::ranges::find(HelpNumbers, logType, &HelpRow::logType);
+    return row == std::end(HelpNumbers) ? 0 : logOnly ? row->logOnly : row->besideReport;
+}
+
+void ShowHelpTopic(UINT number)
+{
+    HtmlHelpFunction* const htmlHelp = FindHtmlHelp();
+    if (htmlHelp == nullptr)
+    {
+        return;
+    }
+    const HWND window =
+        htmlHelp(::GetDesktopWindow(), HelpPath().c_str(), number != 0 ? HH_HELP_CONTEXT : HH_DISPLAY_TOPIC, number);
+    if (window != nullptr)
+    {
+        ::DeleteMenu(::GetSystemMenu(window, FALSE), LanguageCommand, MF_BYCOMMAND);
+    }
+}

@@ -1,0 +1,107 @@
+// What a bitmap dialog paints behind its controls.
+
+#include "framework/ui/kestrix/controls/BitmapDialog.h"
+
+namespace
+{
+
+bool LoadPicture(CDIBitmap& picture, HWND window, UINT bitmap)
+{
+    CBitmap source;
+    const CClientDC dc(window);
+    picture.Clear();
+    return source.LoadDibSection(bitmap) && picture.Attach(dc, source);
+}
+
+constexpr bool LeavesRoom(BackgroundMode mode)
+{
+    return mode >= BackgroundMode::Centred && mode <= BackgroundMode::BottomRight;
+}
+
+} // namespace
+
+bool CBitmapDialog::SetBackground(UINT bitmap, BackgroundMode mode)
+{
+    m_nBackgroundMode = mode;
+    Invalidate();
+    return LoadPicture(m_bmpBackground, m_hWnd, bitmap);
+}
+
+bool CBitmapDialog::SetImage(std::size_t image, UINT bitmap, POINT place)
+{
+    if (image < m_arrImagePlaces.size())
+    {
+        m_arrImagePlaces[image] = place;
+    }
+    const std::uint32_t flag = 1u << image;
+    const bool loaded = LoadPicture(m_arrImages.at(image), m_hWnd, bitmap);
+    m_nImageFlags = loaded ? m_nImageFlags | flag : m_nImageFlags & ~flag;
+    Invalidate();
+    return loaded;
+}
+
+BOOL CBitmapDialog::OnEraseBkgnd(HDC dc)
+{
+    if (!m_bmpBackground.IsLoaded())
+    {
+        return static_cast<BOOL>(Default());
+    }
+    if (LeavesRoom(m_nBackgroundMode))
+    {
+        Default();
+    }
+    const RECT client = GetClientRect();
+    DrawBackground(dc, {client.right, client.bottom});
+    DrawImages(dc, {client.right, client.bottom});
+    return TRUE;
+}
+
+void CBitmapDialog::DrawBackground(HDC dc, SIZE client) const
+{
+    const int right = client.cx - m_bmpBackground.GetWidth();
+    const int bottom = client.cy - m_bmpBackground.GetHeight();
+    switch (m_nBackgroundMode)
+    {
+    case BackgroundMode::Stretched:
+        return m_bmpBackground.DrawDIB(dc, 0, 0, client.cx, client.cy);
+    case BackgroundMode::Centred:
+        return m_bmpBackground.DrawDIB(dc, right / 2, bottom / 2);
+    case BackgroundMode::TopRight:
+        return m_bmpBackground.DrawDIB(dc, right, 0);
+    case BackgroundMode::BottomLeft:
+        return m_bmpBackground.DrawDIB(dc, 0, bottom);
+    case BackgroundMode::BottomRight:
+        return m_bmpBackground.DrawDIB(dc, right, bottom);
+    default:
+        return DrawTiles(dc, client);
+    }
+}
+
+void CBitmapDialog::DrawTiles(HDC dc, SIZE client) const
+{
+    for (int y = 0; y < client.cy; y += m_bmpBackground.GetHeight())
+    {
+        for (int x = 0; x < client.cx; x += m_bmpBackground.GetWidth())
+        {
+            m_bmpBackground.DrawDIB(dc, x, y);
+        }
+    }
+}
+
+void CBitmapDialog::DrawImages(HDC dc, SIZE client) const
+{
+    const std::array<POINT, Images> places{
+        m_arrImagePlaces[0],
+        m_arrImagePlaces[1],
+        m_arrImagePlaces[2],
+        POINT{client.cx - m_arrImages[3].GetWidth(), 0},
+        POINT{0, client.cy - m_arrImages[4].GetHeight()},
+    };
+    for (std::size_t i = 0; i < Images; ++i)
+    {
+        if ((m_nImageFlags & 1u << i) != 0)
+        {
+            m_arrImages[i].DrawDIB(dc, places[i].x, places[i].y);
+        }
+    }
+}

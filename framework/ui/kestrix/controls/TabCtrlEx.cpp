@@ -1,0 +1,67 @@
+#include "framework/ui/kestrix/controls/TabCtrlEx.h"
+
+#include <iterator>
+#include <utility>
+
+const MessageMap& CTabCtrlEx::Map()
+{
+    static constexpr auto rows = MessageRows(On::ReflectedNotify<TCN_SELCHANGE, &CTabCtrlEx::OnSelChange>);
+    static constexpr MessageMap map{rows, &CCuteTabCtrl::Map};
+    return map;
+}
+
+void CTabCtrlEx::AddPage(UINT title, CDialog& page, UINT dialogTemplate)
+{
+    m_arrPage.push_back({title, &page, dialogTemplate});
+}
+
+bool CTabCtrlEx::CreatePages(int topOffset)
+{
+    bool isComplete = true;
+    for (int index = 0; const TabPage& page : m_arrPage)
+    {
+        isComplete = CreatePage(page, index, topOffset) && isComplete;
+        ++index;
+    }
+    if (!m_arrPage.empty())
+    {
+        ShowPage(m_arrPage.front());
+    }
+    return isComplete;
+}
+
+bool CTabCtrlEx::CreatePage(const TabPage& page, int index, int topOffset)
+{
+    const bool hasTab = InsertItem(index, LoadText(page.title)) == index;
+    CWnd parent;
+    parent.Attach(GetParent());
+    if (!page.page->Create(page.dialogTemplate, &parent))
+    {
+        return false;
+    }
+    RECT area = GetClientRect();
+    AdjustRect(false, area);
+    ClientToScreen(area);
+    parent.ScreenToClient(area);
+    area.top += topOffset;
+    return page.page->SetWindowPos(m_hWnd, area, SWP_HIDEWINDOW) && hasTab;
+}
+
+void CTabCtrlEx::ShowPage(const TabPage& page)
+{
+    const TabPage* const before = std::exchange(m_pCurrent, &page);
+    page.page->ShowWindow(SW_SHOW);
+    if (before != nullptr && before != &page)
+    {
+        before->page->ShowWindow(SW_HIDE);
+    }
+}
+
+void CTabCtrlEx::OnSelChange(NMHDR&)
+{
+    const int index = GetCurSel();
+    if (index >= 0 && index < static_cast<int>(m_arrPage.size()))
+    {
+        ShowPage(*std::next(m_arrPage.begin(), index));
+    }
+}

@@ -1,0 +1,135 @@
+#include "suite/framework/CommandLine.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cwctype>
+
+namespace Framework
+{
+
+namespace
+{
+
+struct TaskRow
+{
+    std::wstring_view name;
+    Task task;
+};
+
+// Embedding is what the system adds when a client starts the service.
+constexpr TaskRow Tasks[] = {
+    {L"regserver", Task::Register},
+    {L"unregserver", Task::Unregister},
+    {L"exit", Task::Exit},
+    {L"embedding", Task::Serve},
+    {L"?", Task::Help},
+};
+
+struct TimeRow
+{
+    std::wstring_view name;
+    std::chrono::milliseconds Options::*time;
+};
+
+constexpr TimeRow Times[] = {
+    {L"idle:", &Options::idle},
+    {L"limit:", &Options::limit},
+};
+
+constexpr std::size_t MostDigits = 8; // a day and more in milliseconds
+
+std::string Narrow(const std::wstring& text)
+{
+    std::string bytes(text.size() * 3, '\0');
+    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
+                                         static_cast<int>(bytes.size()), nullptr, nullptr);
+    bytes.resize(static_cast<std::size_t>(size));
+    return bytes;
+}
+
+[[noreturn]] void Refuse(const std::wstring& argument)
+{
+    throw BadCommandLine("\"" + Narrow(argument) + "\" is no argument. VdFrwkSvc /? lists them.");
+}
+
+bool ReadTime(Options& options, std::wstring_view word)
+{
+    for (const TimeRow& row : Times)
+    {
+        if (word.starts_with(row.name))
+        {
+            const std::wstring digits(word.substr(row.name.size()));
+            const bool isNumber = !digits.empty() && digits.size() <= MostDigits &&
+                                  digits.find_first_not_of(L"0123456789") == std::wstring::npos;
+            if (isNumber)
+            {
+                options.*row.time = std::chrono::milliseconds(std::stoul(digits));
+            }
+            return isNumber;
+        }
+    }
+    return false;
+}
+
+bool ReadTask(Options& options, std::wstring_view word)
+{
+    const auto row = std::ranges::find(Tasks, word, &TaskRow::name);
+    if (row == std::end(Tasks))
+    {
+        return false;
+    }
+    options.task = row->task;
+    return true;
+}
+
+} // namespace
+
+Options ParseCommandLine(std::span<const std::wstring> arguments)
+{
+    Options options;
+    for (const std::wstring& argument : arguments)
+    {
+        std::wstring word = argument;
+        std::ranges::transform(word, word.begin(), std::towlower);
+        const bool isOption = word.starts_with(L'/') || word.starts_with(L'-');
+        word.erase(0, 1);
+        if (!isOption || !(ReadTask(options, word) || ReadTime(options, word)))
+        {
+            Refuse(argument);
+        }
+    }
+    return options;
+}
+
+std::wstring ServiceCommandLine(const std::wstring& program, const Options& options)
+{
+    std::wstring line = L"\"" + program + L"\"";
+    for (const TimeRow& row : Times)
+    {
+        if (options.*row.time != Options().*row.time)
+        {
+            line += L" /" + std::wstring(row.name) + std::to_wstring((options.*row.time).count());
+        }
+    }
+    return line;
+}
+
+std::string HelpText()
+{
+    return "VdFrwkSvc is the service framework's process. Clients start it through COM.\n"
+           "\n"
+           "usage: VdFrwkSvc /RegServer [/Idle:MS] [/Limit:MS]\n"
+           "       VdFrwkSvc /UnregServer\n"
+           "       VdFrwkSvc /Exit\n"
+           "\n"
+           "  /RegServer    registers the service and the library VdFrwkPs.dll beside it\n"
+           "  /UnregServer  takes both out of the registry\n"
+           "  /Exit         has the service that runs tell its clients to exit; without one nothing is done\n"
+           "  /Idle:MS      milliseconds that the service stays unused before it ends; 5000 without it\n"
+           "  /Limit:MS     milliseconds that a client may take for an event before it gets no more; 3000 without it\n"
+           "\n"
+           "exit status: 0 done, 1 something failed, 2 wrong command line\n";
+}
+
+} // namespace Framework

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <chrono>
+#include <span>
+#include <stdexcept>
+#include <string>
+
+namespace Framework
+{
+
+enum class Task
+{
+    Serve,
+    Register,
+    Unregister,
+    Exit,
+    Help,
+};
+
+struct Options
+{
+    Task task = Task::Serve;
+    std::chrono::milliseconds idle{5000};  // how long the service stays when nobody uses it any more
+    std::chrono::milliseconds limit{3000}; // how long a client may take to answer an event
+};
+
+// A command line that is none; the text says how to do it right.
+class BadCommandLine : public std::runtime_error
+{
+    using std::runtime_error::runtime_error;
+};
+
+// Reads the arguments behind the program's name. Throws BadCommandLine.
+Options ParseCommandLine(std::span<const std::wstring> arguments);
+
+// The command line that starts the service as options.idle and options.limit say.
+std::wstring ServiceCommandLine(const std::wstring& program, const Options& options);
+
+// The text of /?.
+std::string HelpText();
+
+} // namespace Framework

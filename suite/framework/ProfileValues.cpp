@@ -1,0 +1,93 @@
+#include "suite/framework/ProfileValues.h"
+
+#include "suite/framework/PurgeSettings.h"
+#include "suite/framework/Shape.h"
+
+#include <algorithm>
+
+namespace Framework
+{
+
+namespace
+{
+
+using enum Element;
+
+constexpr Element FirewallRule[] = {Bool,   Word, Text, Word, Text,    Word,    Word,    Word,
+                                    Word,   Text, Text, Word, Number,  Number,  Bytes16, Bytes16,
+                                    Number, Word, Text, Bool, Bytes20, Bytes16, Bytes16};
+static_assert(std::size(FirewallRule) == 23);
+
+constexpr Element ThreeNumbers[] = {Number, Number, Number};
+constexpr Element TwoNumbers[] = {Number, Number};
+
+List FirstReportSettings()
+{
+    return {std::uint32_t{7}, std::uint32_t{0}, std::uint32_t{0}};
+}
+
+constexpr ValueKey FirewallRules{48, 5};
+constexpr ValueKey ReportSettings{112, 1};
+constexpr ValueKey PurgeSettingsKey{113, 2};
+
+struct Row
+{
+    ValueKey key;
+    bool (*isGood)(const List& list);
+    List (*get)(const ValueStore& store);
+    void (*set)(ValueStore& store, const List& list);
+};
+
+constexpr Row Rows[] = {
+    {FirewallRules, [](const List& list) { return IsListOf(list, FirewallRule); },
+     [](const ValueStore& store) { return store.Get(FirewallRules).value_or(List()); },
+     [](ValueStore& store, const List& list) { store.Set(FirewallRules, list); }},
+    {ReportSettings, [](const List& list) { return HasShape(list, ThreeNumbers); },
+     [](const ValueStore& store) { return store.Get(ReportSettings).value_or(FirstReportSettings()); },
+     [](ValueStore& store, const List& list) { store.Set(ReportSettings, list); }},
+    {PurgeSettingsKey, [](const List& list) { return HasShape(list, TwoNumbers); },
+     [](const ValueStore&)
+     {
+         const PurgeSettings settings = ReadPurgeSettings();
+         return List{settings.days, settings.flag};
+     },
+     [](ValueStore&, const List& list) {
+         WritePurgeSettings({std::get<std::uint32_t>(list[0]), std::get<std::uint32_t>(list[1])});
+     }},
+};
+
+const Row* Find(const ValueKey& key)
+{
+    const auto row = std::ranges::find(Rows, key, &Row::key);
+    return row == std::end(Rows) ? nullptr : row;
+}
+
+} // namespace
+
+HRESULT ProfileValues::Query(const ValueKey& key, List& list) const
+{
+    const Row* const row = Find(key);
+    if (row == nullptr)
+    {
+        return Unknown;
+    }
+    list = row->get(m_store);
+    return Success;
+}
+
+HRESULT ProfileValues::Set(const ValueKey& key, const List& list)
+{
+    const Row* const row = Find(key);
+    if (row == nullptr)
+    {
+        return Unknown;
+    }
+    if (!row->isGood(list))
+    {
+        return E_INVALIDARG;
+    }
+    row->set(m_store, list);
+    return Success;
+}
+
+} // namespace Framework

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "suite/framework/ValueSource.h"
+#include "suite/framework/ValueStore.h"
+
+namespace Framework
+{
+
+// The values of the active profile:
+//   48, 5    the firewall rules: a list of records of 23 elements; none at first
+//   112, 1   the report settings: frequency in days, alert flag, an unused number; 7, 0, 0 at first
+//   113, 2   the purge settings: days, flag; see PurgeSettings.h
+class ProfileValues : public ValueSource
+{
+public:
+    // The store must outlive it.
+    explicit ProfileValues(ValueStore& store) : m_store(store) {}
+
+    HRESULT Query(const ValueKey& key, List& list) const override;
+    HRESULT Set(const ValueKey& key, const List& list) override;
+
+private:
+    ValueStore& m_store;
+};
+
+} // namespace Framework

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+
+namespace Framework
+{
+
+// How long events are kept. It lies in the registry, where the viewer reads it.
+struct PurgeSettings
+{
+    std::uint32_t days = 30;
+    std::uint32_t flag = 1; // 1: the service purges by itself
+
+    bool operator==(const PurgeSettings&) const = default;
+};
+
+// A value that is missing, or no number, has its default.
+PurgeSettings ReadPurgeSettings();
+
+// Throws std::system_error.
+void WritePurgeSettings(const PurgeSettings& settings);
+
+} // namespace Framework

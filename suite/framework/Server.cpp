@@ -1,0 +1,151 @@
+#include "suite/framework/Server.h"
+
+#include "common/VdFrwk.h"
+#include "suite/common/InstalledFolder.h"
+#include "suite/framework/Apartment.h"
+#include "suite/framework/ClassFactory.h"
+#include "suite/framework/DatabaseLogs.h"
+#include "suite/framework/Instance.h"
+#include "suite/framework/ProgramPath.h"
+#include "suite/framework/Service.h"
+
+#include <algorithm>
+#include <system_error>
+
+namespace Framework
+{
+
+namespace
+{
+
+using std::chrono::milliseconds;
+using SteadyClock = std::chrono::steady_clock;
+
+constexpr milliseconds FirstClient{30'000};    // how long the client that started the service may take to come
+constexpr milliseconds BetweenLooks{60'000};   // at the date
+constexpr milliseconds PendingActivation{300}; // between getting the class object and using it
+
+class LocalCalendar : public Calendar
+{
+public:
+    std::chrono::year_month_day Today() const override
+    {
+        SYSTEMTIME now{};
+        GetLocalTime(&now);
+        return {std::chrono::year(now.wYear), std::chrono::month(now.wMonth), std::chrono::day(now.wDay)};
+    }
+};
+
+void Require(HRESULT result, const char* what)
+{
+    if (FAILED(result))
+    {
+        throw std::system_error(result, std::system_category(), what);
+    }
+}
+
+// The class, as clients find it while the object lives.
+class ClassRegistration
+{
+public:
+    explicit ClassRegistration(IUnknown& factory)
+    {
+        Require(CoRegisterClassObject(__uuidof(VdFrwkLocalController), &factory, CLSCTX_LOCAL_SERVER,
+                                      REGCLS_MULTIPLEUSE, &m_dwCookie),
+                "the class cannot be offered to clients");
+    }
+
+    ~ClassRegistration() { CoRevokeClassObject(m_dwCookie); }
+
+    ClassRegistration(const ClassRegistration&) = delete;
+    ClassRegistration& operator=(const ClassRegistration&) = delete;
+
+private:
+    DWORD m_dwCookie = 0;
+};
+
+// How much of a time is left since a moment; 0 when it is over.
+milliseconds Left(SteadyClock::time_point since, milliseconds time)
+{
+    const auto left = std::chrono::ceil<milliseconds>(since + time - SteadyClock::now());
+    return std::max(left, milliseconds(0));
+}
+
+DWORD Timeout(milliseconds time)
+{
+    return static_cast<DWORD>(time.count());
+}
+
+// Until nobody uses the service. The count of uses for CoReleaseServerProcess is one more in here than that of the
+// clients, so that their last one going does not yet shut the door that the idle time leaves open.
+void ServeClients(Service& service, const Instance& instance, milliseconds idle)
+{
+    ObjectTable& objects = service.Objects();
+    CoAddRefServerProcess();
+    while (true)
+    {
+        service.PurgeIfDue();
+        milliseconds wait = BetweenLooks;
+        if (const auto since = objects.UnusedSince())
+        {
+            const milliseconds left = Left(*since, objects.WasUsed() ? idle : std::max(idle, FirstClient));
+            // Shuts the door in the same step when it counts down to 0: a client either came in before or starts a
+            // process of its own.
+            if (left == milliseconds(0) && CoReleaseServerProcess() == 0)
+            {
+                return;
+            }
+            if (left == milliseconds(0))
+            {
+                CoAddRefServerProcess();
+            }
+            wait = std::min(wait, left);
+        }
+        const HANDLE handles[] = {instance.ExitRequested(), objects.Changed()};
+        if (WaitForMultipleObjects(2, handles, FALSE, Timeout(wait)) == WAIT_OBJECT_0)
+        {
+            service.RaiseExit();
+        }
+        objects.DisconnectEndedClients();
+    }
+}
+
+// Not every system shuts the door: who has the class object by now may still activate, and is served until he goes.
+void ServeLateClients(ObjectTable& objects)
+{
+    const SteadyClock::time_point start = SteadyClock::now();
+    while (!objects.UnusedSince() || Left(start, PendingActivation) > milliseconds(0))
+    {
+        WaitForSingleObject(objects.Changed(), Timeout(PendingActivation));
+        objects.DisconnectEndedClients();
+    }
+}
+
+} // namespace
+
+void Serve(const Options& options)
+{
+    const Apartment apartment;
+    Require(apartment.Result(), "COM cannot be used");
+    Instance instance;
+    if (!instance.Acquire())
+    {
+        return;
+    }
+    const std::filesystem::path folder = Suite::InstalledFolder().value_or(ProgramPath().parent_path());
+    ObjectTable objects;
+    ValueStore store(folder);
+    DatabaseLogs logs(folder);
+    const LocalCalendar calendar;
+    Service service(objects, store, logs, calendar, options.limit);
+    const auto factory = Suite::ComPtr<ClassFactory>::Attach(new ClassFactory(service));
+    {
+        const ClassRegistration registration(*factory.Get());
+        instance.SetRunning(true);
+        ServeClients(service, instance, options.idle);
+        instance.SetRunning(false);
+    }
+    ServeLateClients(objects);
+}
+
+} // namespace Framework

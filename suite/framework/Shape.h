@@ -1,0 +1,27 @@
+#pragma once
+
+#include "suite/framework/Value.h"
+
+#include <span>
+
+namespace Framework
+{
+
+// What an element of a record must be.
+enum class Element
+{
+    Bool,
+    Word,   // 16 bits
+    Number, // 32 bits
+    Text,
+    Bytes16, // a list of as many bytes
+    Bytes20,
+};
+
+// Whether the list has exactly these elements.
+bool HasShape(const List& list, std::span<const Element> elements);
+
+// Whether every element of the list is a list of this shape.
+bool IsListOf(const List& list, std::span<const Element> elements);
+
+} // namespace Framework

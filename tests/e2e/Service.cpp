@@ -1,0 +1,157 @@
+#include "tests/e2e/Service.h"
+
+#include "platform/dialog/UniqueHandle.h"
+#include "tests/e2e/Process.h"
+
+#include <winsvc.h>
+
+#include <tlhelp32.h>
+
+#include <array>
+#include <cstdlib>
+#include <memory>
+#include <stdexcept>
+
+namespace
+{
+
+constexpr wchar_t Program[] = L"VdFrwkSvc.exe";
+constexpr wchar_t SuiteKey[] = L"Software\\Veldrane\\Zeptara";
+constexpr wchar_t FolderValue[] = L"InstalledFolder";
+
+std::optional<std::wstring> ReadInstalledFolder()
+{
+    std::array<wchar_t, 1024> text{};
+    DWORD size = sizeof text;
+    const bool isThere = RegGetValueW(HKEY_LOCAL_MACHINE, SuiteKey, FolderValue, RRF_RT_REG_SZ, nullptr, text.data(),
+                                      &size) == ERROR_SUCCESS;
+    return isThere ? std::optional<std::wstring>(text.data()) : std::nullopt;
+}
+
+void WriteInstalledFolder(const std::optional<std::wstring>& text)
+{
+    if (!text)
+    {
+        RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, SuiteKey, FolderValue);
+        return;
+    }
+    const auto size = static_cast<DWORD>((text->size() + 1) * sizeof(wchar_t));
+    if (RegSetKeyValueW(HKEY_LOCAL_MACHINE, SuiteKey, FolderValue, REG_SZ, text->c_str(), size) != ERROR_SUCCESS)
+    {
+        throw std::runtime_error("the installed folder of the test cannot be set");
+    }
+}
+
+// NtSuspendProcess and NtResumeProcess have no header.
+void CallForProcesses(const char* function)
+{
+    const FARPROC found = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), function);
+    const auto call = reinterpret_cast<LONG(NTAPI*)(HANDLE)>(reinterpret_cast<void*>(found));
+    for (const DWORD id : Service::Processes())
+    {
+        const UniqueKernelHandle process(OpenProcess(PROCESS_SUSPEND_RESUME, FALSE, id));
+        if (call == nullptr || !process || call(process.get()) < 0)
+        {
+            throw std::runtime_error("the service of the test cannot be stopped or let go");
+        }
+    }
+}
+
+// Wine goes on to hand out the class object of a process that was killed. Its service for activations forgets it when
+// it is stopped, and is started again by the next one who needs it.
+void ForgetClassObjects()
+{
+    struct Closer
+    {
+        void operator()(SC_HANDLE handle) const { CloseServiceHandle(handle); }
+    };
+
+    using UniqueService = std::unique_ptr<SC_HANDLE__, Closer>;
+    const UniqueService manager(OpenSCManagerW(nullptr, nullptr, SC_MANAGER_CONNECT));
+    const UniqueService service(OpenServiceW(manager.get(), L"RpcSs", SERVICE_STOP | SERVICE_QUERY_STATUS));
+    SERVICE_STATUS status{};
+    const bool isStopping = service && ControlService(service.get(), SERVICE_CONTROL_STOP, &status);
+    if (!isStopping ||
+        !WaitUntil([&]
+                   { return QueryServiceStatus(service.get(), &status) && status.dwCurrentState == SERVICE_STOPPED; }))
+    {
+        throw std::runtime_error("the class object of a killed service cannot be forgotten");
+    }
+}
+
+} // namespace
+
+Service::Service(const std::wstring& arguments) : m_installedBefore(ReadInstalledFolder())
+{
+    WriteInstalledFolder(m_folder.Path().wstring());
+    if (Run(L"/RegServer " + arguments) != 0)
+    {
+        throw std::runtime_error("the service of the test cannot be registered");
+    }
+}
+
+Service::~Service()
+{
+    if (!HasEnded())
+    {
+        Kill();
+    }
+    Run(L"/UnregServer");
+    WriteInstalledFolder(m_installedBefore);
+}
+
+std::vector<DWORD> Service::Processes()
+{
+    std::vector<DWORD> found;
+    const UniqueKernelHandle all(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    PROCESSENTRY32W entry{};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = Process32FirstW(all.get(), &entry); more; more = Process32NextW(all.get(), &entry))
+    {
+        if (_wcsicmp(entry.szExeFile, Program) == 0)
+        {
+            found.push_back(entry.th32ProcessID);
+        }
+    }
+    return found;
+}
+
+bool Service::IsRunning()
+{
+    const UniqueKernelHandle running(OpenEventW(SYNCHRONIZE, FALSE, L"Local\\VdFrwkSvc-Running"));
+    return running && WaitForSingleObject(running.get(), 0) == WAIT_OBJECT_0;
+}
+
+bool Service::HasEnded()
+{
+    return WaitUntil([] { return Processes().empty(); });
+}
+
+void Service::Kill()
+{
+    const std::vector<DWORD> processes = Processes();
+    for (const DWORD id : processes)
+    {
+        const UniqueKernelHandle process(OpenProcess(PROCESS_TERMINATE, FALSE, id));
+        TerminateProcess(process.get(), EXIT_FAILURE);
+    }
+    if (!processes.empty() && HasEnded())
+    {
+        ForgetClassObjects();
+    }
+}
+
+void Service::Freeze()
+{
+    CallForProcesses("NtSuspendProcess");
+}
+
+void Service::Thaw()
+{
+    CallForProcesses("NtResumeProcess");
+}
+
+DWORD Service::Run(const std::wstring& arguments)
+{
+    return Process(ProgramFolder() + Program, arguments).ExitCode();
+}

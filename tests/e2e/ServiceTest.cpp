@@ -1,0 +1,234 @@
+// The service in its own process: its values and commands.
+
+#include "suite/database/EventDatabase.h"
+#include "suite/framework/SafeArray.h"
+#include "suite/framework/ValueSource.h"
+#include "suite/samples/UrlCategories.h"
+#include "tests/e2e/ServiceFixture.h"
+
+namespace
+{
+
+using Framework::List;
+using Framework::ValueKey;
+
+constexpr ValueKey RulesKey{48, 5};
+constexpr ValueKey ReportKey{112, 1};
+constexpr ValueKey PurgeKey{113, 2};
+constexpr ValueKey CategoriesKey{3, 2};
+constexpr ValueKey ConnectionKey{39, 4};
+
+constexpr std::uint32_t VirusSubType = 2;
+
+std::uint32_t Number(const wchar_t* name)
+{
+    DWORD value = 0xFFFFFFFF;
+    DWORD size = sizeof value;
+    RegGetValueW(HKEY_LOCAL_MACHINE, EventLogKey, name, RRF_RT_REG_DWORD, nullptr, &value, &size);
+    return value;
+}
+
+List Bytes(std::size_t count, std::uint8_t first)
+{
+    List list;
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        list.emplace_back(static_cast<std::uint8_t>(first + i));
+    }
+    return list;
+}
+
+List Rule(const std::wstring& name, std::uint16_t action)
+{
+    using Word = std::uint16_t;
+    using Double = std::uint32_t;
+    const auto w = [](int value) { return static_cast<Word>(value); };
+    return {true,
+            w(1),
+            name,
+            w(1),
+            std::wstring(),
+            w(2),
+            action,
+            w(3),
+            w(4),
+            std::wstring(L"10.0.0.1"),
+            std::wstring(L"*"),
+            w(5),
+            Double{6},
+            Double{70'000},
+            Bytes(16, 1),
+            Bytes(16, 50),
+            Double{0x10000},
+            w(7),
+            std::wstring(L"80,443"),
+            false,
+            Bytes(20, 100),
+            Bytes(16, 200),
+            Bytes(16, 240)};
+}
+
+// The database of the installed folder with three days of one kind.
+void FillDatabase(const Service& service)
+{
+    auto database = EventLog::EventDatabase::Create(service.Installed().Path() / EventLog::DatabaseFileName);
+    const std::vector<std::wstring> lines{L"one|", L"two|"};
+    for (const std::uint32_t day : {20261118u, 20261119u, 20261120u})
+    {
+        database.Append(VirusSubType, day, lines);
+    }
+}
+
+std::vector<EventLog::Day> DaysLeft(const Service& service)
+{
+    return EventLog::EventDatabase::Open(service.Installed().Path() / EventLog::DatabaseFileName).Days(VirusSubType);
+}
+
+using ServiceTest = ServiceFixture;
+
+} // namespace
+
+TEST_F(ServiceTest, ReportSettingsAreReadAndWrittenAndFoundAgainAfterARestart)
+{
+    EXPECT_EQ(QueryProfile(*Connect().Get(), ReportKey), (List{7u, 0u, 0u}));
+    EXPECT_EQ(SetProfile(*Connect().Get(), ReportKey, List{30u, 1u, 5u}), Framework::Success);
+    ASSERT_TRUE(Service::HasEnded());
+    EXPECT_EQ(QueryProfile(*Connect().Get(), ReportKey), (List{30u, 1u, 5u}));
+}
+
+TEST_F(ServiceTest, ValuesSurviveAServiceThatIsKilled)
+{
+    EXPECT_EQ(SetProfile(*Connect().Get(), ReportKey, List{14u, 1u, 0u}), Framework::Success);
+    Service::Kill();
+    EXPECT_EQ(QueryProfile(*Connect().Get(), ReportKey), (List{14u, 1u, 0u}));
+}
+
+TEST_F(ServiceTest, FirewallRulesComeBackUnchangedInTheirOrderAfterARestart)
+{
+    EXPECT_EQ(QueryProfile(*Connect().Get(), RulesKey), List());
+    const List rules{Rule(L"first", 0), Rule(L"", 1), Rule(L"\x00E4\x65E5", 0)};
+    EXPECT_EQ(SetProfile(*Connect().Get(), RulesKey, rules), Framework::Success);
+    ASSERT_TRUE(Service::HasEnded());
+    EXPECT_EQ(QueryProfile(*Connect().Get(), RulesKey), rules);
+}
+
+TEST_F(ServiceTest, PurgeSettingsGoIntoTheTwoRegistryValues)
+{
+    EXPECT_EQ(SetProfile(*Connect().Get(), PurgeKey, List{45u, 0u}), Framework::Success);
+    EXPECT_EQ(Number(L"EventLogPurgeFre"), 45u);
+    EXPECT_EQ(Number(L"EventLogPurgeFlag"), 0u);
+    EXPECT_EQ(QueryProfile(*Connect().Get(), PurgeKey), (List{45u, 0u}));
+}
+
+TEST_F(ServiceTest, ThePropertyTellsTheConnectionAndTheCategoryGroups)
+{
+    const auto controller = Connect();
+    const List connection = QueryProperty(*controller.Get(), ConnectionKey);
+    ASSERT_EQ(connection.size(), 1u);
+    EXPECT_TRUE(std::holds_alternative<bool>(connection[0]));
+
+    const List categories = QueryProperty(*controller.Get(), CategoriesKey);
+    ASSERT_EQ(categories.size(), 1u);
+    const List& groups = std::get<List>(categories[0]);
+    ASSERT_EQ(groups.size(), std::size(Samples::UrlCategories));
+    EXPECT_EQ(groups[0], Framework::Value(List{std::wstring(L"03"), std::wstring(L"Adult content")}));
+}
+
+TEST_F(ServiceTest, APurgeDeletesUpToAndIncludingTheDayAndThenTellsTheClientInItsApartment)
+{
+    FillDatabase(m_service);
+    ServiceSession session;
+    EXPECT_EQ(OrderPurge(session.Controller(), VirusPurgeType, 20261119), Framework::Success);
+    EXPECT_TRUE(PumpUntil([&] { return !session.events.empty(); }));
+    EXPECT_EQ(session.events, Events{PurgeDone});
+    EXPECT_TRUE(session.cameInOwnThread);
+    EXPECT_EQ(DaysLeft(m_service), std::vector<EventLog::Day>{20261120});
+}
+
+TEST_F(ServiceTest, APurgeWithoutADatabaseTellsItsEndAllTheSame)
+{
+    ServiceSession session;
+    EXPECT_EQ(OrderPurge(session.Controller(), VirusPurgeType, 20261119), Framework::Success);
+    EXPECT_TRUE(PumpUntil([&] { return !session.events.empty(); }));
+    EXPECT_EQ(session.events, Events{PurgeDone});
+}
+
+TEST_F(ServiceTest, APurgeGoesOnWhenItsClientLeaves)
+{
+    FillDatabase(m_service);
+    EXPECT_EQ(OrderPurge(*Connect().Get(), VirusPurgeType, 20261120), Framework::Success);
+    EXPECT_TRUE(Service::HasEnded());
+    EXPECT_TRUE(DaysLeft(m_service).empty());
+}
+
+TEST_F(ServiceTest, AnOrderThatIsNoneIsRefused)
+{
+    const auto controller = Connect();
+    EXPECT_EQ(OrderPurge(*controller.Get(), VirusPurgeType, 20261131), E_INVALIDARG);
+    EXPECT_EQ(OrderPurge(*controller.Get(), 6, 20261119), E_INVALIDARG);
+    ULONG word = 1;
+    ULONG result = 0;
+    EXPECT_EQ(controller->DoCommand(22, 1, 0, 0, &word, &result, nullptr), E_INVALIDARG);
+    EXPECT_EQ(controller->DoCommand(22, 2, 0, 0, &word, &result, Framework::MakeArray({}).get()), Framework::Unknown);
+    EXPECT_EQ(controller->Reserved5(), E_NOTIMPL);
+    EXPECT_EQ(controller->Reserved13(), E_NOTIMPL);
+}
+
+TEST_F(ServiceTest, ArraysThatAreNoneOfItsValuesAreRefusedAndChangeNothing)
+{
+    const auto controller = Connect();
+    List longRule = Rule(L"a", 0);
+    longRule.emplace_back(0u);
+    List shortBlock = Rule(L"a", 0);
+    shortBlock[20] = Bytes(19, 0);
+    List otherType = Rule(L"a", 0);
+    otherType[5] = 2u;
+    List terminator = Rule(std::wstring(L"a\0b", 3), 0);
+    for (const List& rule : {longRule, shortBlock, otherType, terminator})
+    {
+        EXPECT_EQ(SetProfile(*controller.Get(), RulesKey, List{Rule(L"good", 0), rule}), E_INVALIDARG);
+    }
+    EXPECT_EQ(SetProfile(*controller.Get(), ReportKey, List{7u, 0u}), E_INVALIDARG);
+    EXPECT_EQ(SetProfile(*controller.Get(), PurgeKey, List{7u, true}), E_INVALIDARG);
+
+    const auto refuses = [&](SAFEARRAY* array)
+    {
+        const Framework::UniqueSafeArray owned(array);
+        EXPECT_EQ(SetProfile(*controller.Get(), RulesKey, array), E_INVALIDARG);
+    };
+    refuses(nullptr);
+    refuses(SafeArrayCreateVector(VT_UI4, 0, 3));
+    refuses(SafeArrayCreateVector(VT_VARIANT, 1, 0));
+    SAFEARRAYBOUND bounds[] = {{2, 0}, {2, 0}};
+    refuses(SafeArrayCreate(VT_VARIANT, 2, bounds));
+
+    EXPECT_EQ(QueryProfile(*controller.Get(), RulesKey), List());
+    EXPECT_EQ(QueryProfile(*controller.Get(), ReportKey), (List{7u, 0u, 0u}));
+    EXPECT_EQ(QueryProfile(*controller.Get(), PurgeKey)[1], Framework::Value(0u));
+}
+
+TEST_F(ServiceTest, TheConnectionPointsListThemselvesAndTheirSinks)
+{
+    ServiceSession session;
+    Suite::ComPtr<IConnectionPointContainer> container;
+    ASSERT_EQ(session.Point().GetConnectionPointContainer(container.Put()), S_OK);
+    Suite::ComPtr<IEnumConnectionPoints> points;
+    ASSERT_EQ(container->EnumConnectionPoints(points.Put()), S_OK);
+    std::vector<IID> found;
+    Suite::ComPtr<IConnectionPoint> point;
+    for (ULONG fetched = 0; points->Next(1, point.Put(), &fetched) == S_OK;)
+    {
+        IID iid{};
+        EXPECT_EQ(point->GetConnectionInterface(&iid), S_OK);
+        found.push_back(iid);
+    }
+    EXPECT_EQ(found, (std::vector<IID>{__uuidof(IVdFrwkLocalEvents), __uuidof(IVdFrwkSessionEvents)}));
+
+    Suite::ComPtr<IEnumConnections> connections;
+    ASSERT_EQ(session.Point().EnumConnections(connections.Put()), S_OK);
+    CONNECTDATA data{};
+    ULONG fetched = 0;
+    ASSERT_EQ(connections->Next(1, &data, &fetched), S_OK);
+    EXPECT_EQ(data.dwCookie, session.Cookie());
+    data.pUnk->Release();
+}

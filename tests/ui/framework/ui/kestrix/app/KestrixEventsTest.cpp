@@ -1,0 +1,71 @@
+#include "tests/ui/framework/ui/kestrix/app/ControllerTest.h"
+
+namespace
+{
+
+class EventsTest : public ControllerTest
+{
+};
+
+constexpr wchar_t Enter[] = L"[Enter] CKestrixApp::InitializeEventObject()...";
+constexpr wchar_t EnterEnd[] = L"[Enter] CKestrixApp::UninitializeEventObject()...";
+
+} // namespace
+
+TEST_F(EventsTest, TheSinkSubscribesToTheLocalEventsAlone)
+{
+    EXPECT_TRUE(m_app.InitializeEventObject());
+    EXPECT_EQ(m_controller.m_calls.back(), L"Advise local");
+    EXPECT_NE(m_controller.Sink<IVdFrwkLocalEvents>(), nullptr);
+    EXPECT_TRUE(m_app.UninitializeEventObject());
+    EXPECT_EQ(m_controller.m_calls.back(), L"Unadvise local 17");
+    EXPECT_EQ(m_trace.Texts(), (Texts{Enter, L"[Enter] EventSinkHandler::Initialize()...",
+                                      L"[Leave] EventSinkHandler::Initialize()...[0x00000000]",
+                                      L"[Leave] CKestrixApp::InitializeEventObject()...", EnterEnd,
+                                      L"[Enter] EventSinkHandler::Uninitialize()...",
+                                      L"[Leave] EventSinkHandler::Uninitialize()...[0x00000000]",
+                                      L"[Leave] CKestrixApp::UninitializeEventObject()..."}));
+}
+
+TEST_F(EventsTest, OnlyCommandEventsReachTheViewer)
+{
+    ASSERT_TRUE(m_app.InitializeEventObject());
+    auto* const sink = m_controller.Sink<IVdFrwkLocalEvents>();
+    ASSERT_NE(sink, nullptr);
+    EXPECT_EQ(sink->OnCommandEvent(7, 8, 9, 0, 0, 0, 0, {}, {}, nullptr), 262656);
+    EXPECT_EQ(sink->OnProfileEvent(7, {}, 8, 9, 0, 0, 0, 0, {}, {}, nullptr), 262659);
+    EXPECT_EQ(sink->OnStatusEvent(7, {}, 8, 9, 0, 0, 0, 0, {}, {}, nullptr), 262659);
+    EXPECT_EQ(sink->OnPropertyEvent(7, {}, 8, 9, 0, 0, 0, 0, {}, {}, nullptr), 262659);
+    EXPECT_TRUE(m_app.UninitializeEventObject());
+}
+
+TEST_F(EventsTest, ASinkThatCannotConnectIsTraced)
+{
+    m_controller.Fail(Step::Create, Refused);
+    EXPECT_FALSE(m_app.InitializeEventObject());
+    EXPECT_EQ(m_trace.Errors().back(), L"*** CKestrixApp::InitializeEventObject() - "
+                                       L"this->m_pEventSinkObject->Initialize() failed. [0x80040201]");
+    EXPECT_EQ(m_trace.Texts().back(), m_trace.Errors().back());
+
+    EXPECT_FALSE(m_app.UninitializeEventObject());
+    EXPECT_EQ(m_trace.Errors().back(), L"*** CKestrixApp::UninitializeEventObject() - "
+                                       L"this->m_pEventSinkObject->Uninitialize() failed. [0x80070057]");
+}
+
+TEST_F(EventsTest, AServiceThatDiedBeforeTheEndIsTracedAndTheControllerReleased)
+{
+    ASSERT_TRUE(m_app.InitializeEventObject());
+    m_controller.Fail(Step::Container, HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE));
+    EXPECT_FALSE(m_app.UninitializeEventObject());
+    EXPECT_EQ(m_controller.References(), 0);
+    EXPECT_EQ(m_trace.Errors().back(), L"*** CKestrixApp::UninitializeEventObject() - "
+                                       L"this->m_pEventSinkObject->Uninitialize() failed. [0x800706ba]");
+    m_controller.DropSinks();
+}
+
+TEST_F(EventsTest, WithoutASinkThereIsNothingToEnd)
+{
+    EXPECT_FALSE(m_app.UninitializeEventObject());
+    EXPECT_EQ(m_trace.Texts(),
+              (Texts{EnterEnd, L"*** CKestrixApp::UninitializeEventObject() - this->m_pEventSinkObject was invalid."}));
+}

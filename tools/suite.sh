@@ -1,0 +1,40 @@
+# shellcheck shell=bash
+# The suite around the viewer, installed into the Wine prefix as its own installer would. Sourced by ./run after
+# tools/lib.sh.
+
+suite_targets=(SampleLogs VdDbg64 OrlDbMg VdFrwkSvc VdFrwkPs vdhelp)
+suite_folder=build/wine/drive_c/Zeptara
+sample_program=build/release/suite/SampleLogs.exe
+service_stamp=$suite_folder/.registered
+
+# Copies what the suite's programs load from its folder, and registers the service when that is new.
+install_suite() {
+  local file changed=
+  mkdir -p "$suite_folder/Log"
+  for file in OrlDbMg.dll VdFrwkSvc.exe VdFrwkPs.dll vdhelp.chm; do
+    if ! cmp -s "build/release/bin/$file" "$suite_folder/$file"; then
+      cp "build/release/bin/$file" "$suite_folder/.$file" && mv "$suite_folder/.$file" "$suite_folder/$file" ||
+        fail "$file could not be copied into $suite_folder." "Close the viewer and try again."
+      changed+=" $file"
+    fi
+  done
+  if [[ -f $service_stamp && $changed != *VdFrwk* ]]; then
+    return
+  fi
+  say "Registering the service"
+  quietly service tools/wine "$suite_folder/VdFrwkSvc.exe" /RegServer || fail "The service could not be registered."
+  : >"$service_stamp"
+}
+
+# The sample logs of the last 30 days up to today, as daily files and in the event-log database; made anew each day.
+fill_samples() {
+  local today stamp=build/wine/kestrix-samples
+  today=$(date +%Y%m%d)
+  if [[ $stamp -nt $sample_program && $(<"$stamp") == "$today" && -f $suite_folder/EventLog.db ]]; then
+    return
+  fi
+  say "Filling the sample logs up to today"
+  quietly samples tools/wine "$sample_program" --folder 'C:\Zeptara\Log' --database 'C:\Zeptara\EventLog.db' \
+    --end "$today" || fail "The sample logs could not be made."
+  printf '%s\n' "$today" >"$stamp"
+}
