@@ -85,7 +85,7 @@ std::string Normalised(const std::string& trace, const std::wstring& folder)
 
 std::string Kept(const std::string& name)
 {
-    std::ifstream file(std::filesystem::path(KESTRIX_GOLDEN_TRACES) / (name + ".txt"), std::ios::binary);
+    std::ifstream file(std::filesystem::path(KESTRIX_GOLDEN_TRACES) / (name + ".golden"), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
@@ -93,7 +93,7 @@ std::string Kept(const std::string& name)
 void ExpectTrace(const std::string& actual, const std::string& name)
 {
     const std::filesystem::path folder = KESTRIX_TRACE_OUTPUT;
-    const std::filesystem::path found = folder / (name + ".txt");
+    const std::filesystem::path found = folder / (name + ".golden");
     std::filesystem::remove(found);
     const std::string kept = Kept(name);
     if (actual != kept)

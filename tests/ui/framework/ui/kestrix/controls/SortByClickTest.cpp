@@ -1,9 +1,11 @@
 // The rule of clicks on the headers of a sorted list: the page's rule, on the page's own list.
 
+#include "framework/ui/kestrix/app/Kestrix.h"
 #include "framework/ui/kestrix/app/KestrixDlg.h"
 #include "resource/resource.h"
 #include "tests/support/CommonControls.h"
 #include "tests/support/LanguageFile.h"
+#include "tests/support/ProviderDouble.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -23,6 +25,7 @@ protected:
     SortByClickTest()
     {
         RegisterCommonControls();
+        m_app.m_pIDBManagerProvider = &m_provider;
         const std::wstring path = m_folder.File(L"20260101.VLG");
         WriteUtf16(path, L"x|0900|1048576|x|0|0|beta|p|4|1|0|0\r\n"
                          L"x|1030|1048576|x|0|0|alpha|p|1|1|0|0\r\n"
@@ -65,6 +68,8 @@ protected:
 
     const LanguageFile m_language;
     TemporaryFolder m_folder;
+    ProviderDouble m_provider;
+    CKestrixApp m_app; // lends the page the provider, without which it stays empty
     CWnd m_parent;
     CKestrixDlg m_page;
     CListCtrl m_list; // the page's list by another name
