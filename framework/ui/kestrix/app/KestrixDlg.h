@@ -36,6 +36,14 @@ public:
     void RefreshLog(int reason);
     static constexpr int AnyReason = 100;
 
+    // What is loaded: the list of its records, the text of its date, empty when none is selected, and the log, null for a
+    // type that has none.
+    CSortListCtrl& RecordList() { return m_RecordList; }
+
+    std::wstring SelectedDate() const { return m_DateList.GetText(m_DateList.GetCurSel()); }
+
+    CZPTLogBase* Log() const { return m_pLogData.get(); }
+
     // Lends the page the form's buttons, which it enables while there is something to export or delete.
     void SetFormButtons(HWND exportButton, HWND deleteButton);
 

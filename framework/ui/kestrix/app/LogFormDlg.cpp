@@ -24,6 +24,7 @@ CLogFormDlg::CLogFormDlg() : CBitmapDialog(IDD_LOG_FORM) {}
 const MessageMap& CLogFormDlg::Map()
 {
     static constexpr auto rows = MessageRows(On::Message<WM_LBUTTONDOWN, &CLogFormDlg::OnLButtonDown>,
+                                             On::Command<IDC_FORM_EXPORT, &CLogFormDlg::OnBnClickedBtnExport>,
                                              On::Command<IDC_FORM_CLOSE, &CLogFormDlg::OnCancel>);
     static constexpr MessageMap map{rows, &CBitmapDialog::Map};
     return map;

@@ -26,6 +26,7 @@ protected:
     const MessageMap& GetMessageMap() const override { return Map(); }
 
 private:
+    void OnBnClickedBtnExport();
     void OnLButtonDown(UINT keys, POINT point);
 
     void SetIcons();
