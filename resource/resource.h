@@ -5,6 +5,7 @@
 // Dialogs
 #define IDD_LOG_FORM 101
 #define IDD_LOG_PAGE 102
+#define IDD_REPORT_PAGE 169
 
 // Images
 #define IDB_BACKGROUND 129
@@ -76,6 +77,16 @@
 
 // Texts: the application and the form
 #define IDS_FORM_TITLE 80
+#define IDS_FORM_TITLE_WITH_REPORT 79
+#define IDS_FONT_STYLE 77
+#define IDS_HEADING_FACE 545
+#define IDS_TAB_LOGS 319
+#define IDS_TAB_REPORT 320
+#define IDS_TAB_OFFSET 770
+#define IDS_TAB_WIDTH 771
+#define IDS_REPORT_TITLE 542
+#define IDS_REPORT_TOTAL 543
+#define IDS_REPORT_DATE 82
 #define IDS_TOO_MANY_VIEWERS 189
 
 // Texts: the viewer page
@@ -91,6 +102,14 @@
 #define IDS_CHOICE_VIRUS 157
 #define IDS_CHOICE_SPYWARE 166
 #define IDS_CHOICE_VA 164
+
+// Texts: the export of the loaded date
+#define IDS_EXPORT_NO_ENTRIES 60
+#define IDS_EXPORT_FILTER 61
+#define IDS_EXPORT_LONG_PATH 62
+#define IDS_EXPORT_DISK_FULL 63
+#define IDS_EXPORT_FAILED 64
+#define IDS_EXPORT_DIALOG_TITLE 621
 
 // Texts: titles of the logs
 #define IDS_TITLE_VIRUS 143

@@ -33,6 +33,7 @@
 #include "platform/dialog/DeviceContext.h"
 #include "platform/dialog/Dialog.h"
 #include "platform/dialog/Exceptions.h"
+#include "platform/dialog/FileDialog.h"
 #include "platform/dialog/GdiObjects.h"
 #include "platform/dialog/IconResource.h"
 #include "platform/dialog/ImageList.h"

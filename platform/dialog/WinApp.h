@@ -5,6 +5,9 @@
 #include <exception>
 #include <string>
 
+// The command for help, which a window leaves to the application where it has no answer of its own.
+inline constexpr UINT ID_HELP = 57670;
+
 // The application. One object at a time; it is what AfxGetApp gives while it lives.
 class CWinApp
 {

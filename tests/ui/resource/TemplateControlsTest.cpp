@@ -157,11 +157,11 @@ TEST_F(Templates, FontIsSegoeUIAtNinePoints)
     }
 }
 
-TEST_F(Templates, CaptionButtonsAreTransparentAndHaveNoText)
+TEST_F(Templates, CaptionButtonsAreTransparentAndHaveANameForScreenReaders)
 {
     for (const int number : {IDC_FORM_MINIMISE, IDC_FORM_CLOSE_BOX})
     {
-        EXPECT_EQ(L"", TextOf(m_form.Item(number)));
+        EXPECT_NE(L"", TextOf(m_form.Item(number)));
         EXPECT_TRUE(GetWindowLongPtrW(m_form.Item(number), GWL_EXSTYLE) & WS_EX_TRANSPARENT);
     }
 }

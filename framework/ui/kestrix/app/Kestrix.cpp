@@ -130,6 +130,16 @@ void CKestrixApp::RunForm(bool limitReached)
     }
 }
 
+BOOL CKestrixApp::OnCommand(UINT command)
+{
+    if (command != ID_HELP)
+    {
+        return CWinApp::OnCommand(command);
+    }
+    CLogFormDlg::extHtmlHelp(0);
+    return TRUE;
+}
+
 int CKestrixApp::ExitInstance()
 {
     if (!UninitializeEventObject())

@@ -27,6 +27,9 @@ public:
     // Undoes what InitInstance has come to, however far that is.
     int ExitInstance() override;
 
+    // Help that no window has answered.
+    BOOL OnCommand(UINT command) override;
+
     // Whether this process is the only viewer of its session, which it stays until the object goes. If not, the window
     // of the other one is restored when it was minimised, and minimised when it was not: InitInstance brings it
     // forward.

@@ -1,10 +1,14 @@
 #include "framework/ui/kestrix/app/KestrixDlg.h"
 
 #include "common/VdCommon/VdComn_DebugLog.h"
+#include "framework/ui/kestrix/app/HeadingFont.h"
 #include "framework/ui/kestrix/app/Kestrix.h"
 #include "framework/ui/kestrix/app/LogFactory.h"
+#include "framework/ui/kestrix/app/PushButtonSkin.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "resource/resource.h"
+
+#include <iterator>
 
 namespace
 {
@@ -19,16 +23,22 @@ constexpr UINT InfoValues[CLogInfoPage::InfoRows] = {
     IDC_INFO_VALUE_4,      IDC_INFO_VALUE_5, IDC_INFO_VALUE_6,
 };
 
-struct HeadingText
+// A heading and its colours; the frame of the detail pane is a heading without text and ground.
+struct Heading
 {
     UINT control;
     UINT text;
+    COLORREF ground;
+    COLORREF frame;
 };
 
-constexpr HeadingText Headings[] = {
-    {IDC_HEADING_DATES, IDS_HEADING_DATES},
-    {IDC_HEADING_ENTRIES, IDS_HEADING_ENTRIES},
-    {IDC_HEADING_DETAILS, IDS_HEADING_DETAILS},
+constexpr UINT NoText = 0;
+
+constexpr Heading Headings[] = {
+    {IDC_HEADING_ENTRIES, IDS_HEADING_ENTRIES, 0xEFEAE8, 0xAC8473},
+    {IDC_HEADING_DATES, IDS_HEADING_DATES, 0xEFEAE8, 0xAC8473},
+    {IDC_HEADING_DETAILS, IDS_HEADING_DETAILS, 0xE7E2DF, 0xDAC9C0},
+    {IDC_DETAIL_FRAME, NoText, CColorText::NoColour, 0xDAC9C0},
 };
 
 constexpr COLORREF LinkColour = RGB(0, 0, 255);
@@ -61,6 +71,12 @@ void CKestrixDlg::DoDataExchange(CDataExchange& exchange)
     DDX_Control(exchange, IDC_DATE_LIST, m_DateList);
     DDX_Control(exchange, IDC_RECORD_LIST, m_RecordList);
     DDX_Control(exchange, IDC_LOG_TYPE, m_TypeCombo);
+    DDX_Control(exchange, IDC_VIEW, m_ViewButton);
+    DDX_Control(exchange, IDC_SETTING, m_SettingButton);
+    for (std::size_t i = 0; i < std::size(Headings); ++i)
+    {
+        DDX_Control(exchange, static_cast<int>(Headings[i].control), m_arrHeading[i]);
+    }
 }
 
 BOOL CKestrixDlg::OnInitDialog()
@@ -72,6 +88,7 @@ BOOL CKestrixDlg::OnInitDialog()
     m_SolidBrush.CreateSolidBrush(PageColour);
     m_bSolidBackground = true;
     SetHeadings();
+    SetButtons();
     SetFonts();
     m_rcInfoValue = CWindow(GetDlgItem(IDC_INFO_VALUE_0_TEXT)).GetWindowRect();
     for (const UINT hidden : {IDC_INFO_VALUE_0_TEXT, IDC_INFO_VALUE_0_LINK, IDC_ALLOW, IDC_ALLOW_LABEL})
@@ -98,7 +115,7 @@ BOOL CKestrixDlg::OnInitDialog()
     if (!m_bIsLocal)
     {
         m_DeleteButton.EnableWindow(false);
-        CWindow(GetDlgItem(IDC_SETTING)).EnableWindow(false);
+        m_SettingButton.EnableWindow(false);
     }
     return TRUE;
 }
@@ -127,10 +144,28 @@ void CKestrixDlg::SetFormButtons(HWND exportButton, HWND deleteButton)
 
 void CKestrixDlg::SetHeadings()
 {
-    for (const HeadingText& heading : Headings)
+    CColorText::FontLook look = HeadingLook();
+    look.weight = FW_BOLD;
+    for (std::size_t i = 0; i < std::size(Headings); ++i)
     {
-        SetDlgItemText(heading.control, LoadText(heading.text));
-        SetControlFont(heading.control, FW_BOLD);
+        const Heading& heading = Headings[i];
+        CColorText& label = m_arrHeading[i];
+        label.SetFontLook(look);
+        label.SetBackground(heading.ground, heading.ground != CColorText::NoColour);
+        label.SetFrame(heading.frame, true);
+        label.SetAlignment(CColorText::Horizontal::Left, CColorText::Vertical::Centre);
+        if (heading.text != NoText)
+        {
+            label.SetText(LoadText(heading.text));
+        }
+    }
+}
+
+void CKestrixDlg::SetButtons()
+{
+    for (CExtendButton* const button : {&m_ViewButton, &m_SettingButton})
+    {
+        SetSkin(*button, true);
     }
 }
 

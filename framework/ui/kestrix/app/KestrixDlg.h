@@ -1,6 +1,8 @@
 #pragma once
 
 #include "framework/ui/kestrix/controls/BitmapDialog.h"
+#include "framework/ui/kestrix/controls/ColorText.h"
+#include "framework/ui/kestrix/controls/ExtendButton.h"
 #include "framework/ui/kestrix/controls/SortListCtrl.h"
 #include "framework/ui/kestrix/logs/LogInfoPage.h"
 
@@ -36,8 +38,8 @@ public:
     void RefreshLog(int reason);
     static constexpr int AnyReason = 100;
 
-    // What is loaded: the list of its records, the text of its date, empty when none is selected, and the log, null for a
-    // type that has none.
+    // What is loaded: the list of its records, the text of its date, empty when none is selected, and the log, null for
+    // a type that has none.
     CSortListCtrl& RecordList() { return m_RecordList; }
 
     std::wstring SelectedDate() const { return m_DateList.GetText(m_DateList.GetCurSel()); }
@@ -82,6 +84,7 @@ private:
     void OnBnClickedBtnView();
 
     void SetHeadings();
+    void SetButtons();
     void SetFonts();
     bool TakeProvider();
     void CreateLog(const LogClass& logClass);
@@ -113,8 +116,11 @@ private:
     CListBox m_DateList;
     CSortListCtrl m_RecordList;
     CComboBox m_TypeCombo;
-    CWnd m_ExportButton; // lent by the form; without it nothing happens
-    CWnd m_DeleteButton;
+    std::array<CColorText, 4> m_arrHeading; // in the order of the table of headings
+    CExtendButton m_ViewButton;
+    CExtendButton m_SettingButton;
+    CExtendButton m_ExportButton; // lent by the form; without it nothing happens
+    CExtendButton m_DeleteButton;
     int m_nListSortColumn = -1; // what the header shows
     int m_nListSortUp = 1;
     int m_nSortColumn = -1;     // the last column clicked; -1 after each load

@@ -1,63 +1,118 @@
 #include "framework/ui/kestrix/app/LogFormDlg.h"
 
+#include "common/VdCommon/VdComn_DebugLog.h"
+#include "framework/ui/kestrix/app/FormFront.h"
+#include "framework/ui/kestrix/app/HeadingFont.h"
+#include "framework/ui/kestrix/app/Help.h"
 #include "framework/ui/kestrix/app/ProductName.h"
+#include "framework/ui/kestrix/app/PushButtonSkin.h"
+#include "framework/ui/kestrix/controls/SkinFrame.h"
 #include "resource/resource.h"
 
 namespace
 {
 
 constexpr COLORREF FormColour = RGB(255, 255, 255);
+constexpr COLORREF HeadingColour = RGB(255, 255, 255);
+constexpr COLORREF HoleColour = RGB(0, 255, 0); // of the caption buttons' pictures
 
-// They are pictures alone and come with the skin.
-constexpr UINT UnskinnedButtons[] = {IDC_FORM_MINIMISE, IDC_FORM_CLOSE_BOX};
+// What the system would draw and the skin draws instead.
+constexpr DWORD RemovedStyle = WS_CAPTION | WS_MINIMIZEBOX | DS_MODALFRAME;
+constexpr DWORD RemovedExStyle = WS_EX_DLGMODALFRAME | WS_EX_WINDOWEDGE;
+
+constexpr int CaptionButtonSize = 28; // pixels; in the middle of the frame's top
+constexpr int CaptionButtonTop = 4;
+
+constexpr std::int32_t NoTabOffset = 0;
+constexpr std::int32_t TabWidth = 110;
+constexpr int TabHeight = 20;
+constexpr int NoTab = -1;
+
+constexpr TabColours FormTabColours{.border = RGB(192, 201, 218)}; // that of the frames in the page
 
 UniqueIcon LoadIconOf(int width, int height)
 {
-    return UniqueIcon(static_cast<HICON>(LoadImageW(AfxGetResourceHandle(), MAKEINTRESOURCEW(IDI_KESTRIX), IMAGE_ICON,
-                                                    GetSystemMetrics(width), GetSystemMetrics(height), 0)));
+    return LoadIconImage(IDI_KESTRIX, {::GetSystemMetrics(width), ::GetSystemMetrics(height)});
 }
 
 } // namespace
 
-CLogFormDlg::CLogFormDlg() : CBitmapDialog(IDD_LOG_FORM) {}
+CLogFormDlg::CLogFormDlg() : CBitmapDialog(IDD_LOG_FORM), m_strProductName(GetProductName()) {}
 
 const MessageMap& CLogFormDlg::Map()
 {
-    static constexpr auto rows = MessageRows(On::Message<WM_LBUTTONDOWN, &CLogFormDlg::OnLButtonDown>,
-                                             On::Command<IDC_FORM_EXPORT, &CLogFormDlg::OnBnClickedBtnExport>,
-                                             On::Command<IDC_FORM_CLOSE, &CLogFormDlg::OnCancel>);
+    static constexpr auto rows = MessageRows(
+        On::Message<WM_PAINT, &CLogFormDlg::OnPaint>, On::Message<WM_QUERYDRAGICON, &CLogFormDlg::OnQueryDragIcon>,
+        On::Message<WM_LBUTTONDOWN, &CLogFormDlg::OnLButtonDown>,
+        On::Command<IDC_FORM_MINIMISE, &CLogFormDlg::OnBnClickedMinimise>,
+        On::Command<IDC_FORM_CLOSE_BOX, &CLogFormDlg::OnCancel>, On::Command<IDC_FORM_CLOSE, &CLogFormDlg::OnCancel>,
+        On::Command<ID_HELP, &CLogFormDlg::OnHelp>, On::Command<IDC_FORM_HELP, &CLogFormDlg::OnBnClickedBtnHelp>,
+        On::Command<IDC_FORM_EXPORT, &CLogFormDlg::OnBnClickedBtnExport>);
     static constexpr MessageMap map{rows, &CBitmapDialog::Map};
     return map;
 }
 
+void CLogFormDlg::PreSubclassWindow()
+{
+    if (m_hWnd != nullptr)
+    {
+        const DWORD style = GetStyle();
+        const DWORD exStyle = GetExStyle();
+        VD_TRACE(Info, L"CLogFormDlg::PreSubclassWindow: style=%08X, style_ex=%08X", style, exStyle);
+        VD_TRACE(Info, L"CLogFormDlg::PreSubclassWindow: New style=%08X, Style_ex=%08X", style & ~RemovedStyle,
+                 exStyle & ~RemovedExStyle);
+        ModifyStyle(RemovedStyle, 0);
+        ModifyStyleEx(RemovedExStyle, 0);
+    }
+    CBitmapDialog::PreSubclassWindow();
+}
+
+void CLogFormDlg::DoDataExchange(CDataExchange& exchange)
+{
+    CBitmapDialog::DoDataExchange(exchange);
+    DDX_Control(exchange, IDC_FORM_TAB, m_Tab);
+    DDX_Control(exchange, IDC_FORM_HEADING, m_Heading);
+    DDX_Control(exchange, IDC_FORM_REPORT_TITLE, m_ReportTitle);
+    DDX_Control(exchange, IDC_FORM_REPORT_TOTAL, m_ReportTotal);
+    DDX_Control(exchange, IDC_FORM_MINIMISE, m_MinimiseButton);
+    DDX_Control(exchange, IDC_FORM_CLOSE_BOX, m_CloseBoxButton);
+    DDX_Control(exchange, IDC_FORM_HELP, m_HelpButton);
+    DDX_Control(exchange, IDC_FORM_CLOSE, m_CloseButton);
+    DDX_Control(exchange, IDC_FORM_EXPORT, m_ExportButton);
+    DDX_Control(exchange, IDC_FORM_DELETE, m_DeleteButton);
+}
+
 BOOL CLogFormDlg::OnInitDialog()
 {
+    SetCornerRegion(CWindowDC(m_hWnd), IDB_CORNER_TOP_LEFT);
     CBitmapDialog::OnInitDialog();
+    ForceToFront(m_hWnd);
     SetBackground(IDB_BACKGROUND);
     m_SolidBrush.CreateSolidBrush(FormColour);
     SetIcons();
-    SetWindowText(LoadText(IDS_FORM_TITLE));
-    SetDlgItemText(IDC_FORM_HEADING, LoadText(IDS_FORM_TITLE));
-    SetControlFont(IDC_FORM_HEADING, FW_BOLD);
-    for (const UINT control : UnskinnedButtons)
-    {
-        CWindow(GetDlgItem(static_cast<int>(control))).ShowWindow(SW_HIDE);
-    }
+    HandValuesToPages();
     if (m_bMaxCountReached)
     {
-        ShowMessageBox(nullptr, LoadText(IDS_TOO_MANY_VIEWERS), GetProductName(), MB_ICONINFORMATION);
+        m_strProductName = GetProductName();
+        ShowMessageBox(nullptr, LoadText(IDS_TOO_MANY_VIEWERS), m_strProductName, MB_ICONINFORMATION);
         OnCancel();
         return FALSE;
     }
-    CreatePage();
+    CreatePages();
+    SetTitle();
+    if (!m_bLogOnly)
+    {
+        SetReportLabels();
+    }
+    SetCaptionButton(m_CloseBoxButton, IDB_CLOSE, IDB_CLOSE_HOT);
+    SetCaptionButton(m_MinimiseButton, IDB_MINIMISE, IDB_MINIMISE_HOT);
+    for (CExtendButton* const button : {&m_CloseButton, &m_ExportButton, &m_DeleteButton})
+    {
+        SetSkin(*button, true);
+    }
+    SetSkin(m_HelpButton, false);
+    m_HelpButton.SetIcons(IDI_HELP_BUTTON);
     return TRUE;
-}
-
-// The whole client area drags the window, which has no caption.
-void CLogFormDlg::OnLButtonDown(UINT, POINT point)
-{
-    Default();
-    PostMessage(WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(point.x, point.y));
 }
 
 void CLogFormDlg::SetIcons()
@@ -68,8 +123,7 @@ void CLogFormDlg::SetIcons()
     SetIcon(m_hSmallIcon.get(), false);
 }
 
-// The page takes the place of the tab control, which has one page and so no tabs to show.
-void CLogFormDlg::CreatePage()
+void CLogFormDlg::HandValuesToPages()
 {
     m_LogPage.m_strLogPath = m_strLogPath;
     m_LogPage.m_strLocalIp = m_strLocalIp;
@@ -78,14 +132,198 @@ void CLogFormDlg::CreatePage()
     m_LogPage.m_bLogOnly = m_bLogOnly;
     m_LogPage.m_nReportSpan = m_nReportSpan;
     m_LogPage.m_pParentForm = this;
-    m_LogPage.SetFormButtons(GetDlgItem(IDC_FORM_EXPORT), GetDlgItem(IDC_FORM_DELETE));
+    m_LogPage.SetFormButtons(m_ExportButton, m_DeleteButton);
+    m_ReportPage.m_nReportSpan = m_nReportSpan;
+    m_ReportPage.m_pParentForm = this;
+}
 
-    CWindow tab(GetDlgItem(IDC_FORM_TAB));
-    RECT area = tab.GetWindowRect();
-    ScreenToClient(area);
-    tab.ShowWindow(SW_HIDE);
-    if (m_LogPage.Create(IDD_LOG_PAGE, this))
+void CLogFormDlg::CreatePages()
+{
+    if (!m_bLogOnly)
     {
-        m_LogPage.SetWindowPos(tab, area, SWP_SHOWWINDOW);
+        m_Tab.AddPage(IDS_TAB_REPORT, m_ReportPage, IDD_REPORT_PAGE);
     }
+    m_Tab.AddPage(IDS_TAB_LOGS, m_LogPage, IDD_LOG_PAGE);
+    m_Tab.CreatePages(LoadNumber(IDS_TAB_OFFSET, NoTabOffset));
+    SetTabLook();
+    m_Tab.SetCurFocus(0);
+    if (m_bLogOnly)
+    {
+        m_Tab.ModifyStyle(WS_TABSTOP, 0); // there is nothing to choose
+    }
+    else
+    {
+        CWindow(m_LogPage.GetDlgItem(IDC_SETTING)).ShowWindow(SW_HIDE);
+    }
+}
+
+void CLogFormDlg::SetTabLook()
+{
+    m_hHand = LoadCursorImage(IDC_HAND_CURSOR);
+    m_Tab.SetCursor(m_hHand.get());
+    const std::int32_t width = LoadNumber(IDS_TAB_WIDTH, TabWidth);
+    m_Tab.ModifyStyle(0, TCS_FIXEDWIDTH);
+    m_Tab.SetItemSize({width, TabHeight});
+    m_Tab.SetMinTabWidth(width);
+    m_Tab.SetColours(FormTabColours);
+    m_Tab.SetBitmaps(IDB_TAB, IDB_TAB_SELECTED);
+    LOGFONTW normal{};
+    if (::GetObjectW(GetFont(), sizeof normal, &normal) != 0)
+    {
+        LOGFONTW selected = normal;
+        normal.lfWeight = FW_NORMAL;
+        selected.lfWeight = FW_BOLD;
+        m_Tab.SetFonts(normal, selected);
+    }
+    m_Tab.Invalidate();
+}
+
+// A second process looks for the title of a form without a report.
+void CLogFormDlg::SetTitle()
+{
+    const std::wstring& title = LoadText(m_bLogOnly ? IDS_FORM_TITLE : IDS_FORM_TITLE_WITH_REPORT);
+    SetWindowText(title);
+    m_Heading.SetText(title);
+    m_Heading.SetFontLook(HeadingLook());
+    m_Heading.SetTextColour(HeadingColour);
+    m_Heading.SetAlignment(CColorText::Horizontal::Left, CColorText::Vertical::Centre);
+}
+
+// Its size in pixels is that of its pictures, whatever the font of the dialog is. The text that the template gives it
+// is its name for screen readers and is not drawn.
+void CLogFormDlg::SetCaptionButton(CFlexBitmapButton& button, UINT normal, UINT hot)
+{
+    RECT place = button.GetWindowRect();
+    ScreenToClient(place);
+    place.left = place.right - CaptionButtonSize;
+    place.top = CaptionButtonTop;
+    place.bottom = place.top + CaptionButtonSize;
+    button.MoveWindow(place);
+    button.SetName(button.GetWindowText());
+    button.SetKeyColour(HoleColour);
+    button.SetBitmaps(normal, hot);
+    button.SetOwnCursor(IDC_HAND_CURSOR);
+}
+
+// The frame is drawn straight onto the window, over what stands in it; so those controls paint themselves again.
+void CLogFormDlg::OnPaint()
+{
+    if (IsIconic())
+    {
+        DrawIcon();
+        return;
+    }
+    m_Heading.Invalidate();
+    m_MinimiseButton.Invalidate();
+    m_CloseBoxButton.Invalidate();
+    {
+        const CPaintDC validated(m_hWnd);
+    }
+    const RECT client = GetClientRect();
+    DrawSkinFrame(CClientDC(m_hWnd), {client.right, client.bottom}, FrameTop::Stretched);
+    Default();
+}
+
+void CLogFormDlg::DrawIcon()
+{
+    const CPaintDC dc(m_hWnd);
+    SendMessage(WM_ICONERASEBKGND, reinterpret_cast<WPARAM>(dc.GetSafeHdc()));
+    const RECT client = GetClientRect();
+    const int width = ::GetSystemMetrics(SM_CXICON);
+    const int height = ::GetSystemMetrics(SM_CYICON);
+    ::DrawIcon(dc, (client.right - width + 1) / 2, (client.bottom - height + 1) / 2, m_hBigIcon.get());
+}
+
+HCURSOR CLogFormDlg::OnQueryDragIcon()
+{
+    return m_hBigIcon.get();
+}
+
+// The whole client area drags the window, which has no caption.
+void CLogFormDlg::OnLButtonDown(UINT, POINT point)
+{
+    Default();
+    PostMessage(WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(point.x, point.y));
+}
+
+void CLogFormDlg::OnBnClickedMinimise()
+{
+    ShowWindow(SW_MINIMIZE);
+}
+
+void CLogFormDlg::OnOK()
+{
+    CBitmapDialog::OnOK();
+}
+
+void CLogFormDlg::OnCancel()
+{
+    CBitmapDialog::OnCancel();
+}
+
+void CLogFormDlg::OnHelp()
+{
+    extHtmlHelp(0);
+}
+
+void CLogFormDlg::OnBnClickedBtnHelp()
+{
+    const bool onReport = !m_bLogOnly && m_Tab.GetCurSel() == 0;
+    const UINT nHelpID = onReport ? HelpNumberOfReport : HelpNumberOfLog(m_LogPage.m_nLogType, m_bLogOnly);
+    VD_TRACE(Info, L"CLogFormDlg::OnBnClickedBtnHelp()  nHelpID[%d]", nHelpID);
+    extHtmlHelp(nHelpID);
+}
+
+void CLogFormDlg::extHtmlHelp(UINT id)
+{
+    VD_TRACE(Flow, L"[Enter] CLogFormDlg::extHtmlHelp()...");
+    ShowHelpTopic(id);
+    VD_TRACE(Flow, L"[Leave] CLogFormDlg::extHtmlHelp()...");
+}
+
+BOOL CLogFormDlg::PreTranslateMessage(MSG& message)
+{
+    if (message.message == WM_KEYDOWN && TranslateKeyDown(message))
+    {
+        return TRUE;
+    }
+    if (message.message == WM_KEYDOWN && message.wParam == VK_SPACE)
+    {
+        return CBitmapDialog::PreTranslateMessage(message);
+    }
+    if (message.message == WM_KEYUP && message.wParam == VK_TAB)
+    {
+        m_Tab.SetCurSel(m_Tab.GetCurSel()); // shows its page again
+        return TRUE;
+    }
+    if (m_ToolTip.GetSafeHwnd() != nullptr)
+    {
+        m_ToolTip.RelayEvent(message);
+    }
+    return CDialog::PreTranslateMessage(message);
+}
+
+// Enter and Escape do nothing; Space on the tabs changes to the other one.
+bool CLogFormDlg::TranslateKeyDown(const MSG& message)
+{
+    switch (message.wParam)
+    {
+    case VK_RETURN:
+    case VK_ESCAPE:
+        return true;
+    case VK_SPACE:
+        return message.hwnd == m_Tab.GetSafeHwnd() && TranslateTabSpace();
+    default:
+        return false;
+    }
+}
+
+bool CLogFormDlg::TranslateTabSpace()
+{
+    const int selected = m_Tab.GetCurSel();
+    if (selected != NoTab)
+    {
+        m_Tab.SetCurFocus(selected == 0 ? 1 : 0);
+    }
+    return true;
 }

@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/controls/FontStyle.h"
 
 #include "platform/dialog/ModuleState.h"
+#include "resource/resource.h"
 
 #include <cerrno>
 #include <cwchar>
@@ -8,8 +9,6 @@
 
 namespace
 {
-
-constexpr UINT FontStyleText = 77;
 
 // Where the values stand in the text.
 constexpr std::size_t Bold = 0;
@@ -31,7 +30,7 @@ bool HasForm(const std::wstring& style)
 
 void CFontStyle::GetFontStyle(bool& bold, bool& italic, std::int32_t& size) const
 {
-    const std::wstring& style = LoadText(FontStyleText);
+    const std::wstring& style = LoadText(IDS_FONT_STYLE);
     if (!HasForm(style))
     {
         return;

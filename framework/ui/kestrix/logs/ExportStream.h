@@ -11,7 +11,8 @@
 class ExportStream
 {
 public:
-    // Makes the file, in place of one that stands there; false when that is not possible.
+    // Makes the file, in place of one that stands there; false when that is not possible, and for what is no file: a
+    // device or a folder. A path of any length will do. Nobody else can open the file until Close.
     bool Open(const std::wstring& path);
 
     // False when the text could not be written.
@@ -26,9 +27,15 @@ public:
     // Closes the file without writing what is still in memory.
     void Close() { m_hFile.reset(); }
 
+    // Closes and deletes the file that Open made; false when it stays.
+    bool Delete();
+
 private:
     static constexpr std::size_t BlockSize = 64 * 1024; // characters
 
+    bool Append(std::wstring_view text);
+
     UniqueFile m_hFile;
+    std::wstring m_strPath; // as the system takes it
     std::vector<wchar_t> m_arrBlock;
 };

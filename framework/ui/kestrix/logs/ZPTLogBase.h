@@ -188,7 +188,7 @@ private:
     bool ParseRecord(LogRec& record, std::wstring_view line, int kind);
     bool PutEntries(const OrlVector<OrlLogEntry>* entries);
     bool InsertRows(bool withIcons);
-    bool ExportRecord(ExportStream& stream, std::uint32_t logType, const LogRec& record) const;
+    bool ExportRecords(ExportStream& stream, std::uint32_t logType) const;
     void FreeRecords();
 
     std::vector<std::wstring_view> m_arrToken; // of the line being parsed; kept for its room

@@ -2,32 +2,98 @@
 
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "framework/ui/kestrix/logs/ExportStream.h"
+#include "framework/ui/kestrix/logs/FindCharacter.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "platform/dialog/ModuleState.h"
-
-#include <numeric>
 
 namespace
 {
 
-// The fields of a record line, by number; the two logs that leave some out have their rule here and their labels in
-// their class.
-std::vector<std::size_t> ExportedFields(std::uint32_t logType, std::size_t fieldCount)
+// The two logs that leave out fields have their rule here and their labels in their class.
+constexpr std::size_t PhishingFields[] = {0, 2, 3, 4, 5};
+constexpr std::size_t DirectionNumber = 3; // of a firewall record
+
+// Deletes the file again, whatever ended the export, unless it is complete.
+class ExportGuard
 {
-    if (logType == LogTypePhishing)
+public:
+    ExportGuard(ExportStream& stream, const std::wstring& path) : m_stream(stream), m_path(path) {}
+
+    ~ExportGuard()
     {
-        return {0, 2, 3, 4, 5};
+        if (!m_bComplete)
+        {
+            const bool deleted = m_stream.Delete();
+            VD_TRACE(Flow, L"DeleteFile(%s) returned %d", m_path, static_cast<int>(deleted));
+        }
     }
-    std::vector<std::size_t> fields(fieldCount);
-    std::iota(fields.begin(), fields.end(), std::size_t{0});
-    constexpr std::size_t directionNumber = 3;
-    // The last field is always written, so a firewall record that ends with its direction keeps it.
-    if (logType == LogTypeFirewall && fieldCount > directionNumber + 1)
+
+    ExportGuard(const ExportGuard&) = delete;
+    ExportGuard& operator=(const ExportGuard&) = delete;
+
+    void Complete()
     {
-        fields.erase(fields.begin() + directionNumber);
+        m_stream.Close();
+        m_bComplete = true;
     }
-    return fields;
-}
+
+private:
+    ExportStream& m_stream;
+    const std::wstring& m_path;
+    bool m_bComplete = false;
+};
+
+// Writes records field by field, and keeps the room that a field's copy takes from one to the next.
+class RecordWriter
+{
+public:
+    RecordWriter(const CZPTLogBase& log, ExportStream& stream) : m_log(log), m_stream(stream) {}
+
+    // All fields in order; a firewall record loses its direction, unless it ends with it.
+    bool Write(const LogRec& record, std::uint32_t logType)
+    {
+        const std::size_t count = record.strData.size();
+        for (std::size_t i = 0; i < count; ++i)
+        {
+            const bool isLast = i + 1 == count;
+            const bool isLeftOut = logType == LogTypeFirewall && i == DirectionNumber && !isLast;
+            if (!isLeftOut && !WriteField(record.strData[i], isLast))
+            {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    // The five fields of a phishing record; one that a record of another log does not have is empty.
+    bool WritePhishing(const LogRec& record)
+    {
+        for (const std::size_t& field : PhishingFields)
+        {
+            const std::wstring_view text = field < record.strData.size() ? record.strData[field] : std::wstring_view();
+            if (!WriteField(text, &field + 1 == std::end(PhishingFields)))
+            {
+                return false;
+            }
+        }
+        return true;
+    }
+
+private:
+    bool WriteField(std::wstring_view field, bool isLast)
+    {
+        m_strField = field;
+        if (!m_strField.empty())
+        {
+            m_log.EscapeQuote(m_strField);
+        }
+        return m_stream.WriteLabel(m_strField, isLast ? L'\n' : L'\t');
+    }
+
+    const CZPTLogBase& m_log;
+    ExportStream& m_stream;
+    std::wstring m_strField;
+};
 
 } // namespace
 
@@ -48,18 +114,14 @@ bool CZPTLogBase::ExportLog(const std::wstring& path, std::uint32_t logType, con
     {
         return false;
     }
+    ExportGuard guard(stream, path);
     bool written = stream.WriteLabel(LoadText(ExportTitle(logType)), L'\t') && stream.WriteLabel(dateText, L'\t') &&
                    stream.WriteLabel(localAddress, L'\n');
-    bool headerDone = true;
-    if (written)
+    if (written && !WriteExportHeader(stream))
     {
-        headerDone = WriteExportHeader(stream);
-        for (std::size_t i = 0; headerDone && written && i < GetLogCount(); ++i)
-        {
-            written = ExportRecord(stream, logType, *m_arrRecord[i]);
-        }
-        written = written && (!headerDone || stream.Flush());
+        return false;
     }
+    written = written && ExportRecords(stream, logType) && stream.Flush();
     if (!written)
     {
         VD_TRACE(Error, L"Disk has no space to export file(%s).", path);
@@ -67,29 +129,19 @@ bool CZPTLogBase::ExportLog(const std::wstring& path, std::uint32_t logType, con
         {
             *error = ExportDiskFull;
         }
+        return false;
     }
-    stream.Close();
-    const bool done = written && headerDone;
-    if (!done)
-    {
-        const BOOL deleted = DeleteFileW(path.c_str());
-        VD_TRACE(Flow, L"DeleteFile(%s) returned %d", path, deleted);
-    }
-    return done;
+    guard.Complete();
+    return true;
 }
 
-bool CZPTLogBase::ExportRecord(ExportStream& stream, std::uint32_t logType, const LogRec& record) const
+bool CZPTLogBase::ExportRecords(ExportStream& stream, std::uint32_t logType) const
 {
-    const std::vector<std::size_t> fields = ExportedFields(logType, record.strData.size());
-    std::wstring text;
-    for (std::size_t i = 0; i < fields.size(); ++i)
+    RecordWriter writer(*this, stream);
+    for (std::size_t i = 0; i < GetLogCount(); ++i)
     {
-        text = record.Field(fields[i]);
-        if (!text.empty())
-        {
-            EscapeQuote(text);
-        }
-        if (!stream.WriteLabel(text, i + 1 < fields.size() ? L'\t' : L'\n'))
+        const LogRec& record = *m_arrRecord[i];
+        if (!(logType == LogTypePhishing ? writer.WritePhishing(record) : writer.Write(record, logType)))
         {
             return false;
         }
@@ -99,7 +151,13 @@ bool CZPTLogBase::ExportRecord(ExportStream& stream, std::uint32_t logType, cons
 
 void CZPTLogBase::EscapeQuote(std::wstring& text) const
 {
-    for (std::size_t found = text.find(L'"'); found != text.npos; found = text.find(L'"', found + 2))
+    const auto next = [&text](std::size_t start)
+    {
+        const wchar_t* const first = text.data();
+        const wchar_t* const end = first + text.size();
+        return static_cast<std::size_t>(FindCharacter(first + start, end, L'"') - first);
+    };
+    for (std::size_t found = next(0); found != text.size(); found = next(found + 2))
     {
         text.insert(found, 1, L'"');
     }

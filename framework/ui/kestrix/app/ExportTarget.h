@@ -1,0 +1,13 @@
+#pragma once
+
+#include "common/VdCommon/VdComn_DynLib.h"
+
+#include <string>
+
+// The user's documents folder, where the export dialog opens: at most 259 characters, empty when nobody knows it.
+// load: loads the system's library that knows it; without that library the registry is asked.
+std::wstring DocumentsFolder(VdCommon::DynLib::LoadFunction load = ::LoadLibraryW);
+
+// The path with the extension of the dialog's filter, counted from 1. A path that has an extension keeps it, and so
+// does one with an index that no filter has.
+std::wstring WithFilterExtension(std::wstring path, DWORD filterIndex);

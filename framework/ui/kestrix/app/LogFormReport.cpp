@@ -1,0 +1,107 @@
+// The form with a report: its two labels.
+
+#include "common/VdCommon/VdComn_ByteArray.h"
+#include "common/VdCommon/VdComn_DebugLog.h"
+#include "common/VdCommon/VdComn_Storage.h"
+#include "common/VdCommon/VdComn_String.h"
+#include "framework/ui/kestrix/app/HeadingFont.h"
+#include "framework/ui/kestrix/app/LogFormDlg.h"
+#include "resource/resource.h"
+
+#include <array>
+#include <cstring>
+#include <ctime>
+
+namespace
+{
+
+constexpr wchar_t EventLogKey[] = L"Software\\Veldrane\\Zeptara\\17\\ServiceFramework\\EnforceLayer\\Common\\EventLog";
+
+constexpr std::uint32_t ShortestReport = 3; // days
+constexpr std::uint32_t LongestReport = 30;
+constexpr std::uint32_t UsualReport = 7;
+constexpr __time64_t SecondsOfADay = 86'400;
+
+constexpr int FirstYear = 1900; // std::tm counts from here
+constexpr std::size_t DateRoom = 128;
+
+std::uint32_t ReportDays()
+{
+    const std::uint32_t days =
+        VdCommon::Storage::QueryValue(HKEY_LOCAL_MACHINE, EventLogKey, L"GenReportFrequency", UsualReport);
+    return days < ShortestReport || days > LongestReport ? UsualReport : days;
+}
+
+// Local time in calendar seconds. Throws CAtlException for a time that is none.
+__time64_t SecondsOf(const SYSTEMTIME& time)
+{
+    const COleDateTime date(time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond);
+    if (time.wYear < FirstYear || date.GetStatus() != COleDateTime::valid)
+    {
+        throw CAtlException(E_FAIL);
+    }
+    std::tm fields{};
+    fields.tm_year = time.wYear - FirstYear;
+    fields.tm_mon = time.wMonth - 1;
+    fields.tm_mday = time.wDay;
+    fields.tm_hour = time.wHour;
+    fields.tm_min = time.wMinute;
+    fields.tm_sec = time.wSecond;
+    fields.tm_isdst = -1;
+    return ::_mktime64(&fields);
+}
+
+// The start of the report's period, or the suite's installation when that came later.
+__time64_t ReportStart()
+{
+    const __time64_t start = ::_time64(nullptr) - (ReportDays() - 1) * SecondsOfADay;
+    VdCommon::ByteArray bytes;
+    std::uint32_t error = 0;
+    if (!VdCommon::Storage::QueryValue(HKEY_LOCAL_MACHINE, EventLogKey, L"InstallTime", bytes, 0, &error))
+    {
+        VD_TRACE(Error, L"VdCommon::Storage::Reg::QueryValue() failed: 0x%08X", error);
+        return start;
+    }
+    SYSTEMTIME installed{};
+    if (bytes.Size() != sizeof installed)
+    {
+        VD_TRACE(Error, L"size of byte_array is invalid: %d", static_cast<int>(bytes.Size()));
+        return start;
+    }
+    std::memcpy(&installed, bytes.Data(), sizeof installed);
+    const __time64_t installTime = SecondsOf(installed);
+    return start < installTime ? installTime : start;
+}
+
+std::wstring DateText(__time64_t seconds)
+{
+    std::tm fields{};
+    std::array<wchar_t, DateRoom> text{};
+    if (::_localtime64_s(&fields, &seconds) != 0)
+    {
+        return {};
+    }
+    std::wcsftime(text.data(), text.size(), LoadText(IDS_REPORT_DATE).c_str(), &fields);
+    return text.data();
+}
+
+void ShowLabel(CColorText& label, const std::wstring& text, LONG weight)
+{
+    CColorText::FontLook look = HeadingLook();
+    look.weight = weight;
+    label.SetFontLook(look);
+    label.SetAlignment(CColorText::Horizontal::Left, CColorText::Vertical::Centre);
+    label.SetText(text);
+    label.ShowWindow(SW_SHOW);
+}
+
+} // namespace
+
+void CLogFormDlg::SetReportLabels()
+{
+    ShowLabel(m_ReportTitle, LoadText(IDS_REPORT_TITLE), FW_BOLD);
+    std::wstring total;
+    VdCommon::String::Format(total, LoadText(IDS_REPORT_TOTAL).c_str(), m_ReportPage.TotalCount(),
+                             DateText(ReportStart()).c_str());
+    ShowLabel(m_ReportTotal, total, FW_NORMAL);
+}
