@@ -24,4 +24,8 @@ function(kestrix_test name)
   target_link_libraries(${name} PRIVATE kestrix_test_support ${arg_LINKS})
   add_test(NAME ${name} COMMAND ${name} ${arg_ARGUMENTS} WORKING_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
   set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_SECONDS})
+  if(name MATCHES "^ui_")
+    # There is one foreground window, one pointer, and one window that a second viewer looks for.
+    set_tests_properties(${name} PROPERTIES RESOURCE_LOCK desktop)
+  endif()
 endfunction()

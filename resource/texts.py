@@ -24,11 +24,10 @@ def arguments(text):
 
 
 def is_file_filter(text):
-    """Patterns are in capitals: the system's dialog gives a name the extension of the pattern as it stands."""
     parts = text.split("|")
     pairs = parts[:-2]
     return (text.endswith("||") and len(pairs) >= 4 and len(pairs) % 2 == 0 and all(pairs)
-            and pairs[1] == "*.CSV" and pairs[3] == "*.TXT")
+            and pairs[1] == "*.csv" and pairs[3] == "*.txt")
 
 
 # What the column `format` may hold, and the test that a text of this format passes.

@@ -69,7 +69,7 @@ quietly() {
   return "$status"
 }
 
-# Names of the packages in tools/packages.txt that are not installed, nor provided by an installed one.
+# missing_packages LIST: names of the packages in the list that are not installed, nor provided by an installed one.
 missing_packages() {
   local name
   declare -A installed=()
@@ -81,15 +81,16 @@ missing_packages() {
     if [[ -n $name && $name != '#'* && -z ${installed[$name]:-} ]]; then
       printf '%s\n' "$name"
     fi
-  done <tools/packages.txt
+  done <"$1"
 }
 
-# Installs what is missing of tools/packages.txt. With nothing missing it costs some milliseconds.
+# need_packages [LIST]: installs what is missing of the list, tools/packages.txt when none is named. With nothing missing
+# it costs some milliseconds.
 need_packages() {
-  local missing as_root=() apt
+  local list=${1:-tools/packages.txt} missing as_root=() apt
   command -v dpkg-query >/dev/null ||
-    fail "This is no Debian system." "Use Debian 12, or install the equals of tools/packages.txt."
-  mapfile -t missing < <(missing_packages)
+    fail "This is no Debian system." "Use Debian 12, or install the equals of $list."
+  mapfile -t missing < <(missing_packages "$list")
   if ((${#missing[@]} == 0)); then
     return
   fi

@@ -155,6 +155,7 @@ void ObjectTable::Add(HeldObject& object)
         }
     }
     client->objects.insert(&object);
+    m_bWasUsed = true;
     CountOneMore();
 }
 
@@ -179,7 +180,6 @@ void ObjectTable::CountOneMore()
 {
     CoAddRefServerProcess();
     ++m_nUses;
-    m_bWasUsed = true;
 }
 
 void ObjectTable::CountOneLess()

@@ -61,7 +61,7 @@ public:
     // When the last object or lock went; nothing while there is one. At first the moment at which the table was made.
     std::optional<std::chrono::steady_clock::time_point> UnusedSince() const;
 
-    // Whether there was ever one.
+    // Whether there was ever an object. The service locks itself for a purge, and still waits for its first client.
     bool WasUsed() const;
 
     // An automatic event: the table became unused, or a client ended. Belongs to the table.

@@ -25,4 +25,5 @@ Figures BenchRead();
 Figures BenchMemory();
 Figures BenchDatabase();
 Figures BenchDays();
+Figures BenchExport();
 Figures BenchTrace();

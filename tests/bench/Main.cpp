@@ -23,7 +23,7 @@ struct Bench
 
 constexpr Bench Benches[] = {
     {L"read", &BenchRead}, {L"memory", &BenchMemory}, {L"database", &BenchDatabase},
-    {L"days", &BenchDays}, {L"trace", &BenchTrace},
+    {L"days", &BenchDays}, {L"export", &BenchExport}, {L"trace", &BenchTrace},
 };
 
 constexpr int OverBudget = 1;

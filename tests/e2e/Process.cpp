@@ -162,6 +162,7 @@ DebuggerOutput::DebuggerOutput(const std::wstring& program, const std::wstring& 
             break;
         case EXIT_PROCESS_DEBUG_EVENT:
             ended = true;
+            exitCode = event.u.ExitProcess.dwExitCode;
             break;
         default:
             break;

@@ -54,5 +54,6 @@ struct DebuggerOutput
 
     std::vector<std::string> lines;
     bool ended = false;
+    DWORD exitCode = STILL_ACTIVE;
     bool hadWindow = false;
 };

@@ -7,7 +7,6 @@
 
 #include <tlhelp32.h>
 
-#include <array>
 #include <cstdlib>
 #include <memory>
 #include <stdexcept>
@@ -16,31 +15,6 @@ namespace
 {
 
 constexpr wchar_t Program[] = L"VdFrwkSvc.exe";
-constexpr wchar_t SuiteKey[] = L"Software\\Veldrane\\Zeptara";
-constexpr wchar_t FolderValue[] = L"InstalledFolder";
-
-std::optional<std::wstring> ReadInstalledFolder()
-{
-    std::array<wchar_t, 1024> text{};
-    DWORD size = sizeof text;
-    const bool isThere = RegGetValueW(HKEY_LOCAL_MACHINE, SuiteKey, FolderValue, RRF_RT_REG_SZ, nullptr, text.data(),
-                                      &size) == ERROR_SUCCESS;
-    return isThere ? std::optional<std::wstring>(text.data()) : std::nullopt;
-}
-
-void WriteInstalledFolder(const std::optional<std::wstring>& text)
-{
-    if (!text)
-    {
-        RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, SuiteKey, FolderValue);
-        return;
-    }
-    const auto size = static_cast<DWORD>((text->size() + 1) * sizeof(wchar_t));
-    if (RegSetKeyValueW(HKEY_LOCAL_MACHINE, SuiteKey, FolderValue, REG_SZ, text->c_str(), size) != ERROR_SUCCESS)
-    {
-        throw std::runtime_error("the installed folder of the test cannot be set");
-    }
-}
 
 // NtSuspendProcess and NtResumeProcess have no header.
 void CallForProcesses(const char* function)
@@ -81,9 +55,8 @@ void ForgetClassObjects()
 
 } // namespace
 
-Service::Service(const std::wstring& arguments) : m_installedBefore(ReadInstalledFolder())
+Service::Service(const std::wstring& arguments)
 {
-    WriteInstalledFolder(m_folder.Path().wstring());
     if (Run(L"/RegServer " + arguments) != 0)
     {
         throw std::runtime_error("the service of the test cannot be registered");
@@ -97,7 +70,6 @@ Service::~Service()
         Kill();
     }
     Run(L"/UnregServer");
-    WriteInstalledFolder(m_installedBefore);
 }
 
 std::vector<DWORD> Service::Processes()

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "tests/support/TemporaryFolder.h"
+#include "tests/e2e/InstalledFolder.h"
 
 #include <windows.h>
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,7 +18,7 @@ public:
     Service(const Service&) = delete;
     Service& operator=(const Service&) = delete;
 
-    const TemporaryFolder& Installed() const { return m_folder; }
+    const TemporaryFolder& Installed() const { return m_installed.Folder(); }
 
     // The numbers of its processes that run now.
     static std::vector<DWORD> Processes();
@@ -41,6 +40,5 @@ public:
     static DWORD Run(const std::wstring& arguments);
 
 private:
-    TemporaryFolder m_folder;
-    std::optional<std::wstring> m_installedBefore;
+    const InstalledFolder m_installed;
 };

@@ -63,6 +63,13 @@ TEST_F(ServiceClientsTest, StartsOnDemandAndEndsWhenUnused)
     EXPECT_TRUE(Service::HasEnded());
 }
 
+// The purge was over before the client came, and the service took that for the end of its use.
+TEST_F(ServiceClientsTest, APurgeOfItsOwnAtItsStartDoesNotKeepTheFirstClientOut)
+{
+    RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, EventLogKey, L"EventLogPurgeFlag"); // it purges by itself
+    EXPECT_EQ(QueryProfile(*Connect().Get(), Framework::ValueKey{112, 1}).size(), 3u);
+}
+
 TEST_F(ServiceClientsTest, AClientThatComesWhileItEndsGetsTheNextOne)
 {
     Connect();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/e2e/RegistryValue.h"
 #include "tests/e2e/Service.h"
 #include "tests/e2e/ServiceSession.h"
 
@@ -13,26 +14,6 @@ inline constexpr std::uint32_t VirusPurgeType = 1;
 using Events = std::vector<std::string>;
 inline constexpr char PurgeDone[] = "4 22 1";
 
-// The flag that keeps the service from purging by itself; at the end the machine has no purge settings.
-class PurgeSettingsScope
-{
-public:
-    PurgeSettingsScope()
-    {
-        const DWORD off = 0;
-        RegSetKeyValueW(HKEY_LOCAL_MACHINE, EventLogKey, L"EventLogPurgeFlag", REG_DWORD, &off, sizeof off);
-    }
-
-    ~PurgeSettingsScope()
-    {
-        RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, EventLogKey, L"EventLogPurgeFlag");
-        RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, EventLogKey, L"EventLogPurgeFre");
-    }
-
-    PurgeSettingsScope(const PurgeSettingsScope&) = delete;
-    PurgeSettingsScope& operator=(const PurgeSettingsScope&) = delete;
-};
-
 // In a single-threaded apartment, as the viewer is.
 class ServiceFixture : public ::testing::Test
 {
@@ -41,6 +22,8 @@ protected:
 
     ~ServiceFixture() override { CoUninitialize(); }
 
-    const PurgeSettingsScope m_settings;
+    // Nothing is purged but by order.
+    const RegistryValue m_purgeFlag{EventLogKey, L"EventLogPurgeFlag", 0};
+    const RegistryValue m_purgeDays{EventLogKey, L"EventLogPurgeFre", 30};
     const Service m_service;
 };

@@ -1,5 +1,8 @@
 // What the program traces from its start to its end, compared with the sequences kept in golden/.
 
+#include "tests/e2e/EventLogs.h"
+#include "tests/e2e/ServiceFixture.h"
+#include "tests/e2e/Tracing.h"
 #include "tests/e2e/Viewer.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/TemporaryFolder.h"
@@ -11,55 +14,9 @@
 #include <map>
 #include <regex>
 #include <sstream>
-#include <stdexcept>
 
 namespace
 {
-
-constexpr wchar_t SettingsKey[] = L"Software\\Veldrane\\Zeptara\\17\\DebugLog\\InteractiveSession";
-
-// Tracing of every program that starts while this object lives, all levels, into one file of the folder.
-class Tracing
-{
-public:
-    explicit Tracing(const std::filesystem::path& folder) : m_file(folder / L"zptgolden.log")
-    {
-        UniqueRegistryKey key;
-        if (RegCreateKeyExW(HKEY_LOCAL_MACHINE, SettingsKey, 0, nullptr, REG_OPTION_VOLATILE, KEY_SET_VALUE, nullptr,
-                            key.put(), nullptr) != ERROR_SUCCESS)
-        {
-            throw std::runtime_error("the settings of the trace cannot be written");
-        }
-        SetNumber(key.get(), L"Enable", 1);
-        SetNumber(key.get(), L"Level", 0x111);
-        SetNumber(key.get(), L"LogProcess", 0);
-        SetNumber(key.get(), L"LogUnitType", 0);
-        SetText(key.get(), L"LogFolder", folder.wstring());
-        SetText(key.get(), L"LogPrefix", L"zpt");
-        SetText(key.get(), L"LogFile", L"golden");
-    }
-
-    ~Tracing() { RegDeleteTreeW(HKEY_LOCAL_MACHINE, SettingsKey); }
-
-    Tracing(const Tracing&) = delete;
-    Tracing& operator=(const Tracing&) = delete;
-
-    std::string Text() const { return ReadBytes(m_file.wstring()); }
-
-private:
-    static void SetNumber(HKEY key, const wchar_t* name, DWORD value)
-    {
-        RegSetValueExW(key, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&value), sizeof value);
-    }
-
-    static void SetText(HKEY key, const wchar_t* name, const std::wstring& value)
-    {
-        RegSetValueExW(key, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
-                       static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
-    }
-
-    const std::filesystem::path m_file;
-};
 
 // "flow", "info" or "error" and the text of each line; what is not of this shape stays as it is, and so is seen.
 std::string Normalised(const std::string& trace, const std::wstring& folder)
@@ -112,6 +69,8 @@ protected:
     const Tracing m_tracing{m_folder.Path()};
 };
 
+using TraceWithServiceTest = ServiceFixture;
+
 } // namespace
 
 TEST_F(TraceTest, OfAStartWithADayFileOfTwoRecords)
@@ -136,4 +95,18 @@ TEST_F(TraceTest, OfAStartWithAnEmptyCommandLine)
 {
     EXPECT_EQ(Process(ProgramFolder() + L"Kestrix.exe").ExitCode(), 0u);
     ExpectTrace(Normalised(m_tracing.Text(), m_folder.Path().wstring()), "start-with-an-empty-command-line");
+}
+
+TEST_F(TraceWithServiceTest, OfAStartWithADayOfTwoRecordsInTheDatabase)
+{
+    const LanguageFile language;
+    const std::filesystem::path& folder = m_service.Installed().Path();
+    const EventLogs logs(m_service.Installed());
+    logs.Append(VirusSubType, 20261120, {VirusLine(L"0900", L"beta"), VirusLine(L"0930", L"gamma")});
+    const Tracing tracing(folder);
+    const Viewer viewer(DatabaseCommandLine(VirusLog));
+    ASSERT_NE(viewer.Form(), nullptr);
+    EXPECT_EQ(viewer.RowCount(), 2);
+    EXPECT_EQ(viewer.Close(), 0u);
+    ExpectTrace(Normalised(tracing.Text(), folder.wstring()), "start-with-a-day-of-the-database");
 }

@@ -115,6 +115,11 @@ std::wstring Viewer::TextOf(int control) const
     return text.data();
 }
 
+bool Viewer::IsEnabled(int control) const
+{
+    return IsWindowEnabled(Item(control)) != FALSE;
+}
+
 std::vector<std::wstring> Viewer::Dates() const
 {
     const HWND list = Item(IDC_DATE_LIST);
@@ -126,6 +131,11 @@ std::vector<std::wstring> Viewer::Dates() const
         dates.emplace_back(text.data());
     }
     return dates;
+}
+
+int Viewer::SelectedDate() const
+{
+    return static_cast<int>(Ask(Item(IDC_DATE_LIST), LB_GETCURSEL));
 }
 
 HWND Viewer::List() const
@@ -180,6 +190,35 @@ void Viewer::ClickHeader(int column) const
     RECT place = block.Read<RECT>();
     place.left += 20; // clear of the line that sizes the column
     ClickAt(header, place);
+}
+
+void Viewer::ClickDate(int index) const
+{
+    RECT place{};
+    Ask(Item(IDC_DATE_LIST), LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&place));
+    ClickAt(Item(IDC_DATE_LIST), place);
+}
+
+void Viewer::PressKey(WORD key) const
+{
+    PostMessageW(List(), WM_KEYDOWN, key, 1);
+    PostMessageW(List(), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+}
+
+int Viewer::LogCount() const
+{
+    return static_cast<int>(Ask(Item(IDC_LOG_TYPE), CB_GETCOUNT));
+}
+
+int Viewer::SelectedLog() const
+{
+    return static_cast<int>(Ask(Item(IDC_LOG_TYPE), CB_GETCURSEL));
+}
+
+void Viewer::SwitchToLog(int index) const
+{
+    Ask(Item(IDC_LOG_TYPE), CB_SETCURSEL, static_cast<WPARAM>(index));
+    Ask(Item(IDC_VIEW), BM_CLICK);
 }
 
 void Viewer::ChooseDate() const

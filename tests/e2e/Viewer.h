@@ -25,20 +25,33 @@ public:
     HWND Item(int control) const;
 
     std::wstring TextOf(int control) const;
+    bool IsEnabled(int control) const;
 
     std::vector<std::wstring> Dates() const;
+    int SelectedDate() const;
     int RowCount() const;
     std::wstring Cell(int row, int column) const;
 
     // The texts of a column from top to bottom.
     std::vector<std::wstring> Column(int column) const;
 
-    // A press and a release of the left mouse button.
+    // A press and a release of the left mouse button. The date must be in sight.
     void ClickRow(int row) const;
     void ClickHeader(int column) const;
+    void ClickDate(int index) const;
+
+    // A press and a release of a key in the list of records.
+    void PressKey(WORD key) const;
+
+    // The logs that the user can switch to, and the choice of one of them.
+    int LogCount() const;
+    int SelectedLog() const;
+    void SwitchToLog(int index) const;
 
     // Tells the page that the user has chosen the date that is selected.
     void ChooseDate() const;
+
+    const Process& Program() const { return m_process; }
 
     DWORD Close() const { return CloseForm(m_process, m_form); }
 

@@ -4,7 +4,7 @@ import re
 
 import lint
 
-BINARY = (".png", ".bmp", ".ico", ".cur", ".chm", ".gif", ".jpg", ".ttf")
+BINARY = (".png", ".bmp", ".ico", ".cur", ".chm", ".gif", ".jpg", ".ttf", ".utf16")
 
 # What the file may not hold, and the remedy.
 MARKS = (

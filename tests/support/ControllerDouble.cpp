@@ -107,7 +107,9 @@ private:
     const DWORD m_nCookie;
 };
 
-class ControllerDouble::Profile : public Part, public IVdFrwkProfile
+// The profile or the property.
+template <class Interface>
+class ControllerDouble::Values : public Part, public Interface
 {
 public:
     using Part::Part;
@@ -118,9 +120,9 @@ public:
         return E_NOINTERFACE;
     }
 
-    ULONG STDMETHODCALLTYPE AddRef() override { return Count(); }
+    ULONG STDMETHODCALLTYPE AddRef() override { return this->Count(); }
 
-    ULONG STDMETHODCALLTYPE Release() override { return Drop(); }
+    ULONG STDMETHODCALLTYPE Release() override { return this->Drop(); }
 
     HRESULT STDMETHODCALLTYPE QueryValue(ULONG type, ULONG subType, ULONG zero, ULONG zeroToo, ULONG* word,
                                          LPSAFEARRAY* array) override
@@ -130,16 +132,16 @@ public:
                                   std::to_wstring(zero) + L" " + std::to_wstring(zeroToo) + L" " +
                                   std::to_wstring(*word) + L" of " + std::to_wstring(count);
         HRESULT result = S_OK;
-        if (m_owner.Ends(Step::Query, call, result))
+        if (this->m_owner.Ends(Step::Query, call, result))
         {
             return result;
         }
-        return m_owner.m_onQuery ? m_owner.m_onQuery(type, array) : S_OK;
+        return this->m_owner.m_onQuery ? this->m_owner.m_onQuery(type, array) : S_OK;
     }
 
     HRESULT STDMETHODCALLTYPE SetValue(ULONG, ULONG, ULONG, ULONG, ULONG*, ULONG*, LPSAFEARRAY) override
     {
-        m_owner.m_calls.push_back(L"SetValue");
+        this->m_owner.m_calls.push_back(L"SetValue");
         return S_OK;
     }
 };
@@ -203,7 +205,7 @@ public:
         {
             return result;
         }
-        *profile = new Profile(m_owner);
+        *profile = new Values<IVdFrwkProfile>(m_owner);
         (*profile)->AddRef();
         return S_OK;
     }
@@ -215,8 +217,14 @@ public:
     HRESULT STDMETHODCALLTYPE GetProperty(IVdFrwkProperty** property) override
     {
         *property = nullptr;
-        m_owner.m_calls.push_back(L"GetProperty");
-        return E_NOTIMPL;
+        HRESULT result = S_OK;
+        if (m_owner.Ends(Step::Property, L"GetProperty", result))
+        {
+            return result;
+        }
+        *property = new Values<IVdFrwkProperty>(m_owner);
+        (*property)->AddRef();
+        return S_OK;
     }
 
     HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints**) override { return E_NOTIMPL; }

@@ -27,6 +27,7 @@ public:
         Advise,
         Unadvise,
         Profile, // getting the active profile
+        Property,
         Query,
     };
 
@@ -65,7 +66,8 @@ private:
     class Factory;
     class Controller;
     class Point;
-    class Profile;
+    template <class Interface>
+    class Values;
 
     static DWORD CookieOf(REFIID eventInterface);
 

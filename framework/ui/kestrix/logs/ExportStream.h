@@ -33,9 +33,11 @@ public:
 private:
     static constexpr std::size_t BlockSize = 64 * 1024; // characters
 
-    bool Append(std::wstring_view text);
+    std::size_t CopyToLineFeed(std::wstring_view text);
+    bool Put(wchar_t character);
 
     UniqueFile m_hFile;
     std::wstring m_strPath; // as the system takes it
     std::vector<wchar_t> m_arrBlock;
+    std::size_t m_nUsed = 0; // characters of the block
 };

@@ -48,6 +48,15 @@ TEST_F(ObjectTableTest, EachCopyOfALockCounts)
     EXPECT_TRUE(m_objects.UnusedSince());
 }
 
+// The service purged by itself at its start, and then gave its first client no more time than the next ones.
+TEST_F(ObjectTableTest, ALockAloneIsNoUseByAClient)
+{
+    {
+        const ServiceLock lock(m_objects);
+    }
+    EXPECT_FALSE(m_objects.WasUsed());
+}
+
 TEST_F(ObjectTableTest, TheClassFactoryMakesNoAggregate)
 {
     const auto factory = Suite::ComPtr<ClassFactory>::Attach(new ClassFactory(m_service));

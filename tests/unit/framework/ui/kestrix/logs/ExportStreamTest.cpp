@@ -1,13 +1,33 @@
 #include "framework/ui/kestrix/logs/ExportStream.h"
 
+#include "tests/support/ImportPatch.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
+
+extern "C" decltype(&::CreateFileW) __imp_CreateFileW;
 
 namespace
 {
+
+std::wstring g_askedFor;
+
+HANDLE WINAPI RefuseFile(LPCWSTR path, DWORD, DWORD, SECURITY_ATTRIBUTES*, DWORD, DWORD, HANDLE)
+{
+    g_askedFor = path;
+    return INVALID_HANDLE_VALUE;
+}
+
+// The name under which the stream makes the file of this path.
+std::wstring PathAskedFor(const std::wstring& path)
+{
+    const ImportPatch<decltype(&::CreateFileW)> refuse(__imp_CreateFileW, &RefuseFile);
+    ExportStream().Open(path);
+    return g_askedFor;
+}
 
 class ExportStreamTest : public ::testing::Test
 {
@@ -87,4 +107,63 @@ TEST_F(ExportStreamTest, AFolderThatIsNotThereDoesNotOpen)
 {
     ExportStream stream;
     EXPECT_FALSE(stream.Open(m_folder.File(L"missing\\export.csv")));
+}
+
+TEST_F(ExportStreamTest, TheLineEndMayFallOnTheEdgeOfTheBlock)
+{
+    std::wstring text;
+    std::wstring expected;
+    for (int i = 0; i < 64 * 1024; ++i)
+    {
+        text += L"\n";
+        expected += L"\r\n";
+    }
+    ExportStream stream;
+    ASSERT_TRUE(stream.Open(m_path));
+    EXPECT_TRUE(stream.Write(text) && stream.Flush());
+    stream.Close();
+    EXPECT_TRUE(ReadUtf16(m_path) == expected);
+}
+
+TEST_F(ExportStreamTest, APathOf259And260And300CharactersCanBeWrittenAndDeleted)
+{
+    const std::wstring folder = m_folder.File(std::wstring(60, L'f')) + L"\\";
+    ASSERT_TRUE(std::filesystem::create_directory(folder));
+    for (const std::size_t length : {259u, 260u, 300u})
+    {
+        const std::wstring path = folder + std::wstring(length - folder.size(), L'n');
+        ExportStream stream;
+        ASSERT_TRUE(stream.Open(path)) << length;
+        EXPECT_TRUE(stream.Write(L"text") && stream.Flush());
+        stream.Close();
+        EXPECT_EQ(ReadUtf16(L"\\\\?\\" + path), L"text");
+        EXPECT_TRUE(stream.Delete());
+        EXPECT_TRUE(std::filesystem::is_empty(folder)) << length;
+    }
+}
+
+// The system takes a path of this length only with its prefix. Wine takes it without, so the name that is asked for is
+// looked at.
+TEST_F(ExportStreamTest, ALongPathIsMadeWholeAndGetsThePrefixThatLiftsTheLimit)
+{
+    const std::wstring name(250, L'n');
+    EXPECT_EQ(PathAskedFor(L"C:\\a\\..\\b/" + name + L"\\x"), L"\\\\?\\C:\\b\\" + name + L"\\x");
+    EXPECT_EQ(PathAskedFor(L"\\\\server\\share\\" + name), L"\\\\?\\UNC\\server\\share\\" + name);
+    EXPECT_EQ(PathAskedFor(L"\\\\?\\C:\\b\\" + name), L"\\\\?\\C:\\b\\" + name);
+    EXPECT_EQ(PathAskedFor(L"C:\\a\\..\\b"), L"C:\\a\\..\\b") << "a short one stays as it is";
+}
+
+TEST_F(ExportStreamTest, NobodyElseOpensTheFileUntilItIsClosed)
+{
+    ExportStream stream;
+    ASSERT_TRUE(stream.Open(m_path));
+    const auto canRead = [&]
+    {
+        return static_cast<bool>(
+            UniqueFile(CreateFileW(m_path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                   nullptr, OPEN_EXISTING, 0, nullptr)));
+    };
+    EXPECT_FALSE(canRead()) << "a reader would keep a failed export from being deleted";
+    stream.Close();
+    EXPECT_TRUE(canRead());
 }

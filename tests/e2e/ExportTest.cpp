@@ -1,0 +1,186 @@
+// The export of the real program through the system's own save dialog, driven by keys.
+
+#include "resource/resource.h"
+#include "tests/e2e/Viewer.h"
+#include "tests/support/LanguageFile.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <commctrl.h>
+
+#include <filesystem>
+#include <iterator>
+#include <string_view>
+
+namespace
+{
+
+constexpr int TypeCombo = 0x0470; // of the system's save dialog, as its own headers number it
+
+// The system's save dialog while it is open. Keys go to its controls by way of its message queue, since there is no
+// window manager that would keep it in front.
+class SaveDialog
+{
+public:
+    SaveDialog() : m_window(OpenWindow()), m_name(FindName(m_window)) {}
+
+    bool IsOpen() const { return m_window != nullptr && IsWindow(m_window); }
+
+    void Type(const std::wstring& text) const
+    {
+        for (const wchar_t character : text)
+        {
+            PostMessageW(m_name, WM_CHAR, character, 1);
+        }
+    }
+
+    // Chooses a filter by its number, from 1 on, with the arrow keys.
+    void ChooseType(int index) const
+    {
+        for (int i = 1; i < index; ++i)
+        {
+            Press(GetDlgItem(m_window, TypeCombo), VK_DOWN);
+        }
+    }
+
+    // A key in the field of the name.
+    void Press(WPARAM key) const { Press(m_name, key); }
+
+private:
+    static void Press(HWND control, WPARAM key)
+    {
+        PostMessageW(control, WM_KEYDOWN, key, 1);
+        PostMessageW(control, WM_KEYUP, key, 1);
+    }
+
+    static HWND OpenWindow()
+    {
+        HWND window = nullptr;
+        WaitUntil(
+            [&]
+            {
+                window = FindWindowW(nullptr, Text(IDS_EXPORT_DIALOG_TITLE).c_str());
+                return window != nullptr && IsWindowVisible(window);
+            });
+        return window;
+    }
+
+    // The dialog's one visible field for text.
+    static HWND FindName(HWND window)
+    {
+        HWND found = nullptr;
+        const auto look = [](HWND child, LPARAM pointer) -> BOOL
+        {
+            wchar_t name[16]{};
+            GetClassNameW(child, name, static_cast<int>(std::size(name)));
+            if (name != std::wstring_view(WC_EDITW) || !IsWindowVisible(child))
+            {
+                return TRUE;
+            }
+            *reinterpret_cast<HWND*>(pointer) = child;
+            return FALSE;
+        };
+        EnumChildWindows(window, look, reinterpret_cast<LPARAM>(&found));
+        return found;
+    }
+
+    HWND m_window;
+    HWND m_name;
+};
+
+class ExportTest : public ::testing::Test
+{
+protected:
+    ExportTest()
+    {
+        WriteUtf16(m_day, L"x|0900|1048576|x|0|0|beta|C:\\beta.exe|4|1|0|0\r\n"
+                          L"x|1030|1048576|x|0|0|\"delta\"|C:\\delta.exe|4|1|0|0\r\n");
+        std::filesystem::create_directory(m_target);
+    }
+
+    static void PressExport(const Viewer& viewer) { PostMessageW(viewer.Item(IDC_FORM_EXPORT), BM_CLICK, 0, 0); }
+
+    // Exports to a name in the folder of the test under this filter, and gives the files that are there then.
+    std::vector<std::wstring> ExportAs(const std::wstring& name, int filterIndex)
+    {
+        const Viewer viewer(FileCommandLine(1, m_day));
+        PressExport(viewer);
+        const SaveDialog dialog;
+        EXPECT_TRUE(dialog.IsOpen());
+        dialog.ChooseType(filterIndex);
+        dialog.Type((m_target / name).wstring());
+        dialog.Press(VK_RETURN);
+        EXPECT_TRUE(WaitUntil([&] { return !dialog.IsOpen() && !Files().empty(); }));
+        EXPECT_EQ(viewer.RowCount(), 2) << "the viewer answers again";
+        EXPECT_EQ(viewer.Close(), 0u);
+        return Files();
+    }
+
+    // The names in capitals: the dialog adds the extension of its filter as it likes.
+    std::vector<std::wstring> Files() const
+    {
+        std::vector<std::wstring> names;
+        for (const auto& entry : std::filesystem::directory_iterator(m_target))
+        {
+            std::wstring& name = names.emplace_back(entry.path().filename().wstring());
+            CharUpperW(name.data());
+        }
+        return names;
+    }
+
+    // The file that the export is to make, as it is to be.
+    void ExpectRecords(const std::wstring& name) const
+    {
+        const std::wstring text = ReadUtf16((m_target / name).wstring());
+        EXPECT_TRUE(text.starts_with(L"\"" + Text(IDS_TITLE_VIRUS) + L"\"\t"));
+        EXPECT_NE(text.find(L"\t\"beta\"\t\"C:\\beta.exe\"\t"), text.npos);
+        EXPECT_NE(text.find(L"\t\"\"\"delta\"\"\"\t\"C:\\delta.exe\"\t"), text.npos);
+        EXPECT_TRUE(text.ends_with(L"\"\r\n"));
+    }
+
+    const LanguageFile m_language;
+    const TemporaryFolder m_folder;
+    const std::wstring m_day = m_folder.File(L"20261120.VLG");
+    const std::filesystem::path m_target = m_folder.Path() / L"a folder";
+};
+
+} // namespace
+
+TEST_F(ExportTest, ANameWithoutExtensionUnderTheFirstFilterBecomesCsv)
+{
+    ASSERT_EQ(ExportAs(L"name", 1), std::vector<std::wstring>{L"NAME.CSV"});
+    ExpectRecords(L"name.CSV");
+}
+
+TEST_F(ExportTest, ANameWithoutExtensionUnderTheSecondFilterBecomesTxt)
+{
+    ASSERT_EQ(ExportAs(L"name", 2), std::vector<std::wstring>{L"NAME.TXT"});
+    ExpectRecords(L"name.TXT");
+}
+
+TEST_F(ExportTest, ANameWithoutExtensionUnderTheThirdFilterBecomesCsv)
+{
+    ASSERT_EQ(ExportAs(L"name", 3), std::vector<std::wstring>{L"NAME.CSV"});
+    ExpectRecords(L"name.CSV");
+}
+
+TEST_F(ExportTest, AnExtensionThatTheUserTypedStays)
+{
+    ASSERT_EQ(ExportAs(L"name.doc", 2), std::vector<std::wstring>{L"NAME.DOC"});
+    ExpectRecords(L"name.doc");
+}
+
+TEST_F(ExportTest, EscapeLeavesTheDialogWithNothingWritten)
+{
+    const Viewer viewer(FileCommandLine(1, m_day));
+    PressExport(viewer);
+    const SaveDialog dialog;
+    ASSERT_TRUE(dialog.IsOpen());
+    dialog.Type((m_target / L"name").wstring());
+    dialog.Press(VK_ESCAPE);
+    EXPECT_TRUE(WaitUntil([&] { return !dialog.IsOpen(); }));
+    EXPECT_EQ(viewer.RowCount(), 2);
+    EXPECT_EQ(viewer.Close(), 0u);
+    EXPECT_TRUE(Files().empty());
+}

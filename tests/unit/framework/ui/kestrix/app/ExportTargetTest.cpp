@@ -1,0 +1,93 @@
+#include "framework/ui/kestrix/app/ExportTarget.h"
+
+#include "tests/support/RegistrySandbox.h"
+
+#include <gtest/gtest.h>
+
+#include <shlobj.h>
+
+namespace
+{
+
+constexpr wchar_t ShellFolders[] = L"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
+
+HMODULE WINAPI LoadNothing(const wchar_t*)
+{
+    return nullptr;
+}
+
+// A library without the function.
+HMODULE WINAPI LoadAnother(const wchar_t*)
+{
+    return ::LoadLibraryW(L"lz32.dll");
+}
+
+} // namespace
+
+TEST(ExportTarget, TheDocumentsFolderIsTheOneThatTheShellKnows)
+{
+    wchar_t folder[MAX_PATH] = {};
+    ASSERT_TRUE(::SHGetSpecialFolderPathW(nullptr, folder, CSIDL_PERSONAL, FALSE));
+    EXPECT_STRNE(folder, L"");
+    EXPECT_EQ(DocumentsFolder(), folder);
+}
+
+TEST(ExportTarget, WithoutTheLibraryOrTheFunctionTheDocumentsFolderComesFromTheRegistry)
+{
+    const RegistrySandbox registry;
+    EXPECT_EQ(DocumentsFolder(&LoadNothing), L"");
+    registry.SetText(ShellFolders, L"Personal", L"X:\\papers");
+    EXPECT_EQ(DocumentsFolder(&LoadNothing), L"X:\\papers");
+    EXPECT_EQ(DocumentsFolder(&LoadAnother), L"X:\\papers");
+    EXPECT_NE(DocumentsFolder(), L"X:\\papers") << "the shell is asked first";
+}
+
+TEST(ExportTarget, TheDocumentsFolderHasAtMost259Characters)
+{
+    const RegistrySandbox registry;
+    for (const std::size_t length : {259u, 260u, 300u})
+    {
+        registry.SetText(ShellFolders, L"Personal", std::wstring(length, L'x'));
+        EXPECT_EQ(DocumentsFolder(&LoadNothing), std::wstring(259, L'x'));
+    }
+}
+
+TEST(ExportTarget, LookingForTheDocumentsFolderKeepsNoLibraryLoaded)
+{
+    ASSERT_EQ(::GetModuleHandleW(L"lz32.dll"), nullptr);
+    DocumentsFolder(&LoadAnother);
+    EXPECT_EQ(::GetModuleHandleW(L"lz32.dll"), nullptr);
+}
+
+TEST(ExportTarget, ANameWithoutExtensionGetsThatOfTheFilter)
+{
+    EXPECT_EQ(WithFilterExtension(L"C:\\a\\name", 1), L"C:\\a\\name.CSV");
+    EXPECT_EQ(WithFilterExtension(L"C:\\a\\name", 2), L"C:\\a\\name.TXT");
+    EXPECT_EQ(WithFilterExtension(L"C:\\a\\name", 3), L"C:\\a\\name.CSV");
+}
+
+TEST(ExportTarget, AnIndexThatNoFilterHasAddsNothing)
+{
+    for (const DWORD index : {0u, 4u, 5u, 0xFFFFFFFFu})
+    {
+        EXPECT_EQ(WithFilterExtension(L"C:\\a\\name", index), L"C:\\a\\name") << index;
+    }
+}
+
+TEST(ExportTarget, ANameThatHasAnyExtensionKeepsItUnderEveryIndex)
+{
+    for (const wchar_t* const path :
+         {L"C:\\a\\n.csv", L"C:\\a\\n.TXT", L"C:\\a\\n.doc", L"C:\\a\\n.a.b", L"C:\\a\\n.", L"C:\\a\\.n", L"C:/a/n.x"})
+    {
+        for (DWORD index = 0; index <= 4; ++index)
+        {
+            EXPECT_EQ(WithFilterExtension(path, index), path) << index;
+        }
+    }
+}
+
+TEST(ExportTarget, APointInAFolderIsNoExtension)
+{
+    EXPECT_EQ(WithFilterExtension(L"C:\\a.b\\name", 2), L"C:\\a.b\\name.TXT");
+    EXPECT_EQ(WithFilterExtension(L"C:/a.b/name", 2), L"C:/a.b/name.TXT");
+}

@@ -1,0 +1,183 @@
+// Exports that fail: what is told, and that no file is left.
+
+#include "framework/ui/kestrix/logs/ZPTLogBase.h"
+
+#include "tests/support/ImportPatch.h"
+#include "tests/support/TraceRecorder.h"
+#include "tests/unit/framework/ui/kestrix/logs/ExportTest.h"
+
+#include <algorithm>
+#include <new>
+#include <string>
+#include <vector>
+
+extern "C" decltype(&::WriteFile) __imp_WriteFile;
+
+namespace
+{
+
+using ZPTLogBaseExportFailureTest = ExportTest;
+
+BOOL WINAPI FailAsOnAFullDisk(HANDLE, const void*, DWORD, DWORD* written, OVERLAPPED*)
+{
+    *written = 0;
+    SetLastError(ERROR_DISK_FULL);
+    return FALSE;
+}
+
+// A disk with room for so many bytes, for all files that are written meanwhile.
+class SmallDisk
+{
+public:
+    explicit SmallDisk(DWORD bytes) : m_patch(__imp_WriteFile, &Write)
+    {
+        s_left = bytes;
+        s_write = m_patch.Original();
+    }
+
+    static DWORD BytesLeft() { return s_left; }
+
+private:
+    static BOOL WINAPI Write(HANDLE file, const void* data, DWORD bytes, DWORD* written, OVERLAPPED* overlapped)
+    {
+        const DWORD part = std::min(bytes, s_left);
+        s_left -= part;
+        s_write(file, data, part, written, overlapped);
+        SetLastError(ERROR_DISK_FULL);
+        return part == bytes;
+    }
+
+    inline static DWORD s_left = 0;
+    inline static decltype(&::WriteFile) s_write = nullptr;
+
+    ImportPatch<decltype(&::WriteFile)> m_patch;
+};
+
+BOOL WINAPI WriteLess(HANDLE, const void*, DWORD bytes, DWORD* written, OVERLAPPED*)
+{
+    *written = bytes - 1;
+    return TRUE;
+}
+
+} // namespace
+
+TEST_F(ZPTLogBaseExportFailureTest, WritingToAFullDiskGivesErrorCode10000AndTheFileIsGone)
+{
+    Put(L"a");
+    const ImportPatch<decltype(&::WriteFile)> full(__imp_WriteFile, &FailAsOnAFullDisk);
+    EXPECT_FALSE(Export());
+    EXPECT_EQ(m_nError, 10000u);
+    EXPECT_FALSE(FileExists());
+}
+
+TEST_F(ZPTLogBaseExportFailureTest, ADiskThatIsFullInTheMiddleOfTheRecordsGivesTheSame)
+{
+    for (int i = 0; i < 100; ++i)
+    {
+        Put(std::wstring(2000, L'x'));
+    }
+    const ImportPatch<decltype(&::WriteFile)> full(__imp_WriteFile, &WriteLess);
+    EXPECT_FALSE(Export());
+    EXPECT_EQ(m_nError, 10000u);
+    EXPECT_FALSE(FileExists());
+}
+
+TEST_F(ZPTLogBaseExportFailureTest, AFullDiskIsToldByTheResultAloneWhenNobodyTakesTheCode)
+{
+    const ImportPatch<decltype(&::WriteFile)> full(__imp_WriteFile, &FailAsOnAFullDisk);
+    EXPECT_FALSE(m_log.ExportLog(m_path, LogTypeVirus, L"", L"", nullptr));
+    EXPECT_FALSE(FileExists());
+}
+
+TEST_F(ZPTLogBaseExportFailureTest, ADiskThatTakesAPartLeavesNoFileAndTracesBoth)
+{
+    for (int i = 0; i < 100; ++i)
+    {
+        Put(std::wstring(2000, L'x'));
+    }
+    const TraceRecorder trace;
+    {
+        const SmallDisk disk(200'000);
+        EXPECT_FALSE(Export());
+        EXPECT_EQ(disk.BytesLeft(), 0u) << "the disk was filled";
+    }
+    EXPECT_EQ(m_nError, 10000u);
+    EXPECT_FALSE(FileExists());
+    EXPECT_EQ(trace.Errors(), std::vector{L"Disk has no space to export file(" + m_path + L")."});
+    EXPECT_EQ(trace.Texts(VdCommon::TraceLevel::Flow), std::vector{L"DeleteFile(" + m_path + L") returned 1"});
+}
+
+TEST_F(ZPTLogBaseExportFailureTest, ADiskThatIsFullAtTheVeryEndGivesErrorCode10000AndTheFileIsGone)
+{
+    Put(L"a");
+    ASSERT_TRUE(Export());
+    const auto size = static_cast<DWORD>(ReadBytes(m_path).size());
+    {
+        const SmallDisk disk(size);
+        EXPECT_TRUE(Export()) << "exactly enough";
+    }
+    const SmallDisk disk(size - 1);
+    EXPECT_FALSE(Export());
+    EXPECT_EQ(m_nError, 10000u);
+    EXPECT_FALSE(FileExists());
+}
+
+TEST_F(ZPTLogBaseExportFailureTest, AnExceptionLeavesNoFileEither)
+{
+    Put(L"a");
+    m_log.m_bEscapeThrows = true;
+    EXPECT_THROW(Export(), std::bad_alloc);
+    EXPECT_FALSE(FileExists());
+    EXPECT_EQ(m_nError, Untouched);
+}
+
+TEST_F(ZPTLogBaseExportFailureTest, AFileThatCannotBeMadeIsNotTraced)
+{
+    const TraceRecorder trace;
+    EXPECT_FALSE(m_log.ExportLog(m_folder.File(L"missing\\export.csv"), LogTypeVirus, L"", L"", &m_nError));
+    EXPECT_TRUE(trace.Texts().empty());
+}
+
+TEST_F(ZPTLogBaseExportFailureTest, ADeviceIsNoFile)
+{
+    for (const std::wstring& path : {std::wstring(L"NUL"), std::wstring(L"\\\\.\\NUL"), m_folder.File(L"NUL")})
+    {
+        EXPECT_FALSE(m_log.ExportLog(path, LogTypeVirus, L"", L"", &m_nError));
+        EXPECT_EQ(m_nError, Untouched);
+    }
+}
+
+TEST_F(ZPTLogBaseExportFailureTest, AnUnwritablePathFailsLeavesTheErrorCodeAndDeletesNothing)
+{
+    WriteBytes(m_path, "precious");
+    const UniqueFile user(
+        CreateFileW(m_path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+    EXPECT_FALSE(Export()) << "somebody reads the file and lets nobody write";
+    EXPECT_EQ(m_nError, Untouched);
+    EXPECT_EQ(ReadBytes(m_path), "precious");
+
+    for (const std::wstring& path : {m_folder.File(L"missing\\export.csv"), m_folder.Path().wstring()})
+    {
+        EXPECT_FALSE(m_log.ExportLog(path, LogTypeVirus, L"", L"", &m_nError));
+        EXPECT_EQ(m_nError, Untouched);
+    }
+    EXPECT_TRUE(std::filesystem::is_directory(m_folder.Path()));
+}
+
+TEST_F(ZPTLogBaseExportFailureTest, LabelsThatCannotBeWrittenLeaveNoFileAndNoErrorCode)
+{
+    Put(L"a");
+    m_log.m_bHeaderWorks = false;
+    EXPECT_FALSE(Export());
+    EXPECT_EQ(m_nError, Untouched);
+    EXPECT_FALSE(FileExists());
+}
+
+TEST_F(ZPTLogBaseExportFailureTest, WithoutADateTextOrAnAddressNothingIsTouched)
+{
+    WriteBytes(m_path, "precious");
+    EXPECT_FALSE(m_log.ExportLog(m_path, LogTypeVirus, nullptr, L"", &m_nError));
+    EXPECT_FALSE(m_log.ExportLog(m_path, LogTypeVirus, L"", nullptr, &m_nError));
+    EXPECT_EQ(m_nError, Untouched);
+    EXPECT_EQ(ReadBytes(m_path), "precious");
+}
