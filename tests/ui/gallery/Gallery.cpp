@@ -19,7 +19,7 @@ constexpr int SmallestColumn = 84; // for the caption
 std::vector<GalleryRow> AllGalleryRows()
 {
     std::vector<GalleryRow> rows;
-    for (const auto family : {&BackgroundRows, &FrameRows})
+    for (const auto family : {&BackgroundRows, &FrameRows, &ButtonRows, &TextRows, &TabRows})
     {
         std::ranges::move(family(), std::back_inserter(rows));
     }

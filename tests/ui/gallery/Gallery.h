@@ -27,6 +27,9 @@ struct GalleryRow
 // The rows of one family of controls; each family has a source file of this folder, and a line in AllGalleryRows.
 std::vector<GalleryRow> BackgroundRows();
 std::vector<GalleryRow> FrameRows();
+std::vector<GalleryRow> ButtonRows();
+std::vector<GalleryRow> TextRows();
+std::vector<GalleryRow> TabRows();
 
 std::vector<GalleryRow> AllGalleryRows();
 

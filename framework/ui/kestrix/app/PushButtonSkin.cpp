@@ -6,9 +6,9 @@
 namespace
 {
 
-// A text beside no margin is centred.
+// A text beside no margin is centred in the room behind the gap.
 constexpr int NoMargin = 0;
-constexpr int Gap = 8;
+constexpr int NoGap = 0;
 
 } // namespace
 
@@ -17,7 +17,7 @@ void SetSkin(CExtendButton& button, bool centred)
     button.SetFrame(false); // the face has its own edge
     if (centred)
     {
-        button.SetLayout(false, NoMargin, Gap);
+        button.SetLayout(false, NoMargin, NoGap);
     }
     button.SetNormalBitmap(IDB_BUTTON_FACE);
     button.SetHotBitmap(IDB_BUTTON_FACE);
