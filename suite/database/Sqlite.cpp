@@ -1,5 +1,7 @@
 #include "suite/database/Sqlite.h"
 
+#include "suite/common/KernelHandle.h"
+
 #include <sqlite3.h>
 
 #include <cstring>
@@ -10,6 +12,8 @@ namespace EventLog
 
 namespace
 {
+
+constexpr DWORD RetryMilliseconds = 10;
 
 static_assert(sizeof(wchar_t) == 2, "texts are stored as they lie in memory");
 
@@ -39,6 +43,15 @@ std::string Utf8(const std::filesystem::path& path)
     return {text.begin(), text.end()};
 }
 
+// Whether the file is one that this user may write, although it may be in use at the moment in a way that forbids it.
+bool MayBeWritten(const std::filesystem::path& path)
+{
+    constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const Suite::KernelHandle file = Suite::OwnFile(
+        CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    return file != nullptr || GetLastError() == ERROR_SHARING_VIOLATION;
+}
+
 } // namespace
 
 void KeepFileAsItIs(sqlite3* database) noexcept
@@ -53,13 +66,26 @@ void Connection::Closer::operator()(sqlite3* database) const noexcept
 
 Connection::Connection(const std::filesystem::path& path, OpenMode mode, std::chrono::milliseconds busyTimeout)
 {
+    // The library takes a file that it cannot open for writing for one that is to be read only, also when that is so
+    // for a moment: while somebody gives the file its name, or looks through it.
+    const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(busyTimeout.count());
+    Open(path, mode);
+    while (sqlite3_db_readonly(Handle(), "main") == 1 && MayBeWritten(path) && GetTickCount64() < end)
+    {
+        Sleep(RetryMilliseconds);
+        Open(path, mode);
+    }
+    Require(Handle(), sqlite3_busy_timeout(Handle(), static_cast<int>(busyTimeout.count())));
+}
+
+void Connection::Open(const std::filesystem::path& path, OpenMode mode)
+{
     const int flags =
         SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | (mode == OpenMode::CreateIfMissing ? SQLITE_OPEN_CREATE : 0);
     sqlite3* database = nullptr;
     const int code = sqlite3_open_v2(Utf8(path).c_str(), &database, flags, nullptr);
     m_database.reset(database);
     Require(database, code);
-    Require(database, sqlite3_busy_timeout(database, static_cast<int>(busyTimeout.count())));
 }
 
 void Connection::Execute(const char* statements) const

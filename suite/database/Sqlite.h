@@ -42,6 +42,8 @@ enum class OpenMode
 class Connection
 {
 public:
+    // A file that may not be written can be read. One that somebody else keeps from being written is waited for, and
+    // can only be read when the time is out.
     Connection(const std::filesystem::path& path, OpenMode mode, std::chrono::milliseconds busyTimeout);
 
     sqlite3* Handle() const { return m_database.get(); }
@@ -56,6 +58,8 @@ public:
     std::int64_t Changes() const;
 
 private:
+    void Open(const std::filesystem::path& path, OpenMode mode);
+
     struct Closer
     {
         void operator()(sqlite3* database) const noexcept;
