@@ -34,7 +34,7 @@ bool IsSameFile(HANDLE one, HANDLE other)
 // Takes back what a full disk took of a line, so that the next line starts where this one did.
 void CutBack(HANDLE file, std::uint64_t size)
 {
-    const FileHandle writable = Own(ReOpenFile(file, GENERIC_WRITE, ShareAll, 0));
+    const Suite::KernelHandle writable = Suite::OwnFile(ReOpenFile(file, GENERIC_WRITE, Suite::ShareAll, 0));
     FILE_END_OF_FILE_INFO end{};
     end.EndOfFile.QuadPart = static_cast<LONGLONG>(size);
     SetFileInformationByHandle(writable.get(), FileEndOfFileInfo, &end, sizeof end);
@@ -104,7 +104,7 @@ DWORD LogFile::OpenCurrent()
     {
         return ERROR_SUCCESS;
     }
-    const auto open = [this] { return OpenShared(m_name.Current().c_str(), AppendAccess, OPEN_ALWAYS); };
+    const auto open = [this] { return Suite::OpenShared(m_name.Current().c_str(), AppendAccess, OPEN_ALWAYS); };
     m_file = open();
     if (!m_file && GetLastError() == ERROR_PATH_NOT_FOUND && MakeFolder(m_name.Folder()))
     {
@@ -158,7 +158,7 @@ bool LogFile::IsComplete(const State& state, const Line& line) const
 
 bool LogFile::IsCurrent() const
 {
-    const FileHandle named = OpenShared(m_name.Current().c_str(), FILE_READ_ATTRIBUTES, OPEN_EXISTING);
+    const Suite::KernelHandle named = Suite::OpenShared(m_name.Current().c_str(), FILE_READ_ATTRIBUTES, OPEN_EXISTING);
     return named && IsSameFile(m_file.get(), named.get());
 }
 

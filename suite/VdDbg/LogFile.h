@@ -1,7 +1,7 @@
 #pragma once
 
-#include "suite/VdDbg/FileHandle.h"
 #include "suite/VdDbg/LogName.h"
+#include "suite/common/KernelHandle.h"
 
 #include <cstdint>
 #include <mutex>
@@ -51,7 +51,7 @@ private:
     const bool m_bRobust;
     const std::uint64_t m_nLimit;
     std::mutex m_mutex; // guards the handle: a wait for the lock on the file would block all other calls with it
-    FileHandle m_file;
+    Suite::KernelHandle m_file;
 };
 
 } // namespace VdDbg

@@ -21,4 +21,12 @@ inline KernelHandle OwnFile(HANDLE handle) noexcept
     return KernelHandle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
 }
 
+inline constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+// Opens a file, shared with everybody for everything. Empty, with the reason in GetLastError, when that failed.
+inline KernelHandle OpenShared(const wchar_t* path, DWORD access, DWORD disposition) noexcept
+{
+    return OwnFile(CreateFileW(path, access, ShareAll, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
 } // namespace Suite

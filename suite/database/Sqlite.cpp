@@ -46,9 +46,7 @@ std::string Utf8(const std::filesystem::path& path)
 // Whether the file is one that this user may write, although it may be in use at the moment in a way that forbids it.
 bool MayBeWritten(const std::filesystem::path& path)
 {
-    constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const Suite::KernelHandle file = Suite::OwnFile(
-        CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    const Suite::KernelHandle file = Suite::OpenShared(path.c_str(), GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING);
     return file != nullptr || GetLastError() == ERROR_SHARING_VIOLATION;
 }
 

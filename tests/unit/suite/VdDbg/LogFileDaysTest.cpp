@@ -57,7 +57,7 @@ TEST_F(VdDbgLogFileDays, AFileThatIsOpenedAgainKeepsItsDay)
 TEST_F(VdDbgLogFileDays, AFileThatSomebodyElseWroteHasTheDayOfItsLastWrite)
 {
     WriteBytes(m_name.Current(), "before\r\n");
-    const VdDbg::FileHandle file = VdDbg::OpenShared(m_name.Current().c_str(), FILE_WRITE_ATTRIBUTES, OPEN_EXISTING);
+    const Suite::KernelHandle file = Suite::OpenShared(m_name.Current().c_str(), FILE_WRITE_ATTRIBUTES, OPEN_EXISTING);
     const auto stamp = VdDbg::StampOf(At(2011, 3, 5));
     ASSERT_TRUE(file && stamp && SetFileTime(file.get(), nullptr, nullptr, &*stamp));
     EXPECT_EQ(LogFile(m_name, false).Append(At(2011, 3, 6), "after\r\n"), 0U);

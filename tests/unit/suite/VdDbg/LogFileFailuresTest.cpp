@@ -108,7 +108,7 @@ TEST_F(VdDbgLogFileFailures, ANameThatIsAFolderIsAnError)
 
 TEST_F(VdDbgLogFileFailures, AFileThatSomebodyHasForHimselfIsAnErrorUntilHeLetsGo)
 {
-    VdDbg::FileHandle owner = VdDbg::Own(
+    Suite::KernelHandle owner = Suite::OwnFile(
         CreateFileW(m_name.Current().c_str(), GENERIC_READ, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
     ASSERT_TRUE(owner);
     LogFile file(m_name, false);
@@ -129,9 +129,9 @@ TEST_F(VdDbgLogFileFailures, WhileAReaderHoldsAFullFileLinesGoOnIntoIt)
 {
     LogFile file(m_name, false, 1);
     EXPECT_EQ(file.Append(Noon(), "one\r\n"), 0U);
-    VdDbg::FileHandle reader =
-        VdDbg::Own(CreateFileW(m_name.Current().c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                               OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    Suite::KernelHandle reader =
+        Suite::OwnFile(CreateFileW(m_name.Current().c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     ASSERT_TRUE(reader);
     EXPECT_EQ(file.Append(Noon(), "two\r\n"), 0U);
     EXPECT_EQ(file.Append(Noon(), "three\r\n"), 0U);

@@ -1,6 +1,6 @@
 #include "suite/VdDbg/OldFiles.h"
 
-#include "suite/VdDbg/FileHandle.h"
+#include "suite/common/KernelHandle.h"
 #include "tests/unit/suite/VdDbg/TraceLogs.h"
 
 #include <gtest/gtest.h>
@@ -25,10 +25,10 @@ protected:
     std::string Content(const std::wstring& name) { return ReadBytes(m_folder.File(name)); }
 
     // As a reader does that lets others write, yet not rename.
-    VdDbg::FileHandle Hold(const std::wstring& name)
+    Suite::KernelHandle Hold(const std::wstring& name)
     {
-        return VdDbg::Own(CreateFileW(m_folder.File(name).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+        return Suite::OwnFile(CreateFileW(m_folder.File(name).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                          nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     }
 
     const TemporaryFolder m_folder;
@@ -81,7 +81,7 @@ TEST_F(VdDbgOldFiles, OtherFilesOfTheFolderStay)
 TEST_F(VdDbgOldFiles, TheCurrentFileStaysWhileAReaderHoldsIt)
 {
     Make({L"Trace.log"});
-    VdDbg::FileHandle reader = Hold(L"Trace.log");
+    Suite::KernelHandle reader = Hold(L"Trace.log");
     ASSERT_TRUE(reader);
     EXPECT_FALSE(RetireCurrent(m_name));
     EXPECT_EQ(FilesIn(m_folder.Path()), Names{L"Trace.log"});
@@ -93,7 +93,7 @@ TEST_F(VdDbgOldFiles, TheCurrentFileStaysWhileAReaderHoldsIt)
 TEST_F(VdDbgOldFiles, AHeldOldFileStopsTheShiftAndNoFileIsLostHoweverOftenItIsTried)
 {
     Make(AllSix);
-    VdDbg::FileHandle reader = Hold(L"Trace.3.log");
+    Suite::KernelHandle reader = Hold(L"Trace.3.log");
     ASSERT_TRUE(reader);
     for (int i = 0; i < 3; ++i)
     {
@@ -112,8 +112,8 @@ TEST_F(VdDbgOldFiles, AHeldOldFileStopsTheShiftAndNoFileIsLostHoweverOftenItIsTr
 TEST_F(VdDbgOldFiles, TheOldestGoesEvenWhenAWriterThatFellBehindHasItOpen)
 {
     Make(AllSix);
-    const VdDbg::FileHandle writer =
-        VdDbg::OpenShared(m_folder.File(L"Trace.5.log").c_str(), FILE_APPEND_DATA, OPEN_EXISTING);
+    const Suite::KernelHandle writer =
+        Suite::OpenShared(m_folder.File(L"Trace.5.log").c_str(), FILE_APPEND_DATA, OPEN_EXISTING);
     ASSERT_TRUE(writer);
     EXPECT_TRUE(RetireCurrent(m_name));
     EXPECT_EQ(Content(L"Trace.5.log"), "Trace.4.log");

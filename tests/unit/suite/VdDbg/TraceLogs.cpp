@@ -1,6 +1,6 @@
 #include "tests/unit/suite/VdDbg/TraceLogs.h"
 
-#include "suite/VdDbg/FileHandle.h"
+#include "suite/common/KernelHandle.h"
 
 #include <gtest/gtest.h>
 
@@ -77,6 +77,6 @@ std::vector<std::wstring> FilesIn(const std::filesystem::path& folder)
 
 bool IsFree(const std::wstring& path)
 {
-    return VdDbg::Own(CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
-                                  nullptr)) != nullptr;
+    return Suite::OwnFile(CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
+                                      nullptr)) != nullptr;
 }

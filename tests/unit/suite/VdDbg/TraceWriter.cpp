@@ -28,8 +28,8 @@ std::wstring ReadyEvent(const std::wstring& gun, const std::wstring& name)
 // The life of the second process.
 DWORD WriteAll(const WritingOrder& order, const std::wstring& gun)
 {
-    const VdDbg::FileHandle fired(OpenEventW(SYNCHRONIZE, FALSE, gun.c_str()));
-    const VdDbg::FileHandle ready(OpenEventW(EVENT_MODIFY_STATE, FALSE, ReadyEvent(gun, order.name).c_str()));
+    const Suite::KernelHandle fired(OpenEventW(SYNCHRONIZE, FALSE, gun.c_str()));
+    const Suite::KernelHandle ready(OpenEventW(EVENT_MODIFY_STATE, FALSE, ReadyEvent(gun, order.name).c_str()));
     VdDbg::LogFile file(NameIn(order.folder), false, order.limit);
     if (!fired || !ready || file.Open() != ERROR_SUCCESS)
     {
@@ -70,7 +70,7 @@ public:
 
 const ::testing::Environment* const g_secondProcess = ::testing::AddGlobalTestEnvironment(new SecondProcess);
 
-VdDbg::FileHandle Start(const WritingOrder& order, const std::wstring& gun)
+Suite::KernelHandle Start(const WritingOrder& order, const std::wstring& gun)
 {
     wchar_t program[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, program, MAX_PATH);
@@ -85,8 +85,8 @@ VdDbg::FileHandle Start(const WritingOrder& order, const std::wstring& gun)
     {
         return nullptr;
     }
-    const VdDbg::FileHandle thread(process.hThread);
-    return VdDbg::FileHandle(process.hProcess);
+    const Suite::KernelHandle thread(process.hThread);
+    return Suite::KernelHandle(process.hProcess);
 }
 
 std::wstring UniqueName()

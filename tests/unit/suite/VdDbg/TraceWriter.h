@@ -1,6 +1,6 @@
 #pragma once
 
-#include "suite/VdDbg/FileHandle.h"
+#include "suite/common/KernelHandle.h"
 
 #include <cstdint>
 #include <string>
@@ -29,7 +29,7 @@ public:
 
 private:
     std::wstring m_strName;
-    VdDbg::FileHandle m_event;
+    Suite::KernelHandle m_event;
 };
 
 // A second process of this test program. Its end is waited for, or it is ended, at the latest by the destructor.
@@ -49,6 +49,6 @@ public:
     void Kill();
 
 private:
-    VdDbg::FileHandle m_ready;
-    VdDbg::FileHandle m_process;
+    Suite::KernelHandle m_ready;
+    Suite::KernelHandle m_process;
 };
