@@ -199,15 +199,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE GetActiveProfile(IVdFrwkProfile** profile) override
     {
-        *profile = nullptr;
-        HRESULT result = S_OK;
-        if (m_owner.Ends(Step::Profile, L"GetActiveProfile", result))
-        {
-            return result;
-        }
-        *profile = new Values<IVdFrwkProfile>(m_owner);
-        (*profile)->AddRef();
-        return S_OK;
+        return Give(Step::Profile, L"GetActiveProfile", profile);
     }
 
     HRESULT STDMETHODCALLTYPE Reserved12() override { return E_NOTIMPL; }
@@ -216,15 +208,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE GetProperty(IVdFrwkProperty** property) override
     {
-        *property = nullptr;
-        HRESULT result = S_OK;
-        if (m_owner.Ends(Step::Property, L"GetProperty", result))
-        {
-            return result;
-        }
-        *property = new Values<IVdFrwkProperty>(m_owner);
-        (*property)->AddRef();
-        return S_OK;
+        return Give(Step::Property, L"GetProperty", property);
     }
 
     HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints**) override { return E_NOTIMPL; }
@@ -244,6 +228,21 @@ public:
         }
         *point = new Point(m_owner, cookie);
         (*point)->AddRef();
+        return S_OK;
+    }
+
+private:
+    template <class Interface>
+    HRESULT Give(Step step, const std::wstring& call, Interface** values)
+    {
+        *values = nullptr;
+        HRESULT result = S_OK;
+        if (m_owner.Ends(step, call, result))
+        {
+            return result;
+        }
+        *values = new Values<Interface>(m_owner);
+        (*values)->AddRef();
         return S_OK;
     }
 };

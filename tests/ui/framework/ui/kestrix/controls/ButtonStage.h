@@ -135,6 +135,24 @@ inline Picture Reference(const std::function<void(HDC)>& draw, COLORREF ground =
     return PictureOf(ButtonSize, draw, ground);
 }
 
+// What the button's text looks like on its background, in the font of the stage, drawn with these arguments of
+// DrawText.
+template <class Button>
+Picture TextOf(const OpenButton<Button>& button, const ButtonStage& stage, const RECT& place, UINT format,
+               COLORREF colour)
+{
+    const auto draw = [&](HDC dc)
+    {
+        FillSolidRect(dc, button.GetClientRect(), button.m_crBackground);
+        const CSelectObject font(dc, stage.GetFont());
+        SetBkMode(dc, TRANSPARENT);
+        SetTextColor(dc, colour);
+        RECT rect = place;
+        DrawTextW(dc, button.GetWindowText().c_str(), -1, &rect, format);
+    };
+    return Reference(draw);
+}
+
 // Pictures of one width, one below the other.
 inline Picture Stacked(const std::vector<Picture>& pictures)
 {

@@ -221,13 +221,5 @@ TEST_F(ColorTextLookTest, AThousandLabelsLeaveNothingBehind)
         text.SetFrame(RGB(0, 0, 0), true);
         text.UpdateWindow();
     };
-    useOnce(); // what the system makes once and keeps
-    const std::vector<long> handles = OwnedHandles();
-    const long windows = WindowCount();
-    for (int i = 0; i < 1000; ++i)
-    {
-        useOnce();
-    }
-    EXPECT_EQ(OwnedHandles(), handles);
-    EXPECT_EQ(WindowCount(), windows);
+    ExpectAThousandToLeaveNothing(useOnce);
 }

@@ -319,13 +319,5 @@ TEST_F(CuteTabCtrlTest, AThousandStripsLeaveNothingBehind)
         tabs.InsertItem(1, L"two");
         tabs.UpdateWindow();
     };
-    useOnce(); // what the system makes once and keeps
-    const std::vector<long> handles = OwnedHandles();
-    const long windows = WindowCount();
-    for (int i = 0; i < 1000; ++i)
-    {
-        useOnce();
-    }
-    EXPECT_EQ(OwnedHandles(), handles);
-    EXPECT_EQ(WindowCount(), windows);
+    ExpectAThousandToLeaveNothing(useOnce);
 }

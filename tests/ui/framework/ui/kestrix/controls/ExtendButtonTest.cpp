@@ -47,20 +47,9 @@ protected:
         ASSERT_TRUE(m_button.SetLockedBitmap(IDB_NINE_LOCKED));
     }
 
-    // What the button's text looks like on its background when it is drawn with these arguments.
     Picture TextAt(const RECT& place, UINT format, COLORREF colour = TextColour) const
     {
-        const std::wstring text = m_button.GetWindowText();
-        return Reference(
-            [&](HDC dc)
-            {
-                FillSolidRect(dc, m_button.GetClientRect(), m_button.m_crBackground);
-                const CSelectObject font(dc, m_stage.GetFont());
-                SetBkMode(dc, TRANSPARENT);
-                SetTextColor(dc, colour);
-                RECT rect = place;
-                DrawTextW(dc, text.c_str(), -1, &rect, format);
-            });
+        return TextOf(m_button, m_stage, place, format, colour);
     }
 
     ButtonStage m_stage;

@@ -30,18 +30,9 @@ protected:
 
     void GivePictures() { ASSERT_TRUE(m_button.SetBitmaps(IDB_NINE_HOLE, IDB_NINE_HOT)); }
 
-    Picture Text(const RECT& place, UINT format, COLORREF colour = TextColour) const
+    Picture TextAt(const RECT& place, UINT format, COLORREF colour = TextColour) const
     {
-        return Reference(
-            [&](HDC dc)
-            {
-                FillSolidRect(dc, m_button.GetClientRect(), m_button.m_crBackground);
-                const CSelectObject font(dc, m_stage.GetFont());
-                SetBkMode(dc, TRANSPARENT);
-                SetTextColor(dc, colour);
-                RECT rect = place;
-                DrawTextW(dc, m_button.GetWindowText().c_str(), -1, &rect, format | DT_VCENTER | DT_SINGLELINE);
-            });
+        return TextOf(m_button, m_stage, place, format | DT_VCENTER | DT_SINGLELINE, colour);
     }
 
     ButtonStage m_stage;
@@ -191,8 +182,8 @@ TEST_F(FlexBitmapButtonTest, AMissingPictureDrawsNothing)
 TEST_F(FlexBitmapButtonTest, TheTextIsCentredWithoutAnIcon)
 {
     MakeButton(L"Close");
-    EXPECT_EQ(PictureInState(m_button, 0), Text({0, 0, 80, 30}, DT_CENTER));
-    EXPECT_EQ(PictureInState(m_button, ODS_DISABLED), Text({0, 0, 80, 30}, DT_CENTER, GetSysColor(COLOR_GRAYTEXT)));
+    EXPECT_EQ(PictureInState(m_button, 0), TextAt({0, 0, 80, 30}, DT_CENTER));
+    EXPECT_EQ(PictureInState(m_button, ODS_DISABLED), TextAt({0, 0, 80, 30}, DT_CENTER, GetSysColor(COLOR_GRAYTEXT)));
 }
 
 TEST_F(FlexBitmapButtonTest, TheTextStartsBehindTheIconAndItsGap)
@@ -201,14 +192,14 @@ TEST_F(FlexBitmapButtonTest, TheTextStartsBehindTheIconAndItsGap)
     ASSERT_TRUE(m_button.SetIcons(IDI_BLUE));
     const Picture picture = PictureInState(m_button, 0);
     EXPECT_EQ(PlaceOf(picture, Blue), L"5 7 21 23");
-    EXPECT_EQ(PlaceOf(picture, TextColour), PlaceOf(Text({26, 0, 80, 30}, DT_LEFT), TextColour));
+    EXPECT_EQ(PlaceOf(picture, TextColour), PlaceOf(TextAt({26, 0, 80, 30}, DT_LEFT), TextColour));
     EXPECT_EQ(PlaceOf(PictureInState(m_button, ODS_SELECTED), Blue), L"6 8 22 24");
 }
 
 TEST_F(FlexBitmapButtonTest, ATextThatIsTooLongEndsInDots)
 {
     MakeButton(L"Close the window and all others");
-    EXPECT_EQ(PictureInState(m_button, 0), Text({0, 0, 80, 30}, DT_CENTER | DT_END_ELLIPSIS));
+    EXPECT_EQ(PictureInState(m_button, 0), TextAt({0, 0, 80, 30}, DT_CENTER | DT_END_ELLIPSIS));
 }
 
 TEST_F(FlexBitmapButtonTest, ANameIsForScreenReadersAndNotDrawn)

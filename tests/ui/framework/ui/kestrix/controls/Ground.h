@@ -2,7 +2,10 @@
 
 #include "platform/dialog/DialogFramework.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
+#include <functional>
 #include <vector>
 
 // A window to put controls on: it paints a ground of one colour, has a font whose pixels are black or white, and keeps
@@ -101,4 +104,18 @@ inline long WindowCount()
     };
     EnumThreadWindows(GetCurrentThreadId(), add, reinterpret_cast<LPARAM>(&count));
     return count;
+}
+
+// Uses what is under test a thousand times, and expects no handle and no window to be left behind.
+inline void ExpectAThousandToLeaveNothing(const std::function<void()>& useOnce)
+{
+    useOnce(); // what the system makes once and keeps
+    const std::vector<long> handles = OwnedHandles();
+    const long windows = WindowCount();
+    for (int i = 0; i < 1000; ++i)
+    {
+        useOnce();
+    }
+    EXPECT_EQ(OwnedHandles(), handles);
+    EXPECT_EQ(WindowCount(), windows);
 }

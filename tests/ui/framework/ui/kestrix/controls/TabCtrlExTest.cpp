@@ -316,13 +316,5 @@ TEST_F(TabCtrlExTest, AThousandStripsWithPagesLeaveNothingBehind)
         tabs.SetCurFocus(1);
         tabs.UpdateWindow();
     };
-    useOnce(); // what the system makes once and keeps
-    const std::vector<long> handles = OwnedHandles();
-    const long windows = WindowCount();
-    for (int i = 0; i < 1000; ++i)
-    {
-        useOnce();
-    }
-    EXPECT_EQ(OwnedHandles(), handles);
-    EXPECT_EQ(WindowCount(), windows);
+    ExpectAThousandToLeaveNothing(useOnce);
 }
