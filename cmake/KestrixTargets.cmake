@@ -40,3 +40,19 @@ function(kestrix_resource_file name)
     PREFIX "" OUTPUT_NAME ${output} SUFFIX "${suffix}"
     LIBRARY_OUTPUT_DIRECTORY ${folder})
 endfunction()
+
+# kestrix_delayed_library(LIBRARY FUNCTION...): target LIBRARY_delayed has these functions of a system library, which is
+# loaded at the first call of one of them. For libraries that a start does not need; link it before the system's own.
+function(kestrix_delayed_library library)
+  set(definitions ${CMAKE_CURRENT_BINARY_DIR}/${library}.def)
+  set(archive ${CMAKE_CURRENT_BINARY_DIR}/lib${library}_delayed.a)
+  list(JOIN ARGN "\n" functions)
+  file(CONFIGURE OUTPUT ${definitions} CONTENT "LIBRARY ${library}.dll\nEXPORTS\n${functions}\n")
+  add_custom_command(OUTPUT ${archive}
+    COMMAND ${CMAKE_DLLTOOL} --input-def ${definitions} --output-delaylib ${archive}
+    DEPENDS ${definitions} VERBATIM)
+  add_custom_target(${library}_delayed_archive DEPENDS ${archive})
+  add_library(${library}_delayed INTERFACE)
+  target_link_libraries(${library}_delayed INTERFACE ${archive} delayimp)
+  add_dependencies(${library}_delayed ${library}_delayed_archive)
+endfunction()

@@ -30,9 +30,17 @@ void DDX_Text(CDataExchange& exchange, int id, std::wstring& text)
 const MessageMap& CDialog::Map()
 {
     static constexpr auto rows =
-        MessageRows(On::Command<IDOK, &CDialog::OnOK>, On::Command<IDCANCEL, &CDialog::OnCancel>);
+        MessageRows(On::Command<IDOK, &CDialog::OnOK>, On::Command<IDCANCEL, &CDialog::OnCancel>,
+                    On::Message<WM_NOTIFY, &CDialog::OnOtherNotification>);
     static constexpr MessageMap map{rows, &CWnd::Map};
     return map;
+}
+
+// What no row answers ends here. The system would do nothing either, and take its time: a list that is filled tells of
+// every row.
+LRESULT CDialog::OnOtherNotification(WPARAM, LPARAM)
+{
+    return 0;
 }
 
 INT_PTR CDialog::DoModal()

@@ -63,6 +63,8 @@ private:
 
     static INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
+    LRESULT OnOtherNotification(WPARAM, LPARAM);
+
     bool CreateFromTemplate(HWND parent, bool hidden);
     BOOL Initialise(HWND window);
     void DisableOwner();

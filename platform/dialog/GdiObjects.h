@@ -42,6 +42,9 @@ class CBrush : public CGdiObject<UniqueBrush>
 {
 public:
     bool CreateSolidBrush(COLORREF color) noexcept { return Attach(::CreateSolidBrush(color)); }
+
+    // The brush keeps a copy of the bitmap.
+    bool CreatePatternBrush(HBITMAP pattern) noexcept { return Attach(::CreatePatternBrush(pattern)); }
 };
 
 class CPen : public CGdiObject<UniquePen>

@@ -29,7 +29,10 @@ int CListCtrl::InsertColumn(int column, const std::wstring& title, int format, i
 
 int CListCtrl::InsertItem(const LVITEMW& item)
 {
-    return m_hWnd != nullptr ? static_cast<int>(SendMessage(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item))) : -1;
+    // A long list is filled row by row, and to send a message takes as long as to make a row.
+    return m_hWnd != nullptr
+               ? static_cast<int>(WindowSubclass::Deliver(m_hWnd, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item)))
+               : -1;
 }
 
 bool CListCtrl::SetItemText(int item, int column, const std::wstring& text)

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -20,10 +22,24 @@ struct Figure
 
 using Figures = std::vector<Figure>;
 
+// Throws std::runtime_error with the message where the condition does not hold.
+inline void Require(bool condition, const char* message)
+{
+    if (!condition)
+    {
+        throw std::runtime_error(message);
+    }
+}
+
+// The folder of the built program and what lies beside it, whatever the current folder is.
+std::filesystem::path ProductFolder();
+
 // The benches, one for each name of the command line. Each throws std::runtime_error when its work cannot be done.
 Figures BenchRead();
 Figures BenchMemory();
 Figures BenchDatabase();
 Figures BenchDays();
+Figures BenchList();
 Figures BenchExport();
 Figures BenchTrace();
+Figures BenchStart();

@@ -7,14 +7,14 @@
 #include <chrono>
 #include <filesystem>
 
-BenchFile::BenchFile()
+BenchFile::BenchFile(std::uint64_t records)
     : m_path((std::filesystem::temp_directory_path() /
               (L"KestrixBench-" + std::to_wstring(GetCurrentProcessId()) + L".VLG"))
                  .wstring())
 {
     constexpr std::chrono::year_month_day day{std::chrono::year(2026), std::chrono::January, std::chrono::day(1)};
     constexpr std::uint64_t seed = 1;
-    Samples::WriteLines(m_path, *Samples::FindKind(L"VLG"), day, Records, seed);
+    Samples::WriteLines(m_path, *Samples::FindKind(L"VLG"), day, records, seed);
 }
 
 BenchFile::~BenchFile()

@@ -3,13 +3,13 @@
 #include <cstdint>
 #include <string>
 
-// A daily file of one million virus records in the system's temporary folder, removed with the object.
+// A daily file of virus records in the system's temporary folder, removed with the object.
 class BenchFile
 {
 public:
     static constexpr std::uint64_t Records = 1'000'000;
 
-    BenchFile();
+    explicit BenchFile(std::uint64_t records = Records);
     ~BenchFile();
     BenchFile(const BenchFile&) = delete;
     BenchFile& operator=(const BenchFile&) = delete;

@@ -16,7 +16,6 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <stdexcept>
 #include <string>
 
 namespace
@@ -29,14 +28,6 @@ using EventLog::Statement;
 constexpr double Budget = 3;
 constexpr std::uint32_t Virus = 2;
 constexpr seconds Patience{5};
-
-void Require(bool condition, const char* message)
-{
-    if (!condition)
-    {
-        throw std::runtime_error(message);
-    }
-}
 
 // The library that the build made, over the database in the given folder.
 class DatabaseLibrary
@@ -57,14 +48,6 @@ public:
     IDBManagerProvider* Provider() const { return m_provider; }
 
 private:
-    // It lies in the folder of the built program: build/bin, seen from build/tests/bench.
-    static std::filesystem::path Path()
-    {
-        wchar_t path[MAX_PATH]{};
-        GetModuleFileNameW(nullptr, path, MAX_PATH);
-        return std::filesystem::path(path).parent_path().parent_path().parent_path() / L"bin/OrlDbMg.dll";
-    }
-
     template <class Function>
     Function Find(const char* name) const
     {
@@ -76,7 +59,7 @@ private:
     }
 
     const RegistrySandbox m_registry;
-    const UniqueModule m_module{LoadLibraryW(Path().c_str())};
+    const UniqueModule m_module{LoadLibraryW((ProductFolder() / L"OrlDbMg.dll").c_str())};
     IDBManagerProvider* m_provider = nullptr;
 };
 

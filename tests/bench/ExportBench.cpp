@@ -12,7 +12,6 @@
 #include <psapi.h>
 
 #include <algorithm>
-#include <stdexcept>
 #include <string>
 
 namespace
@@ -22,14 +21,6 @@ constexpr double Budget = 4;
 constexpr double MemoryBudget = 1; // megabytes that the export may take beyond the records, whatever their number
 constexpr double Megabyte = 1024.0 * 1024.0;
 constexpr std::size_t BlockSize = 128 * 1024; // bytes
-
-void Require(bool condition, const char* message)
-{
-    if (!condition)
-    {
-        throw std::runtime_error(message);
-    }
-}
 
 void Write(const std::wstring& path, const std::string& bytes)
 {

@@ -1,6 +1,8 @@
 // Prints the figures of the named benches, or of all, one tab-separated row each: name, value, unit, reference, ratio,
 // budget. Ends with 0 when every ratio is within its budget, 1 when one is not, 2 when a bench could not be run.
 
+#include "common/VdCommon/VdComn_DebugLog.h"
+#include "common/VdCommon/VdComn_Storage.h"
 #include "tests/bench/Bench.h"
 #include "tests/support/LanguageFile.h"
 
@@ -22,8 +24,8 @@ struct Bench
 };
 
 constexpr Bench Benches[] = {
-    {L"read", &BenchRead}, {L"memory", &BenchMemory}, {L"database", &BenchDatabase},
-    {L"days", &BenchDays}, {L"export", &BenchExport}, {L"trace", &BenchTrace},
+    {L"read", &BenchRead}, {L"memory", &BenchMemory}, {L"database", &BenchDatabase}, {L"days", &BenchDays},
+    {L"list", &BenchList}, {L"export", &BenchExport}, {L"trace", &BenchTrace},       {L"start", &BenchStart},
 };
 
 constexpr int OverBudget = 1;
@@ -41,18 +43,16 @@ bool Print(const Figures& figures)
     return std::ranges::all_of(figures, &Figure::IsWithinBudget);
 }
 
-// The language file lies beside the program that is built, whatever the current folder is.
-std::wstring LanguagePath()
+// Tracing off, as in the product of a user: a key that is not there says so, and a trace call takes its locks and goes.
+void SwitchTracingOff()
 {
-    wchar_t path[MAX_PATH]{};
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const std::filesystem::path build = std::filesystem::path(path).parent_path().parent_path().parent_path();
-    return (build / L"bin/resource/en-US/Kestrix.exe.mui").wstring();
+    const auto nowhere = VdCommon::Storage::Key::InRegistry(HKEY_CURRENT_USER, L"Software\\KestrixBench\\Nowhere");
+    Require(VdCommon::DebugLog::Instance().Initialize(L"bench", nowhere, L"."), "the debug log does not start");
 }
 
 int Run(std::span<wchar_t*> names)
 {
-    const LanguageFile language(LanguagePath());
+    const LanguageFile language((ProductFolder() / L"resource/en-US/Kestrix.exe.mui").wstring());
     for (const wchar_t* const name : names)
     {
         if (std::ranges::find(Benches, name, &Bench::name) == std::end(Benches))
@@ -61,6 +61,7 @@ int Run(std::span<wchar_t*> names)
             return Failed;
         }
     }
+    SwitchTracingOff();
     bool within = true;
     for (const Bench& bench : Benches)
     {
@@ -73,6 +74,14 @@ int Run(std::span<wchar_t*> names)
 }
 
 } // namespace
+
+// bin of the build folder, in which this program lies two folders deep.
+std::filesystem::path ProductFolder()
+{
+    wchar_t path[MAX_PATH]{};
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    return std::filesystem::path(path).parent_path().parent_path().parent_path() / L"bin";
+}
 
 int wmain(int argc, wchar_t** argv)
 {

@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -19,14 +18,6 @@ namespace
 {
 
 constexpr double Budget = 8;
-
-void Require(bool condition, const char* message)
-{
-    if (!condition)
-    {
-        throw std::runtime_error(message);
-    }
-}
 
 struct ScanResult
 {

@@ -79,6 +79,19 @@ std::wstring FileCommandLine(int logCode, const std::wstring& path)
     return L"File%|" + std::to_wstring(logCode) + L"%|%|" + path + L"%|%|0";
 }
 
+HWND FormItem(HWND form, int control)
+{
+    for (HWND child = GetWindow(form, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+    {
+        const HWND item = GetDlgCtrlID(child) == control ? child : GetDlgItem(child, control);
+        if (item != nullptr)
+        {
+            return item;
+        }
+    }
+    return nullptr;
+}
+
 DWORD CloseForm(const Process& viewer, HWND form)
 {
     WaitUntil(
@@ -97,15 +110,7 @@ Viewer::Viewer(const std::wstring& arguments, const std::wstring& program)
 
 HWND Viewer::Item(int control) const
 {
-    for (HWND child = GetWindow(m_form, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
-    {
-        const HWND item = GetDlgCtrlID(child) == control ? child : GetDlgItem(child, control);
-        if (item != nullptr)
-        {
-            return item;
-        }
-    }
-    return nullptr;
+    return FormItem(m_form, control);
 }
 
 std::wstring Viewer::TextOf(int control) const
@@ -171,6 +176,13 @@ std::vector<std::wstring> Viewer::Column(int column) const
     return cells;
 }
 
+void Viewer::Click(int control) const
+{
+    RECT place{};
+    GetClientRect(Item(control), &place);
+    ClickAt(Item(control), place);
+}
+
 void Viewer::ClickRow(int row) const
 {
     const RemoteBlock block(m_process.Handle());
@@ -225,4 +237,10 @@ void Viewer::ChooseDate() const
 {
     const HWND dates = Item(IDC_DATE_LIST);
     Ask(GetParent(dates), WM_COMMAND, MAKEWPARAM(IDC_DATE_LIST, LBN_SELCHANGE), reinterpret_cast<LPARAM>(dates));
+}
+
+void Viewer::ChooseDate(int index) const
+{
+    Ask(Item(IDC_DATE_LIST), LB_SETCURSEL, static_cast<WPARAM>(index));
+    ChooseDate();
 }

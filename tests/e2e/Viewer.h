@@ -8,6 +8,9 @@
 // The command line for a file of a log of this command code.
 std::wstring FileCommandLine(int logCode, const std::wstring& path);
 
+// A control of a form or of its page; null when there is none.
+HWND FormItem(HWND form, int control);
+
 // Presses the close button of a viewer's form, again when a press is lost since another program came to the front just
 // then, and gives the exit code; STILL_ACTIVE when the program does not end.
 DWORD CloseForm(const Process& viewer, HWND form);
@@ -21,7 +24,7 @@ public:
 
     HWND Form() const { return m_form; }
 
-    // A control of the form or of its page; null when there is none.
+    // The same of this form.
     HWND Item(int control) const;
 
     std::wstring TextOf(int control) const;
@@ -36,6 +39,7 @@ public:
     std::vector<std::wstring> Column(int column) const;
 
     // A press and a release of the left mouse button. The date must be in sight.
+    void Click(int control) const;
     void ClickRow(int row) const;
     void ClickHeader(int column) const;
     void ClickDate(int index) const;
@@ -48,8 +52,9 @@ public:
     int SelectedLog() const;
     void SwitchToLog(int index) const;
 
-    // Tells the page that the user has chosen the date that is selected.
+    // Tells the page that the user has chosen the date that is selected, or one that need not be in sight.
     void ChooseDate() const;
+    void ChooseDate(int index) const;
 
     const Process& Program() const { return m_process; }
 

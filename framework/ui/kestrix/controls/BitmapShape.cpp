@@ -1,5 +1,7 @@
 #include "framework/ui/kestrix/controls/BitmapShape.h"
 
+#include "framework/ui/kestrix/controls/BitmapPixels.h"
+
 namespace
 {
 
@@ -19,22 +21,20 @@ void Cut(CRgn& shape, SIZE size, const RECT& run)
 CRgn MakeBitmapShape(HBITMAP bitmap, COLORREF hole)
 {
     CRgn shape;
-    BITMAP whole{};
-    GetObjectW(bitmap, sizeof whole, &whole);
-    const UniqueMemoryDC dc(CreateCompatibleDC(nullptr));
-    const CSelectObject selected(dc.get(), bitmap);
-    for (int y = 0; y < whole.bmHeight; ++y)
+    const CBitmapPixels pixels(CClientDC(nullptr), bitmap);
+    const SIZE size = pixels.GetSize();
+    for (int y = 0; y < size.cy; ++y)
     {
-        for (int x = 0; x < whole.bmWidth; ++x)
+        for (int x = 0; x < size.cx; ++x)
         {
             const int start = x;
-            while (x < whole.bmWidth && GetPixel(dc.get(), x, y) == hole)
+            while (x < size.cx && pixels.At(x, y) == hole)
             {
                 ++x;
             }
             if (x > start)
             {
-                Cut(shape, {whole.bmWidth, whole.bmHeight}, {start, y, x, y + 1});
+                Cut(shape, size, {start, y, x, y + 1});
             }
         }
     }

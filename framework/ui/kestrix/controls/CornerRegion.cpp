@@ -1,5 +1,6 @@
 #include "framework/ui/kestrix/controls/CornerRegion.h"
 
+#include "framework/ui/kestrix/controls/BitmapPixels.h"
 #include "resource/resource.h"
 
 namespace
@@ -7,43 +8,21 @@ namespace
 
 constexpr COLORREF CutAway = RGB(255, 255, 255);
 
-// A corner bitmap, selected into a context of its own so that its pixels can be read.
-class CCorner
+CBitmapPixels LoadCorner(HDC dc, UINT bitmap)
 {
-public:
-    CCorner(HDC dc, UINT bitmap) : m_dc(CreateCompatibleDC(dc))
-    {
-        m_bitmap.LoadBitmap(bitmap);
-        m_selected = SelectObject(m_dc.get(), m_bitmap);
-    }
-
-    ~CCorner() { SelectObject(m_dc.get(), m_selected); }
-
-    CCorner(const CCorner&) = delete;
-    CCorner& operator=(const CCorner&) = delete;
-
-    SIZE GetSize() const { return m_bitmap.GetSize(); }
-
-    // Nothing is cut away outside of the bitmap.
-    bool IsCutAway(int x, int y) const
-    {
-        return m_bitmap.GetSafeHandle() != nullptr && GetPixel(m_dc.get(), x, y) == CutAway;
-    }
-
-private:
-    const UniqueMemoryDC m_dc;
-    CBitmap m_bitmap;
-    HGDIOBJ m_selected = nullptr;
-};
+    CBitmap corner;
+    corner.LoadBitmap(bitmap);
+    return CBitmapPixels(dc, corner);
+}
 
 // The bounds are inclusive: the last column and row asked for lie outside of a corner of the scanned size.
-void CutCorner(HRGN shape, const CCorner& corner, SIZE scanned, POINT place)
+void CutCorner(HRGN shape, const CBitmapPixels& corner, SIZE scanned, POINT place)
 {
     for (int y = 0; y <= scanned.cy; ++y)
     {
         for (int x = 0; x <= scanned.cx; ++x)
         {
-            if (corner.IsCutAway(x, y))
+            if (corner.At(x, y) == CutAway)
             {
                 CRgn pixel;
                 pixel.CreateRectRgn({place.x + x, place.y + y, place.x + x + 1, place.y + y + 1});
@@ -57,10 +36,10 @@ void CutCorner(HRGN shape, const CCorner& corner, SIZE scanned, POINT place)
 
 CRgn MakeCornerRegion(HDC dc, SIZE client)
 {
-    const CCorner topLeft(dc, IDB_CORNER_TOP_LEFT);
-    const CCorner topRight(dc, IDB_CORNER_TOP_RIGHT);
-    const CCorner bottomLeft(dc, IDB_CORNER_BOTTOM_LEFT);
-    const CCorner bottomRight(dc, IDB_CORNER_BOTTOM_RIGHT);
+    const CBitmapPixels topLeft = LoadCorner(dc, IDB_CORNER_TOP_LEFT);
+    const CBitmapPixels topRight = LoadCorner(dc, IDB_CORNER_TOP_RIGHT);
+    const CBitmapPixels bottomLeft = LoadCorner(dc, IDB_CORNER_BOTTOM_LEFT);
+    const CBitmapPixels bottomRight = LoadCorner(dc, IDB_CORNER_BOTTOM_RIGHT);
     const LONG right = client.cx - topRight.GetSize().cx;
 
     CRgn shape;

@@ -125,7 +125,7 @@ void CFlexBitmapButton::DrawImageButton(HDC dc, const RECT& rect, const OwnerBut
     const UniqueMemoryDC from(CreateCompatibleDC(dc));
     const CSelectObject selected(from.get(), bitmap);
     const SIZE size = bitmap.GetSize();
-    TransparentBlt(dc, rect.left, rect.top, size.cx, size.cy, from.get(), 0, 0, size.cx, size.cy, m_crKey);
+    GdiTransparentBlt(dc, rect.left, rect.top, size.cx, size.cy, from.get(), 0, 0, size.cx, size.cy, m_crKey);
 }
 
 // Behind the icon, or in the middle of a button without one.
