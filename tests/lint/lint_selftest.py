@@ -319,5 +319,42 @@ class WordingOfFiles(Tree):
         self.expect_hit("Text.h:1: ", "lint_wording_of_files")
 
 
+class Help(Tree):
+    def setUp(self):
+        super().setUp()
+        self.write("framework/ui/kestrix/app/Help.cpp", "constexpr HelpRow HelpNumbers[] = {\n"
+                                                        "    {LogTypeVirus, 211, 316}, {LogTypeScan, 299, 0},\n};\n")
+        self.write("framework/ui/kestrix/app/Help.h", "inline constexpr UINT HelpNumberOfReport = 241;\n")
+        self.write_topics("211 316", "299", "241")
+
+    def write_topics(self, *numbers):
+        rows = [f"2\t{each}\tfile\ttitle\tkeywords\n" for each in numbers]
+        self.write("suite/help/topics.tsv", "level\tcontexts\tfile\ttitle\tkeywords\n" + "".join(rows))
+
+    def test_same_numbers_pass(self):
+        self.expect_clean("lint_help")
+
+    def test_number_without_a_topic_is_a_hit(self):
+        self.write_topics("211", "299", "241")
+        self.expect_hit("framework/ui/kestrix/app/Help.cpp:2: the help has no page for 316", "lint_help")
+
+    def test_report_without_a_topic_is_a_hit(self):
+        self.write_topics("211 316", "299")
+        self.expect_hit("framework/ui/kestrix/app/Help.h:1: the help has no page for 241", "lint_help")
+
+    def test_number_that_nobody_asks_for_is_a_hit(self):
+        self.write_topics("211 316", "299 300", "241")
+        self.expect_hit("suite/help/topics.tsv:3: the viewer never asks for 300", "lint_help")
+
+    def test_two_topics_for_one_log_are_a_hit(self):
+        self.write_topics("211", "299 316", "241")
+        self.expect_hit("framework/ui/kestrix/app/Help.cpp:2: the two numbers lead to two topics", "lint_help")
+
+    def test_a_table_that_is_not_found_is_a_hit(self):
+        self.write("framework/ui/kestrix/app/Help.cpp", "")
+        self.write_topics("241")
+        self.expect_hit("framework/ui/kestrix/app/Help.cpp:1: no help number is found", "lint_help")
+
+
 if __name__ == "__main__":
     unittest.main()
