@@ -71,6 +71,8 @@ void CKestrixDlg::DoDataExchange(CDataExchange& exchange)
     DDX_Control(exchange, IDC_DATE_LIST, m_DateList);
     DDX_Control(exchange, IDC_RECORD_LIST, m_RecordList);
     DDX_Control(exchange, IDC_LOG_TYPE, m_TypeCombo);
+    DDX_Control(exchange, IDC_INFO_VALUE_0_LINK, m_InfoLink);
+    DDX_Control(exchange, IDC_INFO_VALUE_2, m_MoreInfo);
     DDX_Control(exchange, IDC_VIEW, m_ViewButton);
     DDX_Control(exchange, IDC_SETTING, m_SettingButton);
     for (std::size_t i = 0; i < std::size(Headings); ++i)
@@ -142,6 +144,20 @@ void CKestrixDlg::SetFormButtons(HWND exportButton, HWND deleteButton)
     m_DeleteButton.Attach(deleteButton);
 }
 
+// While another window has the keyboard nothing is to be done: the form asks again when it comes back.
+void CKestrixDlg::KeepFocusUsable()
+{
+    if (!IsWindowVisible() || ::GetActiveWindow() != ::GetAncestor(m_hWnd, GA_ROOT))
+    {
+        return;
+    }
+    const CWindow focus(::GetFocus());
+    if (!focus.IsWindowVisible() || !focus.IsWindowEnabled() || (focus.GetStyle() & WS_TABSTOP) == 0)
+    {
+        m_RecordList.SetFocus();
+    }
+}
+
 void CKestrixDlg::SetHeadings()
 {
     CColorText::FontLook look = HeadingLook();
@@ -185,6 +201,8 @@ void CKestrixDlg::CreateLog(const LogClass& logClass)
 {
     m_pLogData = logClass.create();
     ShowFirstInfoRow(logClass.firstRow);
+    m_InfoLink.SetClickable(logClass.firstRow == FirstInfoRow::Link);
+    m_MoreInfo.SetClickable(HasLongInfo());
     if (m_nLogType == LogTypeFirewall)
     {
         m_pLogData->SetLocalAddress(m_strLocalIp);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "framework/ui/kestrix/controls/BitmapDialog.h"
+#include "framework/ui/kestrix/controls/ClickText.h"
 #include "framework/ui/kestrix/controls/ColorText.h"
 #include "framework/ui/kestrix/controls/ExtendButton.h"
 #include "framework/ui/kestrix/controls/SortListCtrl.h"
@@ -45,6 +46,9 @@ public:
     std::wstring SelectedDate() const { return m_DateList.GetText(m_DateList.GetCurSel()); }
 
     CZPTLogBase* Log() const { return m_pLogData.get(); }
+
+    // Takes the keyboard to the list of records when what has it in the form has gone, is disabled or takes no keys.
+    void KeepFocusUsable();
 
     // Lends the page the form's buttons, which it enables while there is something to export or delete.
     void SetFormButtons(HWND exportButton, HWND deleteButton);
@@ -95,6 +99,8 @@ private:
     bool FillDateFromProvider();
     bool FillDateFromFiles();
     void AddDay(const SYSTEMTIME& day);
+    void AddEntry(int index, const std::wstring& text, const COleDateTime& date);
+    bool GetEntryDate(int index, COleDateTime& date) const;
     void InsertDate(const COleDateTime& date, std::uint32_t size);
     bool ShowFirstDate();
     bool GetLogFileName(COleDateTime& date) const;
@@ -117,6 +123,8 @@ private:
     CSortListCtrl m_RecordList;
     CComboBox m_TypeCombo;
     std::array<CColorText, 4> m_arrHeading; // in the order of the table of headings
+    CClickText m_InfoLink;                  // the first value as a link
+    CClickText m_MoreInfo;                  // the third value, which a click opens
     CExtendButton m_ViewButton;
     CExtendButton m_SettingButton;
     CExtendButton m_ExportButton; // lent by the form; without it nothing happens

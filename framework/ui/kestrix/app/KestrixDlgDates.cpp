@@ -11,8 +11,21 @@
 namespace
 {
 
+constexpr int AtEnd = -1;
 constexpr std::size_t PathRoom = 260; // a path must fit with its terminator
 constexpr int Noon = 12;
+
+// A day as the number that an entry of the date list carries: YYYYMMDD. 0 for a date that is none.
+LPARAM NumberOf(const COleDateTime& date)
+{
+    SYSTEMTIME time{};
+    return date.GetAsSystemTime(time) ? time.wYear * 10'000 + time.wMonth * 100 + time.wDay : 0;
+}
+
+COleDateTime DateOf(int number)
+{
+    return {number / 10'000, number / 100 % 100, number % 100, 0, 0, 0};
+}
 
 } // namespace
 
@@ -85,8 +98,28 @@ void CKestrixDlg::AddDay(const SYSTEMTIME& day)
     VD_TRACE(Flow, L"*** CKestrixDlg::FillDate() - Datetime string to be filled : %s", text);
     if (m_bLogOnly)
     {
-        m_DateList.AddString(text);
+        AddEntry(AtEnd, text, date);
     }
+}
+
+// The day stands beside its text, since a text cannot be read back in every region: not at all where it ends with a
+// dot or holds marks of its direction, and with day and month exchanged where the user has chosen another form.
+void CKestrixDlg::AddEntry(int index, const std::wstring& text, const COleDateTime& date)
+{
+    const int entry = m_DateList.InsertString(index, text);
+    m_DateList.SendMessage(LB_SETITEMDATA, static_cast<WPARAM>(entry), NumberOf(date));
+}
+
+// The day of an entry at its midnight. One that carries none is read from its text; false when that is no date.
+bool CKestrixDlg::GetEntryDate(int index, COleDateTime& date) const
+{
+    const auto number = static_cast<int>(m_DateList.SendMessage(LB_GETITEMDATA, static_cast<WPARAM>(index)));
+    if (number > 0)
+    {
+        date = DateOf(number);
+        return true;
+    }
+    return date.ParseDateTime(m_DateList.GetText(index), LOCALE_NOUSEROVERRIDE);
 }
 
 bool CKestrixDlg::FillDateFromFiles()
@@ -111,13 +144,13 @@ void CKestrixDlg::InsertDate(const COleDateTime& date, std::uint32_t size)
     for (const int count = m_DateList.GetCount(); index < count; ++index)
     {
         COleDateTime other;
-        if (other.ParseDateTime(m_DateList.GetText(index)) && other < date)
+        if (GetEntryDate(index, other) && other < date)
         {
             break;
         }
     }
     const std::wstring text = date.Format(VAR_DATEVALUEONLY);
-    m_DateList.InsertString(index, text);
+    AddEntry(index, text, date);
     m_mapLogFiles[text] = size;
     m_nLogFileBytes += size;
 }
@@ -171,7 +204,7 @@ void CKestrixDlg::OnSelchangeLogDate()
 bool CKestrixDlg::GetLogFileName(COleDateTime& date) const
 {
     const int selected = m_DateList.GetCurSel();
-    return selected != LB_ERR && date.ParseDateTime(m_DateList.GetText(selected), LOCALE_NOUSEROVERRIDE);
+    return selected != LB_ERR && GetEntryDate(selected, date);
 }
 
 bool CKestrixDlg::HasUsablePath() const

@@ -128,9 +128,14 @@ void CKestrixDlg::OnStnClickedMoreInfo()
     {
         return;
     }
+    const bool byKeyboard = ::GetFocus() == m_MoreInfo.GetSafeHwnd();
     ShowInfo(IDC_INFO_VALUE_2, false);
     SetDlgItemText(IDC_INFO_VALUE_2_WHOLE, log->GetInfoText());
     ShowInfo(IDC_INFO_VALUE_2_WHOLE, true);
+    if (byKeyboard)
+    {
+        CWindow(GetDlgItem(IDC_INFO_VALUE_2_WHOLE)).SetFocus();
+    }
 }
 
 void CKestrixDlg::OnBnClickedBtnAddRule()
@@ -139,5 +144,6 @@ void CKestrixDlg::OnBnClickedBtnAddRule()
     {
         m_pLogData->AddAllowRule();
         CWindow(GetDlgItem(IDC_ALLOW)).EnableWindow(false);
+        KeepFocusUsable();
     }
 }

@@ -146,6 +146,7 @@ void CKestrixDlg::RefreshLog(int)
     CreateLog(*logClass);
     FillDate();
     ShowFirstDate();
+    KeepFocusUsable();
 }
 
 // Loads the newest date. A path of files without any is told to the user and cancels the page: false.

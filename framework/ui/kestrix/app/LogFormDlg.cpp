@@ -43,7 +43,8 @@ const MessageMap& CLogFormDlg::Map()
 {
     static constexpr auto rows = MessageRows(
         On::Message<WM_PAINT, &CLogFormDlg::OnPaint>, On::Message<WM_QUERYDRAGICON, &CLogFormDlg::OnQueryDragIcon>,
-        On::Message<WM_LBUTTONDOWN, &CLogFormDlg::OnLButtonDown>,
+        On::Message<WM_LBUTTONDOWN, &CLogFormDlg::OnLButtonDown>, On::Message<WM_ACTIVATE, &CLogFormDlg::OnActivate>,
+        On::Message<WM_HELP, &CLogFormDlg::OnHelpKey>,
         On::Command<IDC_FORM_MINIMISE, &CLogFormDlg::OnBnClickedMinimise>,
         On::Command<IDC_FORM_CLOSE_BOX, &CLogFormDlg::OnCancel>, On::Command<IDC_FORM_CLOSE, &CLogFormDlg::OnCancel>,
         On::Command<ID_HELP, &CLogFormDlg::OnHelp>, On::Command<IDC_FORM_HELP, &CLogFormDlg::OnBnClickedBtnHelp>,
@@ -259,6 +260,25 @@ void CLogFormDlg::OnOK()
 void CLogFormDlg::OnCancel()
 {
     CBitmapDialog::OnCancel();
+}
+
+// The control that had the keyboard when the form lost it gets it back, and may have been disabled meanwhile.
+LRESULT CLogFormDlg::OnActivate(WPARAM how, LPARAM)
+{
+    const LRESULT result = Default();
+    const bool isMinimised = HIWORD(how) != 0;
+    if (LOWORD(how) != WA_INACTIVE && !isMinimised)
+    {
+        m_LogPage.KeepFocusUsable();
+    }
+    return result;
+}
+
+// F1
+LRESULT CLogFormDlg::OnHelpKey(WPARAM, LPARAM)
+{
+    SendMessage(WM_COMMAND, ID_HELP);
+    return TRUE;
 }
 
 void CLogFormDlg::OnHelp()

@@ -44,7 +44,9 @@ private:
     void OnPaint();
     HCURSOR OnQueryDragIcon();
     void OnLButtonDown(UINT keys, POINT point);
+    LRESULT OnActivate(WPARAM how, LPARAM other);
     void OnBnClickedMinimise();
+    LRESULT OnHelpKey(WPARAM, LPARAM);
     void OnHelp();
     void OnBnClickedBtnHelp();
     void OnBnClickedBtnExport();

@@ -1,5 +1,6 @@
 #include "framework/ui/kestrix/controls/ColorText.h"
 
+#include "framework/ui/kestrix/controls/LabelClick.h"
 #include "framework/ui/kestrix/controls/ParentRedraw.h"
 
 const MessageMap& CColorText::Map()
@@ -137,8 +138,7 @@ void CColorText::OnKeyUp(UINT key, UINT, UINT)
 {
     if (key == VK_SPACE)
     {
-        const auto id = static_cast<WORD>(::GetDlgCtrlID(m_hWnd));
-        CWindow(GetParent()).PostMessage(WM_COMMAND, MAKEWPARAM(id, STN_CLICKED), reinterpret_cast<LPARAM>(m_hWnd));
+        PostLabelClick(*this);
     }
     Default();
 }

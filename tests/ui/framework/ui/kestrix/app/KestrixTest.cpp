@@ -326,6 +326,8 @@ TEST_F(ApplicationTest, TheEndOfAPurgeWhileTheFormIsClosingTouchesNoPage)
     {
         if (call.starts_with(L"Unadvise"))
         {
+            EXPECT_EQ(m_pApp->m_pLogDlg, nullptr);
+            EXPECT_EQ(m_pApp->m_pMainWnd, nullptr);
             EXPECT_EQ(m_controller->Sink<IVdFrwkLocalEvents>()->OnCommandEvent(4, 22, 1, 0, 0, 0, 0, {}, {}, nullptr),
                       262656);
         }

@@ -143,6 +143,22 @@ TEST_F(LogFormHelpTest, TheNumberFollowsTheLogThatThePageShowsAndNotTheCommandLi
     EXPECT_EQ(HelpDouble::s_calls, std::vector<HelpCall>{Topic(272)});
 }
 
+TEST_F(LogFormHelpTest, F1ShowsTheFirstTopicWhateverControlHasTheFocus)
+{
+    HELPINFO key{};
+    key.cbSize = sizeof key;
+    key.iContextType = HELPINFO_WINDOW;
+    m_form.Run(
+        {[&]
+         {
+             for (const HWND control : {m_form.Page()->GetDlgItem(IDC_RECORD_LIST), m_form.GetDlgItem(IDC_FORM_CLOSE)})
+             {
+                 ::SendMessageW(control, WM_HELP, 0, reinterpret_cast<LPARAM>(&key));
+             }
+         }});
+    EXPECT_EQ(HelpDouble::s_calls, (std::vector<HelpCall>{Topic(0), Topic(0)}));
+}
+
 TEST_F(LogFormHelpTest, BesideAReportTheTabDecides)
 {
     m_form.m_bLogOnly = false;

@@ -1,76 +1,40 @@
-// The form under the user's hands: keys, closing, dragging, the way of the Tab key, and names for screen readers.
+// The form under the user's hands: keys, closing, dragging, the way of the Tab key, and access keys.
 
-#include "resource/resource.h"
-#include "tests/ui/framework/ui/kestrix/app/FormTest.h"
+#include "tests/ui/framework/ui/kestrix/app/KeysFormTest.h"
 
-#include <algorithm>
-#include <array>
+#include <set>
 
 namespace
 {
 
-class LogFormKeysTest : public FormTest
+// Alt with a letter, as the system sends it.
+constexpr LPARAM AltIsDown = 0x20000001;
+
+class LogFormKeysTest : public KeysFormTest
 {
 protected:
-    void PressKey(HWND target, WPARAM key)
-    {
-        ::PostMessageW(target, WM_KEYDOWN, key, 1);
-        ::PostMessageW(target, WM_KEYUP, key, 1);
-    }
-
-    // The controls that the Tab key visits, from the first on until it comes to one again. No key is pressed here: the
-    // focus goes when another program comes to the front meanwhile.
     std::vector<int> TabWay()
     {
         std::vector<int> way;
-        m_form.Run({[&]
-                    {
-                        HWND control = ::GetNextDlgTabItem(m_form, nullptr, FALSE);
-                        while (control != nullptr && std::ranges::count(way, ::GetDlgCtrlID(control)) == 0)
-                        {
-                            way.push_back(::GetDlgCtrlID(control));
-                            control = ::GetNextDlgTabItem(m_form, control, FALSE);
-                        }
-                    }});
+        m_form.Run({[&] { way = WalkTabs(); }});
         return way;
     }
+
+    void PressAltAnd(wchar_t letter) const { ::PostMessageW(PageItem(IDC_VIEW), WM_SYSCHAR, letter, AltIsDown); }
+
+    // The control that has the focus behind Alt with this letter, from elsewhere.
+    int FocusBehindAltAnd(wchar_t letter)
+    {
+        int focus = 0;
+        m_form.Run({[&]
+                    {
+                        m_form.Item(IDC_FORM_CLOSE).SetFocus();
+                        PressAltAnd(letter);
+                    },
+                    [] {}, [&] { focus = ::GetDlgCtrlID(::GetFocus()); }});
+        return focus;
+    }
 };
-
-std::wstring ClassOf(HWND window)
-{
-    std::array<wchar_t, 64> name{};
-    ::GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-    return name.data();
-}
-
-// What a screen reader calls a control: a button's own text, the text right before any other.
-std::wstring AccessibleName(HWND control)
-{
-    if (ClassOf(control) == WC_BUTTONW)
-    {
-        return CWindow(control).GetWindowText();
-    }
-    const HWND before = ::GetWindow(control, GW_HWNDPREV);
-    return before != nullptr && ClassOf(before) == WC_STATICW ? CWindow(before).GetWindowText() : std::wstring();
-}
-
-// All controls below a window that the Tab key can reach, now or once they are shown; lists inside of controls are not.
-std::vector<HWND> FocusControls(HWND window)
-{
-    std::vector<HWND> controls;
-    for (HWND child = ::GetWindow(window, GW_CHILD); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT))
-    {
-        if ((CWindow(child).GetExStyle() & WS_EX_CONTROLPARENT) != 0)
-        {
-            std::ranges::copy(FocusControls(child), std::back_inserter(controls));
-        }
-        else if ((CWindow(child).GetStyle() & WS_TABSTOP) != 0)
-        {
-            controls.push_back(child);
-        }
-    }
-    return controls;
-}
 
 } // namespace
 
@@ -125,9 +89,8 @@ TEST_F(LogFormKeysTest, SpaceOnTheCloseButtonCloses)
 
 TEST_F(LogFormKeysTest, AltAndF4Close)
 {
-    constexpr LPARAM altIsDown = 0x20000001;
     EXPECT_EQ(m_form.RunToItsOwnEnd({[&] {
-        ::PostMessageW(m_form.Page()->GetDlgItem(IDC_RECORD_LIST), WM_SYSKEYDOWN, VK_F4, altIsDown);
+        ::PostMessageW(m_form.Page()->GetDlgItem(IDC_RECORD_LIST), WM_SYSKEYDOWN, VK_F4, AltIsDown);
     }}),
               IDCANCEL);
 }
@@ -187,22 +150,45 @@ TEST_F(LogFormKeysTest, TheTabKeyLeadsOutOfThePageIntoTheForm)
     EXPECT_EQ(focus, IDC_FORM_HELP);
 }
 
-TEST_F(LogFormKeysTest, EveryControlThatCanHaveTheFocusHasANameForScreenReaders)
+TEST_F(LogFormKeysTest, AccessKeysLeadToTheListsAndToTheChoiceOfTheLog)
 {
+    EXPECT_EQ(FocusBehindAltAnd(L't'), IDC_DATE_LIST);
+    EXPECT_EQ(FocusBehindAltAnd(L'n'), IDC_RECORD_LIST);
+    EXPECT_EQ(FocusBehindAltAnd(L'l'), IDC_LOG_TYPE);
+}
+
+TEST_F(LogFormKeysTest, AccessKeysPressButtonsOfFormAndPage)
+{
+    EXPECT_EQ(m_form.RunToItsOwnEnd({[&] { PressAltAnd(L'v'); }, [] {}, [&] { PressAltAnd(L'c'); }}), IDCANCEL);
+    ASSERT_EQ(m_boxes.Boxes().size(), 1u);
+    EXPECT_EQ(m_boxes.Boxes().front().text, Text(IDS_ONLY_THIS_FILE));
+}
+
+TEST_F(LogFormKeysTest, AnAccessKeyMinimisesTheForm)
+{
+    BOOL iconic = FALSE;
+    m_form.Run({[&] { PressAltAnd(L'm'); }, [] {}, [&] { iconic = m_form.IsIconic(); }});
+    EXPECT_TRUE(iconic);
+}
+
+TEST_F(LogFormKeysTest, EveryCommandAndListOfTheFormHasAnAccessKeyOfItsOwn)
+{
+    std::multiset<wchar_t> keys;
     m_form.Run({[&]
                 {
-                    const std::vector<HWND> controls = FocusControls(m_form);
-                    EXPECT_GE(controls.size(), 11u);
-                    for (const HWND control : controls)
+                    for (const HWND window : {m_form.GetSafeHwnd(), m_form.Page()->GetSafeHwnd()})
                     {
-                        if (::GetDlgCtrlID(control) != IDC_FORM_TAB) // has names of its own, and is not shown
+                        for (HWND child = ::GetWindow(window, GW_CHILD); child != nullptr;
+                             child = ::GetWindow(child, GW_HWNDNEXT))
                         {
-                            EXPECT_NE(AccessibleName(control), L"") << ::GetDlgCtrlID(control);
+                            const std::wstring text = CWindow(child).GetWindowText();
+                            const auto mark = text.find(L'&');
+                            if (mark != std::wstring::npos && (CWindow(child).GetStyle() & SS_NOPREFIX) == 0)
+                            {
+                                keys.insert(static_cast<wchar_t>(::towupper(text.at(mark + 1))));
+                            }
                         }
                     }
-                    EXPECT_EQ(AccessibleName(m_form.Page()->GetDlgItem(IDC_DATE_LIST)), Text(IDS_HEADING_DATES));
-                    EXPECT_EQ(AccessibleName(m_form.Page()->GetDlgItem(IDC_RECORD_LIST)), Text(IDS_HEADING_ENTRIES));
-                    EXPECT_EQ(AccessibleName(m_form.Page()->GetDlgItem(IDC_INFO_VALUE_2_WHOLE)),
-                              Text(IDS_LABEL_LOCATION));
                 }});
+    EXPECT_EQ(keys, (std::multiset<wchar_t>{L'A', L'C', L'D', L'E', L'H', L'L', L'M', L'N', L'S', L'T', L'V'}));
 }
