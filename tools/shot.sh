@@ -59,28 +59,50 @@ close_viewer() {
   wait "$viewer" || true
 }
 
-# photograph_viewer FILE PROGRAM WORD...: starts the program, waits until its window is painted, selects a record,
-# leaves the picture in FILE and closes the program. The prefix has to be free.
-photograph_viewer() {
-  local file=$1 work=build/shots/work
-  shift
-  mkdir -p "$(dirname "$file")" "$work"
-  start_virtual_display
-  claim_prefix
-  say "Taking a picture on a virtual display"
+# start_viewer PROGRAM WORD...: starts the program, which ends with the script at the latest.
+start_viewer() {
   # The trace library is looked for in the current folder.
   (cd "${1%/*}" && exec "$root/tools/wine" "${1##*/}" "${@:2}") >build/viewer.log 2>&1 &
   viewer=$!
   at_exit close_viewer
+}
+
+# open_viewer FILE PROGRAM WORD...: starts the program and waits until its window is painted as FILE shows then.
+open_viewer() {
+  local file=$1
+  shift
+  mkdir -p "${file%/*}"
+  start_viewer "$@"
   wait_until 60 find_window || show_screen_and_fail "The viewer's window did not come up."
-  wait_until 60 is_painted "$work/plain.png" || show_screen_and_fail "The viewer's window did not come to rest."
-  select_record "$work/plain.png"
-  wait_until 20 shows_selection "$work/plain.png" || show_screen_and_fail "The viewer did not answer a click and two keys."
-  cp "$work/plain.png.selected" "$file"
+  wait_until 60 is_painted "$file" || show_screen_and_fail "The viewer's window did not come to rest."
+}
+
+# shows_after FILE COMMAND...: gives the window input with the command and waits until it looks otherwise than in FILE;
+# the new picture is FILE.selected.
+shows_after() {
+  local file=$1
+  shift
+  "$@" "$file"
+  wait_until 20 shows_selection "$file" || show_screen_and_fail "The viewer did not answer a click or a key."
+}
+
+# photograph_viewer FILE PROGRAM WORD...: starts the program, waits until its window is painted, selects a record,
+# leaves the picture in FILE and closes the program. The prefix has to be free.
+photograph_viewer() {
+  local file=$1 plain=build/shots/work/plain.png
+  shift
+  mkdir -p "$(dirname "$file")"
+  start_virtual_display
+  claim_prefix
+  say "Taking a picture on a virtual display"
+  open_viewer "$plain" "$@"
+  shows_after "$plain" select_record
+  cp "$plain.selected" "$file"
   say "The picture is ${file#"$root"/}"
 }
 
 show_screen_and_fail() {
+  mkdir -p build/shots
   import-im6.q16 -window root build/shots/screen.png
   fail "$1" "build/shots/screen.png shows the screen at that time."
 }
