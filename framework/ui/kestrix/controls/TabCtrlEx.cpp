@@ -1,5 +1,6 @@
 #include "framework/ui/kestrix/controls/TabCtrlEx.h"
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -43,7 +44,7 @@ bool CTabCtrlEx::CreatePage(const TabPage& page, int index, int topOffset)
     AdjustRect(false, area);
     ClientToScreen(area);
     parent.ScreenToClient(area);
-    area.top += topOffset;
+    area.top += std::min<LONG>(topOffset, area.bottom - area.top); // an offset beyond the area leaves no page to see
     return page.page->SetWindowPos(m_hWnd, area, SWP_HIDEWINDOW) && hasTab;
 }
 
