@@ -26,19 +26,9 @@ constexpr DWORD LookInterval = 1;      // milliseconds between two looks, to lea
 
 constexpr SIZE Strip{200, 16}; // what is looked at, in the middle of a window
 
-template <class Condition>
-bool LookUntil(const Condition& condition)
+bool LookUntil(const std::function<bool()>& condition)
 {
-    const ULONGLONG end = GetTickCount64() + Patience;
-    while (!condition())
-    {
-        if (GetTickCount64() > end)
-        {
-            return false;
-        }
-        Sleep(LookInterval);
-    }
-    return true;
+    return WaitUntil(condition, Patience, LookInterval);
 }
 
 POINT StripIn(HWND window)

@@ -9,7 +9,7 @@
 namespace
 {
 
-constexpr DWORD LookInterval = 20; // milliseconds between two looks at what is awaited
+constexpr DWORD EventInterval = 20; // milliseconds to wait for an event of the program before looking at its windows
 
 std::wstring TitleOf(HWND window)
 {
@@ -40,7 +40,7 @@ std::string RemoteText(HANDLE process, const OUTPUT_DEBUG_STRING_INFO& info)
 
 } // namespace
 
-bool WaitUntil(const std::function<bool()>& condition, ULONGLONG limit)
+bool WaitUntil(const std::function<bool()>& condition, ULONGLONG limit, DWORD interval)
 {
     const ULONGLONG end = GetTickCount64() + limit;
     while (!condition())
@@ -49,7 +49,7 @@ bool WaitUntil(const std::function<bool()>& condition, ULONGLONG limit)
         {
             return false;
         }
-        Sleep(LookInterval);
+        Sleep(interval);
     }
     return true;
 }
@@ -139,7 +139,7 @@ DebuggerOutput::DebuggerOutput(const std::wstring& program, const std::wstring& 
     {
         hadWindow = hadWindow || !process.Windows().empty();
         DEBUG_EVENT event{};
-        if (!WaitForDebugEvent(&event, LookInterval))
+        if (!WaitForDebugEvent(&event, EventInterval))
         {
             continue;
         }

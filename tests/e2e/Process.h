@@ -8,8 +8,9 @@
 #include <string>
 #include <vector>
 
-// Looks again and again until the condition holds; false when it does not within the limit in milliseconds.
-bool WaitUntil(const std::function<bool()>& condition, ULONGLONG limit = 30'000);
+// Looks again and again, an interval apart, until the condition holds; false when it does not within the limit. Both
+// are in milliseconds.
+bool WaitUntil(const std::function<bool()>& condition, ULONGLONG limit = 30'000, DWORD interval = 20);
 
 // The folder of the built program, in which tests run, with its final separator.
 std::wstring ProgramFolder();
