@@ -144,7 +144,10 @@ TEST_P(BadTabNumberTest, GivesNoOffsetAndTheUsualWidth)
 
 TEST_F(LogFormTextsTest, AnOffsetBeyondTheScreenLeavesNoPageToSee)
 {
-    EXPECT_EQ(LookWith(L"2147483647", L"2147483647").pageHeight, 0);
+    const TabLook usual = LookWith(L"1", L"110");
+    const TabLook beyond = LookWith(L"2147483647", L"2147483647");
+    EXPECT_EQ(beyond.pageHeight, 0);
+    EXPECT_EQ(beyond.pageTop, usual.pageTop + usual.pageHeight);
 }
 
 TEST_P(MissingTextTest, LeavesTheFormAsUsefulAsItCanBe)
