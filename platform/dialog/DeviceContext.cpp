@@ -1,5 +1,29 @@
 #include "platform/dialog/DeviceContext.h"
 
+#include "platform/dialog/FrameworkState.h"
+
+#include <algorithm>
+
+CMemoryDC::CMemoryDC() noexcept : CDC(nullptr)
+{
+    auto& spares = GetFrameworkState().spareMemoryDCs;
+    const auto spare = std::ranges::find_if(spares, &UniqueMemoryDC::operator bool);
+    m_dc.reset(spare != spares.end() ? spare->release() : ::CreateCompatibleDC(nullptr));
+    m_hDC = m_dc.get();
+    ::SaveDC(m_hDC);
+}
+
+CMemoryDC::~CMemoryDC()
+{
+    constexpr int asCreated = 1; // the first state that was saved
+    ::RestoreDC(m_hDC, asCreated);
+    auto& spares = GetFrameworkState().spareMemoryDCs;
+    if (const auto room = std::ranges::find_if_not(spares, &UniqueMemoryDC::operator bool); room != spares.end())
+    {
+        room->reset(m_dc.release());
+    }
+}
+
 CMemDC::CMemDC(HDC target, const RECT& area) noexcept : CDC(target), m_hTarget(target), m_part(area)
 {
     const int width = area.right - area.left;
@@ -8,25 +32,24 @@ CMemDC::CMemDC(HDC target, const RECT& area) noexcept : CDC(target), m_hTarget(t
     {
         return;
     }
-    m_memory.reset(::CreateCompatibleDC(target));
-    if (!m_memory)
+    m_memory.emplace();
+    if (m_memory->GetSafeHdc() == nullptr)
     {
         return;
     }
-    m_hDC = m_memory.get();
-    m_hOldBitmap = ::SelectObject(m_hDC, m_bitmap);
+    m_hDC = m_memory->GetSafeHdc();
+    ::SelectObject(m_hDC, m_bitmap);
     ::SetWindowOrgEx(m_hDC, area.left, area.top, nullptr);
 }
 
 CMemDC::~CMemDC()
 {
-    if (!m_memory)
+    if (m_hDC == m_hTarget)
     {
         return;
     }
     ::BitBlt(m_hTarget, m_part.left, m_part.top, m_part.right - m_part.left, m_part.bottom - m_part.top, m_hDC,
              m_part.left, m_part.top, SRCCOPY);
-    ::SelectObject(m_hDC, m_hOldBitmap);
 }
 
 void FillSolidRect(HDC dc, const RECT& rect, COLORREF colour) noexcept

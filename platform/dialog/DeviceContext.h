@@ -2,6 +2,8 @@
 
 #include "platform/dialog/GdiObjects.h"
 
+#include <optional>
+
 // A device context to draw on with the functions of the system; the derived classes say what on, and give it back.
 class CDC
 {
@@ -32,18 +34,6 @@ private:
     const HWND m_hWnd;
 };
 
-// A whole window, its frame included.
-class CWindowDC : public CDC
-{
-public:
-    explicit CWindowDC(HWND window) noexcept : CDC(::GetWindowDC(window)), m_hWnd(window) {}
-
-    ~CWindowDC() { ::ReleaseDC(m_hWnd, m_hDC); }
-
-private:
-    const HWND m_hWnd;
-};
-
 // The part of a window that needs painting; for handlers of WM_PAINT. Validates the window.
 class CPaintDC : public CDC
 {
@@ -57,6 +47,18 @@ public:
 private:
     const HWND m_hWnd;
     PAINTSTRUCT m_paint{};
+};
+
+// A context in memory, in the form of the screen's, as new: nothing is selected into it. What the owner selects or sets
+// need not be put back. To make one takes longer than most drawing, so the framework keeps those that go.
+class CMemoryDC : public CDC
+{
+public:
+    CMemoryDC() noexcept;
+    ~CMemoryDC();
+
+private:
+    UniqueMemoryDC m_dc; // none where the system has no room: nothing is drawn then
 };
 
 // Draws an area of a target in memory, in the target's own coordinates, and copies it over when the object goes.
@@ -73,9 +75,8 @@ public:
 private:
     const HDC m_hTarget;
     RECT m_part;
-    UniqueMemoryDC m_memory;
     CBitmap m_bitmap;
-    HGDIOBJ m_hOldBitmap = nullptr;
+    std::optional<CMemoryDC> m_memory;
 };
 
 // Selects an object into a device context, and what was selected before when the scope ends. Null selects nothing.

@@ -16,14 +16,11 @@ constexpr std::size_t ExtendedStyle = 3; // behind the mark, the help number and
 
 DialogTemplate::DialogTemplate(UINT id)
 {
-    const HMODULE module = AfxGetResourceHandle();
-    const HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(id), RT_DIALOG);
-    const HGLOBAL loaded = resource != nullptr ? LoadResource(module, resource) : nullptr;
-    if (const void* const bytes = LockResource(loaded))
+    const std::span<const std::byte> bytes = GetResourceBytes(id, RT_DIALOG);
+    if (!bytes.empty())
     {
-        const DWORD size = SizeofResource(module, resource);
-        m_data.resize((size + sizeof(DWORD) - 1) / sizeof(DWORD));
-        std::memcpy(m_data.data(), bytes, size);
+        m_data.resize((bytes.size() + sizeof(DWORD) - 1) / sizeof(DWORD));
+        std::memcpy(m_data.data(), bytes.data(), bytes.size());
     }
 }
 

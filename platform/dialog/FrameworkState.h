@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/dialog/OleMessageFilter.h"
+#include "platform/dialog/UniqueHandle.h"
 
 #include <windows.h>
 
@@ -31,6 +32,8 @@ struct FrameworkState
     std::wstring strNoText;
 
     std::unordered_map<HWND, SubclassedWindow> subclassedWindows;
+
+    std::array<UniqueMemoryDC, 4> spareMemoryDCs; // as they were created; as many as are in use at once while painting
 
     CWinApp* pApp = nullptr; // not owned
     bool bOleOpen = false;   // AfxOleInit is to be undone

@@ -27,6 +27,14 @@ bool CBitmap::LoadMappedBitmap(UINT id, COLORMAP map) noexcept
     return Attach(::CreateMappedBitmap(AfxGetResourceHandle(), id, 0, &map, 1));
 }
 
+bool CBitmap::CreateDibSection(SIZE size) noexcept
+{
+    BITMAPINFO info{};
+    info.bmiHeader = {sizeof info.bmiHeader, size.cx, -size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    void* pixels = nullptr;
+    return Attach(::CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
+}
+
 SIZE CBitmap::GetSize() const noexcept
 {
     BITMAP bitmap{};

@@ -84,5 +84,8 @@ public:
         return Attach(::CreateCompatibleBitmap(dc, width, height));
     }
 
+    // Of 32 bits a pixel, rows from the top.
+    bool CreateDibSection(SIZE size) noexcept;
+
     SIZE GetSize() const noexcept; // in pixels; 0, 0 without a bitmap
 };

@@ -29,6 +29,15 @@ void AfxSetResourceHandle(HMODULE module) noexcept
     }
 }
 
+std::span<const std::byte> GetResourceBytes(UINT id, const wchar_t* type) noexcept
+{
+    const HMODULE module = AfxGetResourceHandle();
+    const HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(id), type);
+    const HGLOBAL loaded = resource != nullptr ? LoadResource(module, resource) : nullptr;
+    const auto* const bytes = static_cast<const std::byte*>(LockResource(loaded));
+    return bytes != nullptr ? std::span(bytes, SizeofResource(module, resource)) : std::span<const std::byte>();
+}
+
 namespace
 {
 
@@ -37,15 +46,9 @@ namespace
 std::unique_ptr<FrameworkState::TextBlock> ReadTextBlock(std::size_t index)
 {
     auto block = std::make_unique<FrameworkState::TextBlock>();
-    const HMODULE module = AfxGetResourceHandle();
-    const HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(index + 1), RT_STRING);
-    const HGLOBAL loaded = resource != nullptr ? LoadResource(module, resource) : nullptr;
-    const auto* next = static_cast<const wchar_t*>(LockResource(loaded));
-    if (next == nullptr)
-    {
-        return block;
-    }
-    const wchar_t* const end = next + SizeofResource(module, resource) / sizeof(wchar_t);
+    const std::span<const std::byte> bytes = GetResourceBytes(static_cast<UINT>(index) + 1, RT_STRING);
+    const auto* next = reinterpret_cast<const wchar_t*>(bytes.data());
+    const wchar_t* const end = next + bytes.size() / sizeof(wchar_t);
     for (std::wstring& text : *block)
     {
         if (next == end || *next > end - next - 1)

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <cstddef>
+#include <span>
 #include <string>
 
 // The module of the running program.
@@ -13,6 +15,10 @@ HMODULE AfxGetResourceHandle() noexcept;
 // Takes the texts and templates from this module from now on; null means the program's own again.
 // The module stays the caller's and must stay loaded. Every text that LoadText gave out ends here.
 void AfxSetResourceHandle(HMODULE module) noexcept;
+
+// What the resource module holds under this number and type, RT_BITMAP or another; empty when it holds nothing there.
+// It stays the module's.
+std::span<const std::byte> GetResourceBytes(UINT id, const wchar_t* type) noexcept;
 
 // The string resource of this number, or the empty text when the resource module has none.
 // Texts are read once and kept, sixteen at a time as they lie in the module, so that a call costs two look-ups in

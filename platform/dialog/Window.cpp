@@ -57,7 +57,7 @@ bool CWindow::SetWindowPos(HWND after, const RECT& rect, UINT flags)
 
 void CWindow::Invalidate(bool erase)
 {
-    if (m_hWnd != nullptr)
+    if (IsWindowVisible())
     {
         ::InvalidateRect(m_hWnd, nullptr, erase);
     }
@@ -65,7 +65,7 @@ void CWindow::Invalidate(bool erase)
 
 void CWindow::InvalidateRect(const RECT& rect, bool erase)
 {
-    if (m_hWnd != nullptr)
+    if (IsWindowVisible())
     {
         ::InvalidateRect(m_hWnd, &rect, erase);
     }
@@ -87,7 +87,7 @@ bool CWindow::TrackMouseLeave() const
 
 void CWindow::SetFont(HFONT font, bool redraw)
 {
-    SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(font), redraw);
+    SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(font), redraw && IsWindowVisible());
 }
 
 HICON CWindow::SetIcon(HICON icon, bool big)

@@ -26,7 +26,7 @@ public:
         }
     }
 
-    void ShapeCorners() { SetCornerRegion(CClientDC(m_hWnd), 0); }
+    void ShapeCorners() { SetCornerRegion(0); }
 
     using CBitmapDialog::m_bSolidBackground;
     using CBitmapDialog::m_SolidBrush;

@@ -247,10 +247,13 @@ void CKestrixDlg::PlaceFirstText(int rows)
 
 void CKestrixDlg::SetInfoRow(std::size_t row, const std::wstring& caption, bool visible)
 {
-    SetDlgItemText(InfoLabels[row], caption);
-    SetDlgItemText(InfoValues[row], {});
-    ShowInfo(InfoLabels[row], visible);
-    ShowInfo(InfoValues[row], visible);
+    const int show = visible ? SW_SHOW : SW_HIDE;
+    CWindow label(GetDlgItem(static_cast<int>(InfoLabels[row])));
+    CWindow value(GetDlgItem(static_cast<int>(InfoValues[row])));
+    label.SetWindowText(caption);
+    value.SetWindowText({});
+    label.ShowWindow(show);
+    value.ShowWindow(show);
 }
 
 void CKestrixDlg::SetInfoText(UINT control, const std::wstring& text)

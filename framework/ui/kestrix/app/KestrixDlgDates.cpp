@@ -226,5 +226,9 @@ void CKestrixDlg::ShowFreshList()
     m_RecordList.SortHeader().SetSortArrow(m_nListSortColumn, m_nListSortUp);
     m_RecordList.SortItems(m_pLogData->m_pfnCompareDn, 0);
     m_RecordList.SetRedraw(TRUE);
+    if (!IsWindowVisible())
+    {
+        m_RecordList.MeasureRows();
+    }
     m_RecordList.Invalidate();
 }

@@ -85,7 +85,7 @@ void CLogFormDlg::DoDataExchange(CDataExchange& exchange)
 
 BOOL CLogFormDlg::OnInitDialog()
 {
-    SetCornerRegion(CWindowDC(m_hWnd), IDB_CORNER_TOP_LEFT);
+    SetCornerRegion(IDB_CORNER_TOP_LEFT);
     CBitmapDialog::OnInitDialog();
     ForceToFront(m_hWnd);
     SetBackground(IDB_BACKGROUND);
@@ -120,8 +120,8 @@ void CLogFormDlg::SetIcons()
 {
     m_hBigIcon = LoadIconOf(SM_CXICON, SM_CYICON);
     m_hSmallIcon = LoadIconOf(SM_CXSMICON, SM_CYSMICON);
+    SetIcon(m_hSmallIcon.get(), false); // first: without one the system makes it from the big one
     SetIcon(m_hBigIcon.get(), true);
-    SetIcon(m_hSmallIcon.get(), false);
 }
 
 void CLogFormDlg::HandValuesToPages()

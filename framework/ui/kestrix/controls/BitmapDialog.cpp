@@ -113,10 +113,10 @@ void CBitmapDialog::SetControlToolTip(UINT control, const std::wstring& text)
     }
 }
 
-void CBitmapDialog::SetCornerRegion(HDC dc, UINT)
+void CBitmapDialog::SetCornerRegion(UINT)
 {
     const RECT client = GetClientRect();
-    CRgn shape = MakeCornerRegion(dc, {client.right, client.bottom});
+    CRgn shape = MakeCornerRegion({client.right, client.bottom});
     if (::SetWindowRgn(m_hWnd, shape, TRUE))
     {
         static_cast<void>(shape.Detach()); // the window owns it now

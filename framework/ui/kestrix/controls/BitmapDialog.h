@@ -47,8 +47,8 @@ protected:
     bool SetImage(std::size_t image, UINT bitmap, POINT place = {});
 
     // Cuts the corners of the window as the bitmaps of the frame's corners show; the dialog calls it first thing in its
-    // OnInitDialog, with a context of its window. The identifier is not used.
-    void SetCornerRegion(HDC dc, UINT identifier);
+    // OnInitDialog. The identifier is not used.
+    void SetCornerRegion(UINT identifier);
 
     // The dialog's font with another weight, for one control; it lives as long as the dialog's window.
     void SetControlFont(UINT control, LONG weight, bool underlined = false);

@@ -83,9 +83,9 @@ void CBitmapDialog::DrawTiles(HDC dc, SIZE client) const
     CBitmap tile;
     tile.CreateCompatibleBitmap(dc, m_bmpBackground.GetWidth(), m_bmpBackground.GetHeight());
     {
-        const UniqueMemoryDC memory(CreateCompatibleDC(dc));
-        const CSelectObject selected(memory.get(), tile);
-        m_bmpBackground.DrawDIB(memory.get(), 0, 0);
+        const CMemoryDC memory;
+        SelectObject(memory, tile);
+        m_bmpBackground.DrawDIB(memory, 0, 0);
     }
     CBrush tiles;
     tiles.CreatePatternBrush(tile);

@@ -1,6 +1,6 @@
 #include "framework/ui/kestrix/controls/BitmapPixels.h"
 
-CBitmapPixels::CBitmapPixels(HDC dc, HBITMAP bitmap)
+CBitmapPixels::CBitmapPixels(HBITMAP bitmap)
 {
     BITMAP whole{};
     if (bitmap == nullptr || GetObjectW(bitmap, sizeof whole, &whole) == 0)
@@ -10,7 +10,7 @@ CBitmapPixels::CBitmapPixels(HDC dc, HBITMAP bitmap)
     std::vector<DWORD> pixels(static_cast<std::size_t>(whole.bmWidth) * static_cast<std::size_t>(whole.bmHeight));
     BITMAPINFO info{};
     info.bmiHeader = {sizeof info.bmiHeader, whole.bmWidth, -whole.bmHeight, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    if (GetDIBits(dc, bitmap, 0, static_cast<UINT>(whole.bmHeight), pixels.data(), &info, DIB_RGB_COLORS) ==
+    if (GetDIBits(CMemoryDC(), bitmap, 0, static_cast<UINT>(whole.bmHeight), pixels.data(), &info, DIB_RGB_COLORS) ==
         whole.bmHeight)
     {
         m_size = {whole.bmWidth, whole.bmHeight};

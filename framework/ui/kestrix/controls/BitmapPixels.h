@@ -8,8 +8,8 @@
 class CBitmapPixels
 {
 public:
-    // Without a bitmap, or with one that cannot be read now, there are no pixels. Any context of a display will do.
-    CBitmapPixels(HDC dc, HBITMAP bitmap);
+    // Without a bitmap, or with one that cannot be read now, there are no pixels.
+    explicit CBitmapPixels(HBITMAP bitmap);
 
     SIZE GetSize() const { return m_size; }
 

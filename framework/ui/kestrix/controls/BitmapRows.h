@@ -11,6 +11,9 @@ namespace BitmapRows
 // Bitmaps of more bits a pixel hold their colours in the pixels themselves.
 constexpr unsigned DeepestWithTable = 8;
 
+// The masks behind the header of a bitmap that names the bits of its colours, in bytes.
+constexpr DWORD MaskBytes = 3 * sizeof(DWORD);
+
 // The bytes of a row without padding, and with padding to a multiple of four. No width of 31 bits overflows.
 constexpr std::uint64_t PackedBytes(std::uint64_t width, unsigned bitCount)
 {

@@ -21,7 +21,7 @@ void Cut(CRgn& shape, SIZE size, const RECT& run)
 CRgn MakeBitmapShape(HBITMAP bitmap, COLORREF hole)
 {
     CRgn shape;
-    const CBitmapPixels pixels(CClientDC(nullptr), bitmap);
+    const CBitmapPixels pixels(bitmap);
     const SIZE size = pixels.GetSize();
     for (int y = 0; y < size.cy; ++y)
     {

@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/controls/CornerRegion.h"
 
 #include "framework/ui/kestrix/controls/BitmapPixels.h"
+#include "framework/ui/kestrix/controls/StretchBitmap.h"
 #include "resource/resource.h"
 
 namespace
@@ -8,11 +9,11 @@ namespace
 
 constexpr COLORREF CutAway = RGB(255, 255, 255);
 
-CBitmapPixels LoadCorner(HDC dc, UINT bitmap)
+CBitmapPixels LoadCorner(UINT bitmap)
 {
-    CBitmap corner;
-    corner.LoadBitmap(bitmap);
-    return CBitmapPixels(dc, corner);
+    constexpr int noBorder = 0;
+    const BitmapResource corner(bitmap);
+    return CBitmapPixels(StretchBitmap(corner, corner.GetSize(), noBorder));
 }
 
 // The bounds are inclusive: the last column and row asked for lie outside of a corner of the scanned size.
@@ -34,12 +35,12 @@ void CutCorner(HRGN shape, const CBitmapPixels& corner, SIZE scanned, POINT plac
 
 } // namespace
 
-CRgn MakeCornerRegion(HDC dc, SIZE client)
+CRgn MakeCornerRegion(SIZE client)
 {
-    const CBitmapPixels topLeft = LoadCorner(dc, IDB_CORNER_TOP_LEFT);
-    const CBitmapPixels topRight = LoadCorner(dc, IDB_CORNER_TOP_RIGHT);
-    const CBitmapPixels bottomLeft = LoadCorner(dc, IDB_CORNER_BOTTOM_LEFT);
-    const CBitmapPixels bottomRight = LoadCorner(dc, IDB_CORNER_BOTTOM_RIGHT);
+    const CBitmapPixels topLeft = LoadCorner(IDB_CORNER_TOP_LEFT);
+    const CBitmapPixels topRight = LoadCorner(IDB_CORNER_TOP_RIGHT);
+    const CBitmapPixels bottomLeft = LoadCorner(IDB_CORNER_BOTTOM_LEFT);
+    const CBitmapPixels bottomRight = LoadCorner(IDB_CORNER_BOTTOM_RIGHT);
     const LONG right = client.cx - topRight.GetSize().cx;
 
     CRgn shape;

@@ -2,6 +2,6 @@
 
 #include "platform/dialog/DialogFramework.h"
 
-// The shape of a window with this client area: what is white in the four corner bitmaps of the frame is cut away. The
-// context is one of the window's. A corner that the language file does not have stays square.
-CRgn MakeCornerRegion(HDC dc, SIZE client);
+// The shape of a window with this client area: what is white in the four corner bitmaps of the frame is cut away. A
+// corner that the language file does not have stays square.
+CRgn MakeCornerRegion(SIZE client);

@@ -18,12 +18,12 @@ void Line(HDC dc, LONG fromX, LONG fromY, LONG toX, LONG toY)
 void StretchThrough(HDC dc, const CRgn& region, const CBitmap& bitmap, const RECT& rect)
 {
     const SIZE size = bitmap.GetSize();
-    const UniqueMemoryDC source(::CreateCompatibleDC(dc));
-    const CSelectObject selected(source.get(), bitmap);
+    const CMemoryDC source;
+    ::SelectObject(source, bitmap);
     const CSaveDC keep(dc);
     ::SelectClipRgn(dc, region);
     ::SetStretchBltMode(dc, COLORONCOLOR);
-    ::StretchBlt(dc, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, source.get(), 0, 0, size.cx,
+    ::StretchBlt(dc, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, source, 0, 0, size.cx,
                  size.cy, SRCCOPY);
 }
 

@@ -15,7 +15,6 @@ constexpr wchar_t CutShort[] = L"Error:File cut short\n";
 constexpr wchar_t BadHeader[] = L"Error:Header contradicts itself\n";
 
 constexpr WORD Depths[] = {1, 4, 8, 16, 24, 32};
-constexpr DWORD MaskBytes = 3 * sizeof(DWORD); // of a bitmap that names the bits of its colours
 
 std::uint64_t Position(HANDLE file)
 {
@@ -63,7 +62,7 @@ bool WriteAll(HANDLE file, const void* source, DWORD bytes)
 DWORD TableBytes(const BITMAPINFOHEADER& header)
 {
     return header.biCompression == BI_BITFIELDS
-               ? MaskBytes
+               ? BitmapRows::MaskBytes
                : BitmapRows::TableEntries(header.biBitCount) * static_cast<DWORD>(sizeof(RGBQUAD));
 }
 
@@ -95,7 +94,8 @@ void CheckHeaders(const BITMAPFILEHEADER& fileHeader, const BITMAPINFOHEADER& he
         throw BadHeader;
     }
     const DWORD colours = header.biClrUsed != 0 ? header.biClrUsed : BitmapRows::TableEntries(header.biBitCount);
-    const DWORD head = sizeof fileHeader + sizeof header + colours * sizeof(RGBQUAD) + (hasMasks ? MaskBytes : 0);
+    const DWORD head =
+        sizeof fileHeader + sizeof header + colours * sizeof(RGBQUAD) + (hasMasks ? BitmapRows::MaskBytes : 0);
     if (fileHeader.bfOffBits < head)
     {
         throw BadHeader;

@@ -50,17 +50,16 @@ const MessageMap& CExtendButton::Map()
 
 bool CExtendButton::LoadFace(Face& face, UINT bitmap, BOOL redraw)
 {
-    CBitmap loaded;
-    const bool found = loaded.LoadBitmap(bitmap);
+    const BitmapResource source(bitmap);
     const RECT client = GetClientRect();
-    face.bitmap = StretchBitmap(loaded, {client.right, client.bottom}, m_nBorder);
+    face.bitmap = StretchBitmap(source, {client.right, client.bottom}, m_nBorder);
     face.shape = MakeBitmapShape(face.bitmap, m_crKey);
-    m_bHasBitmap = m_bHasBitmap || found;
+    m_bHasBitmap = m_bHasBitmap || !source.IsEmpty();
     if (redraw)
     {
         Redraw();
     }
-    return found;
+    return !source.IsEmpty();
 }
 
 void CExtendButton::SetLocked(bool locked)

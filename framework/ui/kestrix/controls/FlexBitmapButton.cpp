@@ -22,10 +22,10 @@ bool CFlexBitmapButton::SetBitmaps(UINT normal, UINT hover)
 bool CFlexBitmapButton::Load(Image& image, UINT id)
 {
     const RECT client = GetClientRect();
+    const BitmapResource source(id);
     image.id = id;
-    const bool found = image.bitmap.LoadBitmap(id);
-    image.sliced = StretchBitmap(image.bitmap, {client.right, client.bottom}, m_nBorder);
-    return found;
+    image.sliced = StretchBitmap(source, {client.right, client.bottom}, m_nBorder);
+    return !source.IsEmpty();
 }
 
 void CFlexBitmapButton::SetKeyColour(COLORREF colour)
@@ -122,10 +122,10 @@ void CFlexBitmapButton::DrawImageButton(HDC dc, const RECT& rect, const OwnerBut
     {
         return;
     }
-    const UniqueMemoryDC from(CreateCompatibleDC(dc));
-    const CSelectObject selected(from.get(), bitmap);
+    const CMemoryDC from;
+    SelectObject(from, bitmap);
     const SIZE size = bitmap.GetSize();
-    GdiTransparentBlt(dc, rect.left, rect.top, size.cx, size.cy, from.get(), 0, 0, size.cx, size.cy, m_crKey);
+    GdiTransparentBlt(dc, rect.left, rect.top, size.cx, size.cy, from, 0, 0, size.cx, size.cy, m_crKey);
 }
 
 // Behind the icon, or in the middle of a button without one.

@@ -32,8 +32,7 @@ private:
     struct Image
     {
         UINT id = 0;
-        CBitmap bitmap; // as loaded
-        CBitmap sliced; // in the size of the button
+        CBitmap sliced; // in the size of the button; none when the language file has none
     };
 
     bool Load(Image& image, UINT id);

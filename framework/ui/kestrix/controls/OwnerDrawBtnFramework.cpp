@@ -214,10 +214,10 @@ void COwnerDrawBtnFramework::PaintBitmap(HDC dc, const RECT& rect, const CBitmap
     {
         return;
     }
-    const UniqueMemoryDC from(CreateCompatibleDC(dc));
-    const CSelectObject selected(from.get(), bitmap);
+    const CMemoryDC from;
+    SelectObject(from, bitmap);
     const SIZE size = bitmap.GetSize();
-    BitBlt(dc, rect.left, rect.top, size.cx, size.cy, from.get(), 0, 0, SRCCOPY);
+    BitBlt(dc, rect.left, rect.top, size.cx, size.cy, from, 0, 0, SRCCOPY);
 }
 
 SIZE COwnerDrawBtnFramework::IconSize()

@@ -1,24 +1,18 @@
 #include "framework/ui/kestrix/controls/SkinFrame.h"
 
+#include "framework/ui/kestrix/controls/BitmapResource.h"
 #include "resource/resource.h"
+
+#include <algorithm>
 
 namespace
 {
 
-// A bitmap of the language file in a context of its own.
+// A bitmap of the language file.
 class Part
 {
 public:
-    Part(HDC dc, UINT number) : m_dc(CreateCompatibleDC(dc))
-    {
-        m_bitmap.LoadBitmap(number);
-        m_before = SelectObject(m_dc.get(), m_bitmap);
-    }
-
-    ~Part() { SelectObject(m_dc.get(), m_before); }
-
-    Part(const Part&) = delete;
-    Part& operator=(const Part&) = delete;
+    explicit Part(UINT number) : m_bitmap(number) {}
 
     int Width() const { return m_bitmap.GetSize().cx; }
 
@@ -26,28 +20,29 @@ public:
 
     void Stretch(HDC dc, int x, int y, int width, int height) const
     {
-        StretchBlt(dc, x, y, width, height, m_dc.get(), 0, 0, Width(), Height(), SRCCOPY);
+        m_bitmap.Draw(dc, {x, y, x + width, y + height}, {0, 0, Width(), Height()});
     }
 
+    // As much of it as there is in this size.
     void Copy(HDC dc, int x, int y, int width, int height) const
     {
-        BitBlt(dc, x, y, width, height, m_dc.get(), 0, 0, SRCCOPY);
+        const int right = std::min(width, Width());
+        const int bottom = std::min(height, Height());
+        m_bitmap.Draw(dc, {x, y, x + right, y + bottom}, {0, 0, right, bottom});
     }
 
 private:
-    const UniqueMemoryDC m_dc;
-    CBitmap m_bitmap;
-    HGDIOBJ m_before = nullptr;
+    const BitmapResource m_bitmap;
 };
 
 } // namespace
 
 void DrawSkinFrame(HDC dc, SIZE client, FrameTop frameTop)
 {
-    const Part top(dc, IDB_FRAME_TOP);
-    const Part left(dc, IDB_FRAME_LEFT);
-    const Part bottom(dc, IDB_FRAME_BOTTOM);
-    const Part right(dc, IDB_FRAME_RIGHT);
+    const Part top(IDB_FRAME_TOP);
+    const Part left(IDB_FRAME_LEFT);
+    const Part bottom(IDB_FRAME_BOTTOM);
+    const Part right(IDB_FRAME_RIGHT);
     if (frameTop == FrameTop::Cut)
     {
         top.Copy(dc, 0, 0, client.cx, client.cy);
@@ -59,10 +54,10 @@ void DrawSkinFrame(HDC dc, SIZE client, FrameTop frameTop)
     left.Stretch(dc, 0, 0, left.Width(), client.cy);
     bottom.Stretch(dc, 0, client.cy - bottom.Height(), client.cx, bottom.Height());
     right.Stretch(dc, client.cx - right.Width(), 0, right.Width(), client.cy);
-    Part(dc, IDB_CORNER_TOP_LEFT).Copy(dc, 0, 0, left.Width(), top.Height());
-    Part(dc, IDB_CORNER_TOP_RIGHT).Copy(dc, client.cx - right.Width(), 0, right.Width(), top.Height());
+    Part(IDB_CORNER_TOP_LEFT).Copy(dc, 0, 0, left.Width(), top.Height());
+    Part(IDB_CORNER_TOP_RIGHT).Copy(dc, client.cx - right.Width(), 0, right.Width(), top.Height());
     // Its place comes from the width of the side, as that of the drawn corner always has.
-    Part(dc, IDB_CORNER_BOTTOM_LEFT).Copy(dc, 0, client.cy - left.Width(), left.Width(), bottom.Height());
-    Part(dc, IDB_CORNER_BOTTOM_RIGHT)
+    Part(IDB_CORNER_BOTTOM_LEFT).Copy(dc, 0, client.cy - left.Width(), left.Width(), bottom.Height());
+    Part(IDB_CORNER_BOTTOM_RIGHT)
         .Copy(dc, client.cx - right.Width(), client.cy - bottom.Height(), right.Width(), bottom.Height());
 }

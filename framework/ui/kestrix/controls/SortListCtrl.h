@@ -12,6 +12,9 @@ public:
 
     CSortHeaderCtrl& SortHeader() { return m_Header; }
 
+    // For a list that is filled before it is shown: it then stands ready, with its scroll bars as long as they will be.
+    void MeasureRows();
+
 private:
     CSortHeaderCtrl m_Header;
 };

@@ -26,30 +26,23 @@ std::array<Piece, 3> CutAxis(int from, int to, int border)
 
 } // namespace
 
-CBitmap StretchBitmap(HBITMAP source, SIZE size, int border)
+CBitmap StretchBitmap(const BitmapResource& source, SIZE size, int border)
 {
     CBitmap result;
-    BITMAP whole{};
-    if (source == nullptr || GetObjectW(source, sizeof whole, &whole) == 0 || size.cx <= 0 || size.cy <= 0)
+    if (source.IsEmpty() || size.cx <= 0 || size.cy <= 0 || !result.CreateDibSection(size))
     {
         return result;
     }
-    const CClientDC screen(nullptr);
-    const UniqueMemoryDC from(CreateCompatibleDC(screen));
-    const UniqueMemoryDC to(CreateCompatibleDC(screen));
-    if (!from || !to || !result.CreateCompatibleBitmap(screen, size.cx, size.cy))
+    const CMemoryDC dc;
+    SelectObject(dc, result);
+    SetStretchBltMode(dc, COLORONCOLOR);
+    const SIZE whole = source.GetSize();
+    for (const Piece& row : CutAxis(whole.cy, size.cy, border))
     {
-        return result;
-    }
-    const CSelectObject selectedSource(from.get(), source);
-    const CSelectObject selectedResult(to.get(), result);
-    SetStretchBltMode(to.get(), COLORONCOLOR);
-    for (const Piece& row : CutAxis(whole.bmHeight, size.cy, border))
-    {
-        for (const Piece& column : CutAxis(whole.bmWidth, size.cx, border))
+        for (const Piece& column : CutAxis(whole.cx, size.cx, border))
         {
-            StretchBlt(to.get(), column.to, row.to, column.toLength, row.toLength, from.get(), column.from, row.from,
-                       column.fromLength, row.fromLength, SRCCOPY);
+            source.Draw(dc, {column.to, row.to, column.to + column.toLength, row.to + row.toLength},
+                        {column.from, row.from, column.from + column.fromLength, row.from + row.fromLength});
         }
     }
     return result;

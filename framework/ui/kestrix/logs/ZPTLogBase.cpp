@@ -154,7 +154,10 @@ bool CZPTLogBase::InsertRows(bool withIcons)
     m_pListCtrl->SetItemCount(static_cast<int>(m_arrRecord.size()));
     for (auto record = m_arrRecord.rbegin(); record != m_arrRecord.rend(); ++record, ++item.iItem)
     {
-        item.iImage = static_cast<int>((*record)->nImage);
+        if (withIcons)
+        {
+            item.iImage = static_cast<int>((*record)->nImage); // else not looked at: it is far away
+        }
         item.lParam = reinterpret_cast<LPARAM>(*record);
         if (m_pListCtrl->InsertItem(item) == -1)
         {

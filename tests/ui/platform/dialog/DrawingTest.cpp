@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
+
 namespace
 {
 
@@ -108,6 +110,59 @@ TEST(DrawingTest, AnEmptyAreaIsDrawnToTheTargetItself)
     EXPECT_EQ(picture.Get(), memory.GetSafeHdc());
 }
 
+TEST(DrawingTest, AMemoryContextIsAsNewEachTime)
+{
+    const Picture picture;
+    {
+        const CMemoryDC dc;
+        CBitmap bitmap;
+        ASSERT_TRUE(bitmap.CreateCompatibleBitmap(picture.Get(), 8, 8));
+        SelectObject(dc, bitmap);
+        SetTextColor(dc, Red);
+        SetBkMode(dc, TRANSPARENT);
+        SetWindowOrgEx(dc, 5, 5, nullptr);
+        IntersectClipRect(dc, 0, 0, 1, 1);
+        SaveDC(dc); // and never restored
+        SetBkColor(dc, Red);
+    }
+    const CMemoryDC dc;
+    BITMAP bitmap{};
+    GetObjectW(GetCurrentObject(dc, OBJ_BITMAP), sizeof bitmap, &bitmap);
+    EXPECT_EQ(bitmap.bmWidth, 1);
+    EXPECT_EQ(GetTextColor(dc), Black);
+    EXPECT_EQ(GetBkColor(dc), White);
+    EXPECT_EQ(GetBkMode(dc), OPAQUE);
+    POINT origin{};
+    GetWindowOrgEx(dc, &origin);
+    EXPECT_EQ(origin.x, 0);
+    CRgn clip;
+    clip.CreateRectRgn({});
+    EXPECT_EQ(GetClipRgn(dc, clip), 0) << "it has a clip region";
+}
+
+TEST(DrawingTest, MemoryContextsInUseAtOnceAreDifferentOnes)
+{
+    const CMemoryDC first;
+    const CMemoryDC second;
+    EXPECT_NE(first.GetSafeHdc(), nullptr);
+    EXPECT_NE(second.GetSafeHdc(), nullptr);
+    EXPECT_NE(first.GetSafeHdc(), second.GetSafeHdc());
+}
+
+TEST(DrawingTest, AFewMemoryContextsAreKeptAndMoreAreNot)
+{
+    constexpr int many = 50;
+    constexpr int kept = 4;
+    const auto useAtOnce = [](int count) { std::deque<CMemoryDC>(static_cast<std::size_t>(count)).clear(); };
+    useAtOnce(many);
+    const long spare = LiveHandles::Of(HandleKind::MemoryDC);
+    useAtOnce(kept);
+    EXPECT_EQ(LiveHandles::Of(HandleKind::MemoryDC), spare);
+    useAtOnce(many);
+    EXPECT_EQ(LiveHandles::Of(HandleKind::MemoryDC), spare);
+    EXPECT_EQ(spare, kept);
+}
+
 TEST(DrawingTest, ASolidRectangleHasOneColourAndLeavesTheBrushAlone)
 {
     const Picture picture;
@@ -168,13 +223,6 @@ TEST(DrawingTest, PaintingValidatesTheWindowAndGivesTheAreaToPaint)
     EXPECT_FALSE(GetUpdateRect(window.Get(), nullptr, FALSE));
 }
 
-TEST(DrawingTest, AWindowContextCoversTheFrame)
-{
-    PlainWindow window;
-    const CWindowDC whole(window.Get());
-    EXPECT_EQ(window.Get(), WindowFromDC(whole));
-}
-
 TEST(DrawingTest, AnObjectIsDeletedByItsSuccessorAndWithItsOwner)
 {
     const long before = LiveHandles::Of(HandleKind::Brush);
@@ -229,6 +277,23 @@ TEST(DrawingTest, ABitmapIsLoadedInThreeWays)
 
     EXPECT_FALSE(bitmap.LoadBitmap(9999));
     EXPECT_EQ(nullptr, bitmap.GetSafeHandle()); // the one before is gone
+}
+
+TEST(DrawingTest, ADibSectionHas32BitsAPixelAndItsRowsFromTheTop)
+{
+    CBitmap bitmap;
+    ASSERT_TRUE(bitmap.CreateDibSection({3, 2}));
+    EXPECT_EQ(bitmap.GetSize().cx, 3);
+    EXPECT_EQ(bitmap.GetSize().cy, 2);
+    const CMemoryDC dc;
+    SelectObject(dc, bitmap);
+    SetPixel(dc, 2, 0, Red);
+    GdiFlush();
+    DIBSECTION section{};
+    ASSERT_EQ(static_cast<int>(sizeof section), GetObjectW(bitmap, sizeof section, &section));
+    EXPECT_EQ(32, section.dsBm.bmBitsPixel);
+    EXPECT_EQ(0xFF0000u, static_cast<const DWORD*>(section.dsBm.bmBits)[2]);
+    EXPECT_FALSE(CBitmap().CreateDibSection({0, 2}));
 }
 
 TEST(DrawingTest, AColourOfTheTableIsReplacedWhenTheBitmapIsMapped)

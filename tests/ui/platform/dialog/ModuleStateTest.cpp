@@ -24,6 +24,18 @@ TEST_F(ModuleStateTest, ResourcesComeFromTheProgramUntilAModuleIsSet)
     EXPECT_EQ(GetModuleHandleW(L"kernel32.dll"), AfxGetResourceHandle());
 }
 
+TEST_F(ModuleStateTest, TheBytesOfAResourceAreThoseOfTheModule)
+{
+    const std::span<const std::byte> bytes = GetResourceBytes(IDB_TEST_STRIP, RT_BITMAP);
+    ASSERT_GE(bytes.size(), sizeof(BITMAPINFOHEADER));
+    const auto& header = *reinterpret_cast<const BITMAPINFOHEADER*>(bytes.data());
+    EXPECT_EQ(header.biWidth, 4);
+    EXPECT_EQ(header.biHeight, 2);
+    EXPECT_EQ(bytes.size(), header.biSize + 2u * 12); // two rows of four pixels of three bytes
+    EXPECT_TRUE(GetResourceBytes(9999, RT_BITMAP).empty());
+    EXPECT_TRUE(GetResourceBytes(IDB_TEST_STRIP, RT_DIALOG).empty());
+}
+
 TEST_F(ModuleStateTest, TheLastTextOfABlockAndTheFirstOfTheNextAreTheirOwn)
 {
     EXPECT_EQ(L"first text", LoadText(IDS_TEST_FIRST));

@@ -1,11 +1,15 @@
 #include "platform/dialog/Wnd.h"
 
+#include "tests/support/ImportPatch.h"
 #include "tests/ui/platform/dialog/TestWindows.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <memory>
+
+extern "C" decltype(&::InvalidateRect) __imp_InvalidateRect;
+extern "C" decltype(&::SendMessageW) __imp_SendMessageW;
 
 namespace
 {
@@ -305,6 +309,47 @@ TEST(WndTest, WithoutAWindowOperationsDoNothing)
     object.Invalidate();
     object.RedrawWindow();
     EXPECT_FALSE(object.DestroyWindow());
+}
+
+TEST(WndTest, OnlyAWindowThatIsSeenIsInvalidated)
+{
+    PlainWindow host;
+    CWnd object;
+    ASSERT_TRUE(object.Create(WC_STATICW, {}, WS_CHILD | WS_VISIBLE, {0, 0, 50, 20}, host.Get(), 3));
+    static int s_calls;
+    s_calls = 0;
+    const ImportPatch<decltype(&::InvalidateRect)> patch(__imp_InvalidateRect,
+                                                         [](HWND, const RECT*, BOOL) -> BOOL { return ++s_calls; });
+    object.Invalidate();
+    object.InvalidateRect({0, 0, 5, 5});
+    EXPECT_EQ(s_calls, 0);
+    ShowWindow(host.Get(), SW_SHOWNA);
+    object.Invalidate();
+    object.InvalidateRect({0, 0, 5, 5});
+    EXPECT_EQ(s_calls, 2);
+}
+
+TEST(WndTest, OnlyAWindowThatIsSeenIsPaintedInItsNewFontAtOnce)
+{
+    PlainWindow host;
+    CWnd object;
+    ASSERT_TRUE(object.Create(WC_STATICW, {}, WS_CHILD | WS_VISIBLE, {0, 0, 50, 20}, host.Get(), 3));
+    static LPARAM s_redraw;
+    const ImportPatch<decltype(&::SendMessageW)> patch(__imp_SendMessageW,
+                                                       [](HWND, UINT message, WPARAM, LPARAM redraw) -> LRESULT
+                                                       {
+                                                           EXPECT_EQ(message, static_cast<UINT>(WM_SETFONT));
+                                                           s_redraw = redraw;
+                                                           return 0;
+                                                       });
+    s_redraw = -1;
+    object.SetFont(nullptr);
+    EXPECT_EQ(s_redraw, FALSE);
+    ShowWindow(host.Get(), SW_SHOWNA);
+    object.SetFont(nullptr);
+    EXPECT_EQ(s_redraw, TRUE);
+    object.SetFont(nullptr, false);
+    EXPECT_EQ(s_redraw, FALSE);
 }
 
 TEST(WndTest, TextStyleFontAndPlaceAreThoseOfTheWindow)

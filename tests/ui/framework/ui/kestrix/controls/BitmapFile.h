@@ -18,6 +18,9 @@ struct BitmapFile
     BitmapFile(LONG width, LONG height, WORD bitCount);
 
     std::string Bytes() const;
+
+    // Without the header of the file, as a resource holds it.
+    std::string ResourceBytes() const { return Bytes().substr(sizeof fileHeader); }
 };
 
 inline BitmapFile::BitmapFile(LONG width, LONG height, WORD bitCount)

@@ -51,7 +51,7 @@ Pixels Among(const Pixels& pixels, const RECT& area)
 // The corner bitmaps of the test program have four sizes: 3 by 3, 5 by 3, 3 by 4 and 7 by 4.
 Pixels TestShape()
 {
-    return Toggled(MakeCornerRegion(CClientDC(nullptr), Size), Size);
+    return Toggled(MakeCornerRegion(Size), Size);
 }
 
 } // namespace
@@ -82,7 +82,7 @@ TEST(CornerRegion, TheBottomRightCornerIsPlacedAndScannedByTheWidthOfTheTopRight
 TEST(CornerRegion, EachPixelIsToggledSoThatCornersThatOverlapAreWholeAgain)
 {
     constexpr SIZE low{3, 3}; // the left corners share their rows
-    const Pixels pixels = Toggled(MakeCornerRegion(CClientDC(nullptr), low), low);
+    const Pixels pixels = Toggled(MakeCornerRegion(low), low);
     EXPECT_EQ((Pixels{{0, 0}, {0, 2}}), Among(pixels, {0, 0, 1, 3})) << "row 1 is cut by both";
 }
 
@@ -108,7 +108,7 @@ TEST(CornerRegion, TheSkinsCornersAreEqualAndSmall)
 {
     CSkinDialog dialog({120, 90});
     const LanguageFile language;
-    const Pixels pixels = Toggled(MakeCornerRegion(CClientDC(dialog), {120, 90}), {120, 90});
+    const Pixels pixels = Toggled(MakeCornerRegion({120, 90}), {120, 90});
     const Pixels corner{{0, 0}, {1, 0}, {2, 0}, {3, 0}, {4, 0}, {0, 1}, {1, 1}, {2, 1}, {0, 2}, {1, 2}, {0, 3}, {0, 4}};
     Pixels all;
     for (const auto& [x, y] : corner)

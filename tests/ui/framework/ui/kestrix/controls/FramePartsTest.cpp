@@ -70,7 +70,7 @@ TEST_F(FrameParts, StandUnderTheWindowsShape)
                              [](HDC dc)
                              {
                                  DrawSkinFrame(dc, {120, 90}, FrameTop::Stretched);
-                                 const CRgn shape = MakeCornerRegion(dc, {120, 90});
+                                 const CRgn shape = MakeCornerRegion({120, 90});
                                  CRgn outside;
                                  outside.CreateRectRgn({0, 0, 120, 90});
                                  CombineRgn(outside, outside, shape, RGN_DIFF);

@@ -191,6 +191,7 @@ TEST_F(SortHeaderCtrlTest, EveryOtherColumnGetsImageMinus1)
 TEST_F(SortHeaderCtrlTest, SettingTheArrowPaintsTheWholeHeaderAnewWithItsBackground)
 {
     static std::vector<HWND> s_windows;
+    ShowWindow(GetAncestor(m_header, GA_ROOT), SW_SHOWNA); // a hidden window is painted when it is shown
     s_windows.clear();
     const ImportPatch<decltype(&::InvalidateRect)> patch(__imp_InvalidateRect,
                                                          [](HWND window, const RECT* rect, BOOL erase) -> BOOL

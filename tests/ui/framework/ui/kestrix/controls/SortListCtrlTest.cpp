@@ -4,6 +4,40 @@
 
 #include <gtest/gtest.h>
 
+namespace
+{
+
+// Counts how often the list is painted, and how often it asks for a text.
+class AskedWindow : public ListWindow
+{
+public:
+    int m_nPaints = 0;
+    int m_nTexts = 0;
+
+protected:
+    static const MessageMap& Map()
+    {
+        static constexpr auto rows = MessageRows(On::Message<WM_NOTIFY, &AskedWindow::OnNotify>);
+        static constexpr MessageMap map{rows, &ListWindow::Map};
+        return map;
+    }
+
+    const MessageMap& GetMessageMap() const override { return Map(); }
+
+private:
+    LRESULT OnNotify(WPARAM, LPARAM notification)
+    {
+        const auto& header = *reinterpret_cast<const NMHDR*>(notification);
+        const bool isPaint = header.code == NM_CUSTOMDRAW &&
+                             reinterpret_cast<const NMCUSTOMDRAW*>(notification)->dwDrawStage == CDDS_PREPAINT;
+        m_nPaints += isPaint;
+        m_nTexts += header.code == LVN_GETDISPINFOW;
+        return 0;
+    }
+};
+
+} // namespace
+
 TEST(SortListCtrlTest, TakingAListOverTakesItsHeaderOver)
 {
     ListWindow window;
@@ -46,4 +80,22 @@ TEST(SortListCtrlTest, TheEndOfTheWindowLeavesTheObjectWithoutHeader)
     EXPECT_EQ(window.m_list.SortHeader().GetSafeHwnd(), nullptr);
     window.m_list.SortHeader().SetSortArrow(0, 1);
     window.m_list.SortHeader().SetArrowImages();
+}
+
+TEST(SortListCtrlTest, AHiddenListIsMeasuredByAPaintingThatShowsNothing)
+{
+    AskedWindow window;
+    window.m_list.InsertColumn(0, L"row", LVCFMT_LEFT, 50);
+    LVITEMW item{};
+    item.mask = LVIF_TEXT;
+    item.pszText = LPSTR_TEXTCALLBACKW;
+    for (; item.iItem < 1000; ++item.iItem)
+    {
+        window.m_list.InsertItem(item);
+    }
+    ASSERT_EQ(window.m_nPaints, 0);
+    window.m_list.MeasureRows();
+    EXPECT_EQ(window.m_nPaints, 1);
+    EXPECT_EQ(window.m_nTexts, 0);
+    EXPECT_FALSE(IsWindowVisible(window.m_list));
 }

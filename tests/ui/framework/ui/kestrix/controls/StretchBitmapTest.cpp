@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/controls/StretchBitmap.h"
 
 #include "tests/support/Picture.h"
+#include "tests/ui/framework/ui/kestrix/controls/BitmapFile.h"
 
 #include <gtest/gtest.h>
 
@@ -26,28 +27,34 @@ int RowOf(COLORREF colour)
     return (GetGValue(colour) - 1) / 5;
 }
 
-CBitmap MakeSource(SIZE size)
+// The bytes of a bitmap of 24 bits a pixel, rows from below.
+std::string MakeSource(SIZE size)
 {
-    CBitmap source;
-    const CClientDC screen(nullptr);
-    const UniqueMemoryDC dc(CreateCompatibleDC(screen));
-    source.CreateCompatibleBitmap(screen, size.cx, size.cy);
-    const CSelectObject selected(dc.get(), source);
+    BitmapFile source(size.cx, size.cy, 24);
+    const std::size_t stride = source.rows.size() / static_cast<std::size_t>(size.cy);
     for (int y = 0; y < size.cy; ++y)
     {
+        char* pixel = source.rows.data() + stride * static_cast<std::size_t>(size.cy - 1 - y);
         for (int x = 0; x < size.cx; ++x)
         {
-            SetPixel(dc.get(), x, y, ColourAt(x, y));
+            const COLORREF colour = ColourAt(x, y);
+            *pixel++ = static_cast<char>(GetBValue(colour));
+            *pixel++ = static_cast<char>(GetGValue(colour));
+            *pixel++ = static_cast<char>(GetRValue(colour));
         }
     }
-    return source;
+    return source.ResourceBytes();
+}
+
+CBitmap Stretch(const std::string& source, SIZE size, int border)
+{
+    return StretchBitmap(BitmapResource(std::as_bytes(std::span(source))), size, border);
 }
 
 // The pixels of the stretched source.
 Picture Stretched(SIZE from, SIZE to, int border)
 {
-    const CBitmap source = MakeSource(from);
-    const CBitmap result = StretchBitmap(source, to, border);
+    const CBitmap result = Stretch(MakeSource(from), to, border);
     EXPECT_EQ(result.GetSize().cx, to.cx);
     EXPECT_EQ(result.GetSize().cy, to.cy);
     return PictureOf(to,
@@ -163,21 +170,22 @@ TEST(StretchBitmapTest, ASourceWithoutAMiddleGivesUpOneRingOfItsCornersForIt)
 
 TEST(StretchBitmapTest, NoSourceOrAnEmptySizeGivesNoBitmap)
 {
-    EXPECT_EQ(StretchBitmap(nullptr, {10, 10}, Border).GetSafeHandle(), nullptr);
-    const CBitmap source = MakeSource(SourceSize);
-    EXPECT_EQ(StretchBitmap(source, {0, 10}, Border).GetSafeHandle(), nullptr);
-    EXPECT_EQ(StretchBitmap(source, {10, 0}, Border).GetSafeHandle(), nullptr);
-    EXPECT_EQ(StretchBitmap(source, {-3, 10}, Border).GetSafeHandle(), nullptr);
+    EXPECT_EQ(Stretch({}, {10, 10}, Border).GetSafeHandle(), nullptr);
+    const std::string source = MakeSource(SourceSize);
+    EXPECT_EQ(Stretch(source, {0, 10}, Border).GetSafeHandle(), nullptr);
+    EXPECT_EQ(Stretch(source, {10, 0}, Border).GetSafeHandle(), nullptr);
+    EXPECT_EQ(Stretch(source, {-3, 10}, Border).GetSafeHandle(), nullptr);
 }
 
 TEST(StretchBitmapTest, NothingIsLeftBehind)
 {
+    const std::string source = MakeSource(SourceSize);
+    Stretch(source, {80, 30}, Border); // what the framework keeps for later
     const long bitmaps = LiveHandles::Of(HandleKind::Bitmap);
     const long contexts = LiveHandles::Of(HandleKind::MemoryDC);
     {
-        const CBitmap source = MakeSource(SourceSize);
-        const CBitmap result = StretchBitmap(source, {80, 30}, Border);
-        EXPECT_EQ(LiveHandles::Of(HandleKind::Bitmap), bitmaps + 2);
+        const CBitmap result = Stretch(source, {80, 30}, Border);
+        EXPECT_EQ(LiveHandles::Of(HandleKind::Bitmap), bitmaps + 1);
     }
     EXPECT_EQ(LiveHandles::Of(HandleKind::Bitmap), bitmaps);
     EXPECT_EQ(LiveHandles::Of(HandleKind::MemoryDC), contexts);
