@@ -190,7 +190,10 @@ start_virtual_display() {
   wait_until 20 grep -q . "$number_file" ||
     fail "The virtual display did not start." "See build/display.log. Is /tmp/.X11-unix writable?"
   DISPLAY=:$(<"$number_file")
-  export DISPLAY
+  # A desktop has resources for its programs. Without any, each font that Wine selects makes the X library look for
+  # files that are not there, more than a thousand times at a start of the viewer.
+  XENVIRONMENT=$root/tools/virtual-display.resources
+  export DISPLAY XENVIRONMENT
 }
 
 # The display of the user where there is one, else a virtual one.

@@ -3,16 +3,20 @@
 // Painted means that the place on the screen looks as it will look at rest: the pixels are the one thing that tells it
 // from outside, without a message that the program would have to answer meanwhile, and the same way for both programs.
 
+#include "platform/dialog/DialogFramework.h"
 #include "resource/resource.h"
 #include "suite/samples/Month.h"
 #include "tests/bench/Bench.h"
 #include "tests/bench/Timing.h"
 #include "tests/e2e/Viewer.h"
-#include "tests/support/Picture.h"
 #include "tests/support/TemporaryFolder.h"
 
+#include <algorithm>
 #include <chrono>
+#include <functional>
+#include <iterator>
 #include <optional>
+#include <vector>
 
 namespace
 {
@@ -24,30 +28,44 @@ constexpr ULONGLONG Patience = 30'000; // milliseconds until a program has to be
 constexpr ULONGLONG Rest = 500;        // milliseconds without a change after which a place is at rest
 constexpr DWORD LookInterval = 1;      // milliseconds between two looks, to leave the processor to the program
 
-constexpr SIZE Strip{200, 16}; // what is looked at, in the middle of a window
+constexpr SIZE StripSize{200, 16}; // what is looked at, in the middle of a window
 
 bool LookUntil(const std::function<bool()>& condition)
 {
     return WaitUntil(condition, Patience, LookInterval);
 }
 
-POINT StripIn(HWND window)
+// A strip of the screen. Everything that looking needs stands ready, so that it takes no time of the system's server,
+// which the programs that are timed need.
+class Strip
 {
-    RECT place{};
-    GetWindowRect(window, &place);
-    return {(place.left + place.right - Strip.cx) / 2, (place.top + place.bottom - Strip.cy) / 2};
-}
+public:
+    using Pixels = std::vector<DWORD>;
 
-Picture ScreenAt(POINT place)
-{
-    const HDC screen = GetDC(nullptr);
-    Picture picture =
-        PictureOf(Strip, [&](HDC dc) { BitBlt(dc, 0, 0, Strip.cx, Strip.cy, screen, place.x, place.y, SRCCOPY); });
-    ReleaseDC(nullptr, screen);
-    return picture;
-}
+    explicit Strip(POINT place) : m_place(place)
+    {
+        Require(m_bitmap.CreateDibSection(StripSize), "there is no room for a picture of the screen");
+        SelectObject(m_memory, m_bitmap);
+    }
 
-// A program that is started, painted and closed again and again.
+    Pixels Look() const
+    {
+        BitBlt(m_memory, 0, 0, StripSize.cx, StripSize.cy, m_screen, m_place.x, m_place.y, SRCCOPY);
+        GdiFlush();
+        BITMAP bitmap{};
+        GetObjectW(m_bitmap, sizeof bitmap, &bitmap);
+        const auto* const bits = static_cast<const DWORD*>(bitmap.bmBits);
+        return {bits, bits + StripSize.cx * StripSize.cy};
+    }
+
+private:
+    const POINT m_place; // on the screen
+    const CClientDC m_screen{nullptr};
+    CBitmap m_bitmap;
+    const CMemoryDC m_memory; // gives the bitmap back first
+};
+
+// A program that is started, painted and closed again and again. Its windows stand where they stood before.
 class Start
 {
 public:
@@ -59,11 +77,16 @@ public:
         : m_strProgram((ProductFolder() / program).wstring()), m_strArguments(arguments), m_pfnFinder(finder)
     {
         m_process.emplace(m_strProgram, m_strArguments);
-        Require(LookUntil([&] { return FindPlace(); }), "a program that was started shows no window");
+        Require(LookUntil([&] { return FindWindowToLookAt() != nullptr; }),
+                "a program that was started shows no window");
+        RECT window{};
+        GetWindowRect(FindWindowToLookAt(), &window);
+        m_strip.emplace(
+            POINT{(window.left + window.right - StripSize.cx) / 2, (window.top + window.bottom - StripSize.cy) / 2});
         ULONGLONG changed = GetTickCount64();
         const auto isAtRest = [&]
         {
-            if (Picture now = ScreenAt(m_place); now != m_atRest)
+            if (Strip::Pixels now = m_strip->Look(); now != m_atRest)
             {
                 m_atRest = std::move(now);
                 changed = GetTickCount64();
@@ -74,46 +97,42 @@ public:
         Close();
     }
 
-    bool IsOfOneColour() const { return m_atRest == Picture(Strip.cx, Strip.cy, m_atRest.At(0, 0)); }
+    bool IsOfOneColour() const { return std::ranges::count(m_atRest, m_atRest.front()) == std::ssize(m_atRest); }
 
     // The work that is timed.
     void Run()
     {
         m_process.emplace(m_strProgram, m_strArguments);
-        Require(LookUntil([&] { return FindPlace() && ScreenAt(m_place) == m_atRest; }),
-                "a program that was started is not painted");
+        Require(LookUntil([&] { return m_strip->Look() == m_atRest; }), "a program that was started is not painted");
     }
 
     // As Alt+F4 does. What is left on the screen must not be taken for the paint of the next start.
     void Close()
     {
-        PostMessageW(m_top, WM_CLOSE, 0, 0);
+        PostMessageW(GetAncestor(FindWindowToLookAt(), GA_ROOT), WM_CLOSE, 0, 0);
         Require(m_process->ExitCode() == 0, "a program that was started does not end");
-        Require(LookUntil([&] { return ScreenAt(m_place) != m_atRest; }), "a program leaves its picture on the screen");
+        Require(LookUntil([&] { return m_strip->Look() != m_atRest; }), "a program leaves its picture on the screen");
     }
 
 private:
-    bool FindPlace()
+    HWND FindWindowToLookAt() const
     {
         for (const HWND top : m_process->Windows())
         {
             if (const HWND window = m_pfnFinder(top))
             {
-                m_top = top;
-                m_place = StripIn(window);
-                return true;
+                return window;
             }
         }
-        return false;
+        return nullptr;
     }
 
     const std::wstring m_strProgram;
     const std::wstring m_strArguments;
     const Finder m_pfnFinder;
     std::optional<Process> m_process;
-    HWND m_top = nullptr;
-    POINT m_place{}; // of the strip, on the screen
-    Picture m_atRest{Strip.cx, Strip.cy, 0};
+    std::optional<Strip> m_strip;
+    Strip::Pixels m_atRest;
 };
 
 std::wstring MakeDay(const TemporaryFolder& folder)
