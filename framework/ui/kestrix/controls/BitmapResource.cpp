@@ -2,37 +2,6 @@
 
 #include "framework/ui/kestrix/controls/BitmapRows.h"
 
-#include <cstdint>
-
-namespace
-{
-
-constexpr WORD DeepestPixel = 32; // bits
-
-// Whether the rows can be counted and drawn as they are.
-bool IsPlain(const BITMAPINFOHEADER& header)
-{
-    const bool isPacked = header.biCompression != BI_RGB && header.biCompression != BI_BITFIELDS;
-    const bool hasDepth = header.biBitCount > 0 && header.biBitCount <= DeepestPixel;
-    return header.biSize >= sizeof header && header.biWidth > 0 && header.biHeight > 0 && hasDepth && !isPacked;
-}
-
-std::uint64_t ColourBytes(const BITMAPINFOHEADER& header)
-{
-    const std::uint64_t colours =
-        header.biClrUsed != 0 ? header.biClrUsed : BitmapRows::TableEntries(header.biBitCount);
-    const bool hasMasks = header.biSize == sizeof header && header.biCompression == BI_BITFIELDS;
-    return colours * sizeof(RGBQUAD) + (hasMasks ? BitmapRows::MaskBytes : 0);
-}
-
-std::uint64_t RowBytes(const BITMAPINFOHEADER& header)
-{
-    return BitmapRows::PaddedBytes(static_cast<std::uint64_t>(header.biWidth), header.biBitCount) *
-           static_cast<std::uint64_t>(header.biHeight);
-}
-
-} // namespace
-
 BitmapResource::BitmapResource(std::span<const std::byte> bytes) noexcept
 {
     if (bytes.size() < sizeof(BITMAPINFOHEADER))
@@ -41,12 +10,13 @@ BitmapResource::BitmapResource(std::span<const std::byte> bytes) noexcept
     }
     const auto* const info = reinterpret_cast<const BITMAPINFO*>(bytes.data());
     const BITMAPINFOHEADER& header = info->bmiHeader;
-    if (!IsPlain(header))
+    const DWORD rowBytes = BitmapRows::AllBytes(header);
+    if (header.biSize < sizeof header || header.biHeight < 0 || rowBytes == 0 || !BitmapRows::HasPlainRows(header))
     {
         return;
     }
-    const std::uint64_t rows = header.biSize + ColourBytes(header);
-    if (rows < bytes.size() && RowBytes(header) <= bytes.size() - rows)
+    const std::uint64_t rows = header.biSize + BitmapRows::ColourBytes(header);
+    if (rows < bytes.size() && rowBytes <= bytes.size() - rows)
     {
         m_pInfo = info;
         m_pRows = bytes.data() + rows;

@@ -2,9 +2,12 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <iterator>
+#include <limits>
 
-// The sizes of a bitmap's rows and colour table, from the fields of its header.
+// The form of a bitmap and the sizes of its rows and colour table, from the fields of its header.
 namespace BitmapRows
 {
 
@@ -29,6 +32,42 @@ constexpr std::uint64_t PaddedBytes(std::uint64_t width, unsigned bitCount)
 constexpr DWORD TableEntries(unsigned bitCount)
 {
     return bitCount <= DeepestWithTable ? 1u << bitCount : 0;
+}
+
+// Whether the bits of the colours are named by masks.
+constexpr bool HasMasks(const BITMAPINFOHEADER& header)
+{
+    return header.biCompression == BI_BITFIELDS && (header.biBitCount == 16 || header.biBitCount == 32);
+}
+
+// Whether the depth is one that bitmaps have, and the rows are not packed.
+constexpr bool HasPlainRows(const BITMAPINFOHEADER& header)
+{
+    constexpr WORD depths[] = {1, 4, 8, 16, 24, 32};
+    const bool knowsDepth = std::ranges::find(depths, header.biBitCount) != std::end(depths);
+    return knowsDepth && header.biPlanes == 1 && (header.biCompression == BI_RGB || HasMasks(header));
+}
+
+// The bytes of colours and masks between header and rows. A header that is longer than the first form holds its masks.
+constexpr std::uint64_t ColourBytes(const BITMAPINFOHEADER& header)
+{
+    const std::uint64_t colours = header.biClrUsed != 0 ? header.biClrUsed : TableEntries(header.biBitCount);
+    const bool hasMasksBehind = header.biSize == sizeof header && HasMasks(header);
+    return colours * sizeof(RGBQUAD) + (hasMasksBehind ? MaskBytes : 0);
+}
+
+// The bytes of all rows; 0 for a size that is none or too large for the system's calls.
+constexpr DWORD AllBytes(const BITMAPINFOHEADER& header)
+{
+    constexpr std::uint64_t most = std::numeric_limits<LONG>::max();
+    const std::int64_t upward = header.biHeight;
+    const auto height = static_cast<std::uint64_t>(upward < 0 ? -upward : upward);
+    if (header.biWidth <= 0 || height == 0 || height > most)
+    {
+        return 0;
+    }
+    const std::uint64_t row = PaddedBytes(static_cast<std::uint64_t>(header.biWidth), header.biBitCount);
+    return row > most / height ? 0 : static_cast<DWORD>(row * height);
 }
 
 } // namespace BitmapRows

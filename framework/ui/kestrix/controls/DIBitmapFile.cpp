@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cstring>
 #include <iterator>
-#include <limits>
 #include <new>
 
 namespace
@@ -13,8 +12,6 @@ namespace
 constexpr WORD FileMagic = 19778; // "BM"
 constexpr wchar_t CutShort[] = L"Error:File cut short\n";
 constexpr wchar_t BadHeader[] = L"Error:Header contradicts itself\n";
-
-constexpr WORD Depths[] = {1, 4, 8, 16, 24, 32};
 
 std::uint64_t Position(HANDLE file)
 {
@@ -66,24 +63,9 @@ DWORD TableBytes(const BITMAPINFOHEADER& header)
                : BitmapRows::TableEntries(header.biBitCount) * static_cast<DWORD>(sizeof(RGBQUAD));
 }
 
-// The bytes of all rows; 0 for a size that is none or too large for the system's calls.
-DWORD RowBytes(const BITMAPINFOHEADER& header)
-{
-    const std::int64_t height = std::abs(std::int64_t{header.biHeight});
-    if (header.biWidth <= 0 || height == 0 || height > std::numeric_limits<LONG>::max())
-    {
-        return 0;
-    }
-    const std::uint64_t row = BitmapRows::PaddedBytes(static_cast<std::uint64_t>(header.biWidth), header.biBitCount);
-    const std::uint64_t limit = std::numeric_limits<LONG>::max();
-    return row > limit / static_cast<std::uint64_t>(height) ? 0 : static_cast<DWORD>(row * height);
-}
-
 void CheckHeaders(const BITMAPFILEHEADER& fileHeader, const BITMAPINFOHEADER& header)
 {
-    const bool hasMasks = header.biCompression == BI_BITFIELDS && (header.biBitCount == 16 || header.biBitCount == 32);
-    const bool knowsDepth = std::ranges::find(Depths, header.biBitCount) != std::end(Depths);
-    if (!knowsDepth || header.biPlanes != 1 || (header.biCompression != BI_RGB && !hasMasks))
+    if (!BitmapRows::HasPlainRows(header))
     {
         throw BadHeader;
     }
@@ -93,10 +75,7 @@ void CheckHeaders(const BITMAPFILEHEADER& fileHeader, const BITMAPINFOHEADER& he
     {
         throw BadHeader;
     }
-    const DWORD colours = header.biClrUsed != 0 ? header.biClrUsed : BitmapRows::TableEntries(header.biBitCount);
-    const DWORD head =
-        sizeof fileHeader + sizeof header + colours * sizeof(RGBQUAD) + (hasMasks ? BitmapRows::MaskBytes : 0);
-    if (fileHeader.bfOffBits < head)
+    if (fileHeader.bfOffBits < sizeof fileHeader + sizeof header + BitmapRows::ColourBytes(header))
     {
         throw BadHeader;
     }
@@ -153,7 +132,7 @@ void CDIBitmap::ReadFile(HANDLE file)
     ReadUpTo(file, m_pInfo->bmiColors, sizeof m_pInfo->bmiColors);
 
     const std::uint64_t rows = start + fileHeader.bfOffBits;
-    const DWORD bytes = RowBytes(header);
+    const DWORD bytes = BitmapRows::AllBytes(header);
     if (bytes == 0)
     {
         throw BadHeader;
@@ -237,7 +216,7 @@ bool CDIBitmap::Save(HANDLE file)
     Pad();
     const BITMAPINFOHEADER& header = m_pInfo->bmiHeader;
     const DWORD table = TableBytes(header);
-    const DWORD rows = RowBytes(header);
+    const DWORD rows = BitmapRows::AllBytes(header);
     BITMAPFILEHEADER fileHeader{};
     fileHeader.bfType = FileMagic;
     fileHeader.bfOffBits = sizeof fileHeader + sizeof header + table;

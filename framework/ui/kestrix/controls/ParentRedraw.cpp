@@ -3,10 +3,6 @@
 void InvalidateParentUnder(const CWindow& control)
 {
     CWindow parent(control.GetParent());
-    if (!parent.IsWindowVisible())
-    {
-        return;
-    }
     RECT area = control.GetWindowRect();
     parent.ScreenToClient(area);
     parent.InvalidateRect(area);

@@ -6,8 +6,8 @@ void CSortListCtrl::PreSubclassWindow()
     m_Header.SubclassWindow(GetHeaderCtrl());
 }
 
-// A list measures its rows when it is painted for the first time, here onto nothing. On the screen it would paint each
-// of its scroll bars once more for that.
+// A list measures its rows when it is painted for the first time, here onto nothing. On the screen it would paint its
+// scroll bar twice more for that.
 void CSortListCtrl::MeasureRows()
 {
     const CMemoryDC nothing;

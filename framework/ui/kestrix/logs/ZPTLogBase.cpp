@@ -154,9 +154,9 @@ bool CZPTLogBase::InsertRows(bool withIcons)
     m_pListCtrl->SetItemCount(static_cast<int>(m_arrRecord.size()));
     for (auto record = m_arrRecord.rbegin(); record != m_arrRecord.rend(); ++record, ++item.iItem)
     {
-        if (withIcons)
+        if (withIcons) // without, the record need not be fetched into the processor's cache
         {
-            item.iImage = static_cast<int>((*record)->nImage); // else not looked at: it is far away
+            item.iImage = static_cast<int>((*record)->nImage);
         }
         item.lParam = reinterpret_cast<LPARAM>(*record);
         if (m_pListCtrl->InsertItem(item) == -1)
