@@ -149,8 +149,9 @@ TEST(BitmapResourceTest, AShortColourTableIsTakenAsLongAsItSays)
     EXPECT_EQ(Drawn(ResourceOf(bytes), Whole, Whole), Picture(Size.cx, Size.cy, RGB(2, 2, 2)));
 }
 
-TEST(BitmapResourceTest, ABitmapMayNameTheBitsOfItsColours)
+TEST(BitmapResourceTest, ABitmapMayNameTheBitsOfItsColoursBehindOrInItsHeader)
 {
+    constexpr COLORREF green = RGB(0, 255, 0);
     BitmapFile file(Size.cx, Size.cy, 16);
     file.header.biCompression = BI_BITFIELDS;
     file.table = {{0, 0xF8, 0, 0}, {0xE0, 0x07, 0, 0}, {0x1F, 0, 0, 0}}; // as words: 0xF800, 0x07E0, 0x001F
@@ -159,8 +160,13 @@ TEST(BitmapResourceTest, ABitmapMayNameTheBitsOfItsColours)
         file.rows[i] = '\xE0';
         file.rows[i + 1] = '\x07';
     }
-    const std::string bytes = file.ResourceBytes();
-    EXPECT_EQ(Drawn(ResourceOf(bytes), Whole, Whole), Picture(Size.cx, Size.cy, RGB(0, 255, 0)));
+    const std::string behind = file.ResourceBytes();
+    EXPECT_EQ(Drawn(ResourceOf(behind), Whole, Whole), Picture(Size.cx, Size.cy, green));
+
+    file.header.biSize = sizeof(BITMAPV4HEADER); // goes on with the masks
+    file.table.resize((sizeof(BITMAPV4HEADER) - sizeof(BITMAPINFOHEADER)) / sizeof(RGBQUAD));
+    const std::string inside = file.ResourceBytes();
+    EXPECT_EQ(Drawn(ResourceOf(inside), Whole, Whole), Picture(Size.cx, Size.cy, green));
 }
 
 TEST(BitmapResourceTest, RowsFromTheTopAndPackedRowsAreNotRead)
