@@ -4,6 +4,7 @@
 #include "framework/ui/kestrix/controls/RichColorImageList.h"
 #include "framework/ui/kestrix/controls/SortListCtrl.h"
 #include "platform/dialog/DialogFramework.h"
+#include "platform/dialog/ListRowRoom.h"
 #include "platform/dialog/ResourceNumber.h"
 #include "resource/resource.h"
 
@@ -152,6 +153,7 @@ bool CZPTLogBase::InsertRows(bool withIcons)
     item.mask = LVIF_TEXT | LVIF_PARAM | (withIcons ? LVIF_IMAGE : 0);
     item.pszText = LPSTR_TEXTCALLBACKW;
     m_pListCtrl->SetItemCount(static_cast<int>(m_arrRecord.size()));
+    const ListRowRoom room(m_arrRecord.size());
     for (auto record = m_arrRecord.rbegin(); record != m_arrRecord.rend(); ++record, ++item.iItem)
     {
         if (withIcons) // without, the record need not be fetched into the processor's cache
