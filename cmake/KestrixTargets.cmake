@@ -18,7 +18,10 @@ target_compile_options(kestrix_options INTERFACE
   -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=
   # The system hands out identifiers of interfaces at odd addresses.
   $<$<CONFIG:Debug>:-fsanitize=undefined;-fno-sanitize=alignment;-fsanitize-undefined-trap-on-error>)
-target_link_options(kestrix_options INTERFACE -static)
+target_link_options(kestrix_options INTERFACE
+  -static
+  # Sections that begin with a page of the file can be mapped; with the usual 512 bytes Wine reads them all at the start.
+  -Wl,--file-alignment,4096)
 
 # kestrix_library(NAME SOURCES... LINKS...): a static library of the product.
 function(kestrix_library name)

@@ -7,8 +7,6 @@
 namespace
 {
 
-constexpr int Rounds = 5;
-
 double Milliseconds()
 {
     LARGE_INTEGER frequency{};
@@ -20,10 +18,10 @@ double Milliseconds()
 
 } // namespace
 
-std::vector<double> MedianTimes(const std::vector<TimedWork>& works)
+std::vector<double> MedianTimes(const std::vector<TimedWork>& works, int rounds)
 {
     std::vector<std::vector<double>> times(works.size());
-    for (int round = 0; round < Rounds; ++round)
+    for (int round = 0; round < rounds; ++round)
     {
         for (std::size_t i = 0; i < works.size(); ++i)
         {
@@ -36,8 +34,8 @@ std::vector<double> MedianTimes(const std::vector<TimedWork>& works)
     std::vector<double> medians;
     for (std::vector<double>& all : times)
     {
-        std::ranges::nth_element(all, all.begin() + Rounds / 2);
-        medians.push_back(all[Rounds / 2]);
+        std::ranges::nth_element(all, all.begin() + rounds / 2);
+        medians.push_back(all[rounds / 2]);
     }
     return medians;
 }

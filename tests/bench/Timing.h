@@ -10,5 +10,5 @@ struct TimedWork
     std::function<void()> after = [] {};
 };
 
-// Runs all works in turn, five rounds, and gives the median time of each in milliseconds.
-std::vector<double> MedianTimes(const std::vector<TimedWork>& works);
+// Runs all works in turn, an odd number of rounds, and gives the median time of each in milliseconds.
+std::vector<double> MedianTimes(const std::vector<TimedWork>& works, int rounds = 5);

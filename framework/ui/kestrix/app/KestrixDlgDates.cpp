@@ -224,7 +224,10 @@ void CKestrixDlg::ShowFreshList()
     m_nListSortColumn = 0;
     m_nListSortUp = 0;
     m_RecordList.SortHeader().SetSortArrow(m_nListSortColumn, m_nListSortUp);
-    m_RecordList.SortItems(m_pLogData->m_pfnCompareDn, 0);
+    if (!m_pLogData->IsNewestFirst())
+    {
+        m_RecordList.SortItems(m_pLogData->m_pfnCompareDn, 0);
+    }
     m_RecordList.SetRedraw(TRUE);
     if (!IsWindowVisible())
     {

@@ -47,8 +47,9 @@ bool COwnerDrawBtnFramework::SetIcons(UINT icon, UINT greyIcon)
 
 bool COwnerDrawBtnFramework::SetOwnCursor(UINT cursor)
 {
-    m_hCursor = LoadCursorImage(cursor);
-    m_bOwnCursor = static_cast<bool>(m_hCursor);
+    m_hCursor.reset();
+    m_nCursor = cursor;
+    m_bOwnCursor = !GetResourceBytes(cursor, RT_GROUP_CURSOR).empty();
     return m_bOwnCursor;
 }
 
@@ -128,6 +129,11 @@ void COwnerDrawBtnFramework::SetHover(bool hover)
 
 BOOL COwnerDrawBtnFramework::OnSetCursor(HWND, UINT, UINT)
 {
+    if (m_bOwnCursor && m_State.hover && !m_hCursor)
+    {
+        m_hCursor = LoadCursorImage(m_nCursor); // not before: most buttons of a dialog never see the pointer
+        m_bOwnCursor = static_cast<bool>(m_hCursor);
+    }
     if (m_bOwnCursor && m_State.hover)
     {
         SetCursor(m_hCursor.get());

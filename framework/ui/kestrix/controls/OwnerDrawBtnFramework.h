@@ -81,7 +81,8 @@ protected:
     COLORREF m_crText = GetSysColor(COLOR_BTNTEXT);
     const CFont* m_pFont = nullptr; // not owned
     BOOL m_bOwnCursor = FALSE;
-    UniqueCursor m_hCursor;
+    UINT m_nCursor = 0;     // of the resource module
+    UniqueCursor m_hCursor; // made when it is first shown
     BOOL m_bOwnIcons = FALSE;
     UniqueIcon m_hIcon;
     UniqueIcon m_hGreyIcon; // none: m_hIcon at rest too

@@ -169,6 +169,13 @@ bool CZPTLogBase::InsertRows(bool withIcons)
     return true;
 }
 
+bool CZPTLogBase::IsNewestFirst() const
+{
+    const auto isOutOfOrder = [this](const LogRec* row, const LogRec* below)
+    { return m_pfnCompareDn(reinterpret_cast<LPARAM>(row), reinterpret_cast<LPARAM>(below), 0) > 0; };
+    return std::adjacent_find(m_arrRecord.rbegin(), m_arrRecord.rend(), isOutOfOrder) == m_arrRecord.rend();
+}
+
 std::uint32_t CZPTLogBase::GetReadLimit() const
 {
     return 0;

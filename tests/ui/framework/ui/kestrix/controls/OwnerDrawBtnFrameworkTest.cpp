@@ -294,10 +294,8 @@ TEST_F(OwnerDrawBtnFrameworkTest, TheOwnCursorIsShownUnderHoverAlone)
         return m_button.SendMessage(WM_SETCURSOR, reinterpret_cast<WPARAM>(m_button.GetSafeHwnd()),
                                     MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
     };
-    {
-        const LanguageFile language;
-        ASSERT_TRUE(m_button.SetOwnCursor(IDC_HAND_CURSOR));
-    }
+    const LanguageFile language;
+    ASSERT_TRUE(m_button.SetOwnCursor(IDC_HAND_CURSOR));
     ask();
     EXPECT_EQ(s_shown, nullptr) << "no hover";
     MoveMouseOver(m_button);
@@ -306,21 +304,40 @@ TEST_F(OwnerDrawBtnFrameworkTest, TheOwnCursorIsShownUnderHoverAlone)
     EXPECT_EQ(s_shown, m_button.m_hCursor.get());
 }
 
-TEST_F(OwnerDrawBtnFrameworkTest, WithoutTheCursorInTheLanguageFileTheSystemsStays)
+class CursorFailureTest : public OwnerDrawBtnFrameworkTest
 {
-    static int s_calls;
-    s_calls = 0;
-    const ImportPatch<decltype(&::SetCursor)> patch(__imp_SetCursor,
-                                                    [](HCURSOR) -> HCURSOR
-                                                    {
-                                                        ++s_calls;
-                                                        return nullptr;
-                                                    });
+protected:
+    // How often the button sets a cursor when the pointer moves over it twice.
+    int CursorsSet()
+    {
+        static int s_calls;
+        s_calls = 0;
+        const ImportPatch<decltype(&::SetCursor)> patch(__imp_SetCursor,
+                                                        [](HCURSOR) -> HCURSOR
+                                                        {
+                                                            ++s_calls;
+                                                            return nullptr;
+                                                        });
+        MoveMouseOver(m_button);
+        for (int i = 0; i < 2; ++i)
+        {
+            m_button.SendMessage(WM_SETCURSOR, reinterpret_cast<WPARAM>(m_button.GetSafeHwnd()),
+                                 MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+        }
+        return s_calls;
+    }
+};
+
+TEST_F(CursorFailureTest, WithoutTheCursorInTheLanguageFileTheSystemsStays)
+{
     EXPECT_FALSE(m_button.SetOwnCursor(9999));
-    MoveMouseOver(m_button);
-    m_button.SendMessage(WM_SETCURSOR, reinterpret_cast<WPARAM>(m_button.GetSafeHwnd()),
-                         MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
-    EXPECT_EQ(s_calls, 0);
+    EXPECT_EQ(CursorsSet(), 0);
+}
+
+TEST_F(CursorFailureTest, ACursorWithoutItsImageLeavesTheSystems)
+{
+    m_button.SetOwnCursor(IDC_BROKEN);
+    EXPECT_EQ(CursorsSet(), 0);
 }
 
 TEST_F(OwnerDrawBtnFrameworkTest, IconsHaveTheSizeOfSmallIcons)
