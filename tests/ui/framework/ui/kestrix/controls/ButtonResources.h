@@ -9,4 +9,3 @@
 #define IDI_BLUE 311
 #define IDI_ORANGE 312
 #define IDI_PINK 313
-#define IDC_BROKEN 321

@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/controls/OwnerDrawBtnFramework.h"
 
 #include "resource/resource.h"
+#include "tests/support/ChangedLanguageFile.h"
 #include "tests/support/ImportPatch.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/ui/framework/ui/kestrix/controls/ButtonStage.h"
@@ -283,61 +284,75 @@ TEST_F(OwnerDrawBtnFrameworkTest, AClickMayEndTheButtonItself)
     EXPECT_FALSE(s_refreshedAfterwards);
 }
 
-TEST_F(OwnerDrawBtnFrameworkTest, TheOwnCursorIsShownUnderHoverAlone)
-{
-    static HCURSOR s_shown;
-    s_shown = nullptr;
-    const ImportPatch<decltype(&::SetCursor)> patch(__imp_SetCursor,
-                                                    [](HCURSOR cursor) { return std::exchange(s_shown, cursor); });
-    const auto ask = [&]
-    {
-        return m_button.SendMessage(WM_SETCURSOR, reinterpret_cast<WPARAM>(m_button.GetSafeHwnd()),
-                                    MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
-    };
-    const LanguageFile language;
-    ASSERT_TRUE(m_button.SetOwnCursor(IDC_HAND_CURSOR));
-    ask();
-    EXPECT_EQ(s_shown, nullptr) << "no hover";
-    MoveMouseOver(m_button);
-    EXPECT_EQ(ask(), 1);
-    EXPECT_NE(s_shown, nullptr);
-    EXPECT_EQ(s_shown, m_button.m_hCursor.get());
-}
-
-class CursorFailureTest : public OwnerDrawBtnFrameworkTest
+// The pointer moves over the button, which sets its own cursor or leaves the system's.
+class OwnCursorTest : public OwnerDrawBtnFrameworkTest
 {
 protected:
-    // How often the button sets a cursor when the pointer moves over it twice.
-    int CursorsSet()
+    // The cursors that the button sets when the system asks for one.
+    std::vector<HCURSOR> CursorsSet()
     {
-        static int s_calls;
-        s_calls = 0;
+        static std::vector<HCURSOR> s_set;
+        s_set.clear();
         const ImportPatch<decltype(&::SetCursor)> patch(__imp_SetCursor,
-                                                        [](HCURSOR) -> HCURSOR
+                                                        [](HCURSOR cursor) -> HCURSOR
                                                         {
-                                                            ++s_calls;
+                                                            s_set.push_back(cursor);
                                                             return nullptr;
                                                         });
-        MoveMouseOver(m_button);
-        for (int i = 0; i < 2; ++i)
-        {
-            m_button.SendMessage(WM_SETCURSOR, reinterpret_cast<WPARAM>(m_button.GetSafeHwnd()),
-                                 MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
-        }
-        return s_calls;
+        m_button.SendMessage(WM_SETCURSOR, reinterpret_cast<WPARAM>(m_button.GetSafeHwnd()),
+                             MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+        return s_set;
     }
 };
 
-TEST_F(CursorFailureTest, WithoutTheCursorInTheLanguageFileTheSystemsStays)
+// A language file that names its cursors and has no image of them.
+class ImagelessFile : public ChangedLanguageFile
 {
-    EXPECT_FALSE(m_button.SetOwnCursor(9999));
-    EXPECT_EQ(CursorsSet(), 0);
+public:
+    ImagelessFile() { RemoveAll(RT_CURSOR); }
+};
+
+TEST_F(OwnCursorTest, IsShownUnderHoverAlone)
+{
+    const LanguageFile language;
+    ASSERT_TRUE(m_button.SetOwnCursor(IDC_HAND_CURSOR));
+    EXPECT_TRUE(CursorsSet().empty()) << "no hover";
+    MoveMouseOver(m_button);
+    const std::vector<HCURSOR> shown = CursorsSet();
+    ASSERT_EQ(shown.size(), 1u);
+    EXPECT_NE(shown.front(), nullptr);
+    EXPECT_EQ(shown, CursorsSet()) << "loaded once";
+    m_button.SendMessage(WM_MOUSELEAVE);
+    EXPECT_TRUE(CursorsSet().empty());
 }
 
-TEST_F(CursorFailureTest, ACursorWithoutItsImageLeavesTheSystems)
+TEST_F(OwnCursorTest, ThatIsNotInTheLanguageFileLeavesTheSystems)
 {
-    m_button.SetOwnCursor(IDC_BROKEN);
-    EXPECT_EQ(CursorsSet(), 0);
+    EXPECT_FALSE(m_button.SetOwnCursor(9999));
+    MoveMouseOver(m_button);
+    EXPECT_TRUE(CursorsSet().empty());
+}
+
+TEST_F(OwnCursorTest, ThatHasNoImageLeavesTheSystems)
+{
+    const ImagelessFile imageless;
+    const LanguageFile language(imageless.Path());
+    ASSERT_TRUE(m_button.SetOwnCursor(IDC_HAND_CURSOR));
+    MoveMouseOver(m_button);
+    EXPECT_TRUE(CursorsSet().empty());
+    EXPECT_TRUE(CursorsSet().empty()) << "nor the second time";
+}
+
+TEST_F(OwnCursorTest, TakesThePlaceOfTheOneBefore)
+{
+    MoveMouseOver(m_button);
+    const LanguageFile language;
+    m_button.SetOwnCursor(IDC_HAND_CURSOR);
+    EXPECT_EQ(CursorsSet().size(), 1u);
+    const ImagelessFile imageless;
+    const LanguageFile other(imageless.Path());
+    m_button.SetOwnCursor(IDC_HAND_CURSOR);
+    EXPECT_TRUE(CursorsSet().empty());
 }
 
 TEST_F(OwnerDrawBtnFrameworkTest, IconsHaveTheSizeOfSmallIcons)
