@@ -9,7 +9,7 @@
 namespace
 {
 
-constexpr DWORD EventInterval = 20; // milliseconds to wait for an event of the program before looking at its windows
+constexpr DWORD OutputInterval = 20; // milliseconds to wait for a text of the program before looking at its windows
 
 std::wstring TitleOf(HWND window)
 {
@@ -19,24 +19,57 @@ std::wstring TitleOf(HWND window)
     return length != 0 ? title.data() : std::wstring();
 }
 
-// A text in the memory of another process.
-std::string RemoteText(HANDLE process, const OUTPUT_DEBUG_STRING_INFO& info)
+// What stands in the memory that a program which writes debugger output shares with the one that listens.
+struct SharedOutput
 {
-    std::string bytes(info.nDebugStringLength, '\0');
-    SIZE_T read = 0;
-    ReadProcessMemory(process, info.lpDebugStringData, bytes.data(), bytes.size(), &read);
-    bytes.resize(read);
-    if (info.fUnicode)
+    DWORD process;
+    std::array<char, 4096 - sizeof(DWORD)> text; // with its terminator
+};
+
+// Listens to the debugger output of all programs. There may be one listener at a time.
+class DebugMonitor
+{
+public:
+    DebugMonitor()
+        : m_mapping(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(SharedOutput),
+                                       L"DBWIN_BUFFER")),
+          m_roomReady(CreateEventW(nullptr, FALSE, TRUE, L"DBWIN_BUFFER_READY")),
+          m_textReady(CreateEventW(nullptr, FALSE, FALSE, L"DBWIN_DATA_READY")),
+          m_pOutput(static_cast<SharedOutput*>(MapViewOfFile(m_mapping.get(), FILE_MAP_READ, 0, 0, 0)))
     {
-        std::string narrow;
-        for (std::size_t i = 0; i + 1 < bytes.size(); i += sizeof(wchar_t))
+        if (m_pOutput == nullptr || !m_roomReady || !m_textReady)
         {
-            narrow += bytes[i];
+            throw std::runtime_error("the debugger output cannot be listened to");
         }
-        bytes = narrow;
     }
-    return bytes.substr(0, bytes.find('\0'));
-}
+
+    ~DebugMonitor() { UnmapViewOfFile(m_pOutput); }
+
+    DebugMonitor(const DebugMonitor&) = delete;
+    DebugMonitor& operator=(const DebugMonitor&) = delete;
+
+    // Waits for the next text of any program and takes it over when it is that process's. False when none came within
+    // the limit in milliseconds.
+    bool TakeNext(DWORD process, DWORD limit, std::vector<std::string>& texts) const
+    {
+        if (WaitForSingleObject(m_textReady.get(), limit) != WAIT_OBJECT_0)
+        {
+            return false;
+        }
+        if (m_pOutput->process == process)
+        {
+            texts.emplace_back(m_pOutput->text.data());
+        }
+        SetEvent(m_roomReady.get());
+        return true;
+    }
+
+private:
+    const UniqueKernelHandle m_mapping;
+    const UniqueKernelHandle m_roomReady;
+    const UniqueKernelHandle m_textReady;
+    const SharedOutput* const m_pOutput;
+};
 
 } // namespace
 
@@ -59,14 +92,14 @@ std::wstring ProgramFolder()
     return std::filesystem::current_path().wstring() + L"\\";
 }
 
-Process::Process(const std::wstring& program, const std::wstring& arguments, DWORD creationFlags)
+Process::Process(const std::wstring& program, const std::wstring& arguments)
 {
     std::wstring line = L"\"" + program + L"\"" + (arguments.empty() ? L"" : L" " + arguments);
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION information{};
-    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, creationFlags, nullptr, nullptr,
-                        &startup, &information))
+    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                        &information))
     {
         throw std::runtime_error("a program of the test cannot be started");
     }
@@ -133,46 +166,18 @@ HWND Process::Window(const std::wstring& title) const
 
 DebuggerOutput::DebuggerOutput(const std::wstring& program, const std::wstring& arguments, ULONGLONG limit)
 {
-    const Process process(program, arguments, DEBUG_ONLY_THIS_PROCESS);
+    const DebugMonitor monitor;
+    const Process process(program, arguments);
     const ULONGLONG end = GetTickCount64() + limit;
     while (!ended && GetTickCount64() < end)
     {
         hadWindow = hadWindow || !process.Windows().empty();
-        DEBUG_EVENT event{};
-        if (!WaitForDebugEvent(&event, EventInterval))
+        ended = process.HasEnded(); // before its last texts are taken
+        while (monitor.TakeNext(process.Id(), ended ? 0 : OutputInterval, lines))
         {
-            continue;
         }
-        DWORD answer = DBG_CONTINUE;
-        switch (event.dwDebugEventCode)
-        {
-        case OUTPUT_DEBUG_STRING_EVENT:
-            lines.push_back(RemoteText(process.Handle(), event.u.DebugString));
-            break;
-        case EXCEPTION_DEBUG_EVENT: // the start's own break point is dealt with; all else is the program's
-            answer = event.u.Exception.ExceptionRecord.ExceptionCode == static_cast<DWORD>(EXCEPTION_BREAKPOINT)
-                         ? DBG_CONTINUE
-                         : DBG_EXCEPTION_NOT_HANDLED;
-            break;
-        case CREATE_PROCESS_DEBUG_EVENT:
-            UniqueKernelHandle(event.u.CreateProcessInfo.hFile).reset();
-            break;
-        case LOAD_DLL_DEBUG_EVENT:
-            UniqueKernelHandle(event.u.LoadDll.hFile).reset();
-            break;
-        case EXIT_PROCESS_DEBUG_EVENT:
-            ended = true;
-            exitCode = event.u.ExitProcess.dwExitCode;
-            break;
-        default:
-            break;
-        }
-        ContinueDebugEvent(event.dwProcessId, event.dwThreadId, answer);
     }
-    if (!ended)
-    {
-        DebugActiveProcessStop(process.Id()); // so that it can be ended
-    }
+    exitCode = process.ExitCode(0);
 }
 
 bool DebuggerOutput::Has(const std::string& text) const

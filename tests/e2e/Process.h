@@ -20,7 +20,7 @@ class Process
 {
 public:
     // arguments: what follows the program's name on the command line. Throws std::runtime_error when it cannot start.
-    explicit Process(const std::wstring& program, const std::wstring& arguments = {}, DWORD creationFlags = 0);
+    explicit Process(const std::wstring& program, const std::wstring& arguments = {});
     ~Process();
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
@@ -45,8 +45,9 @@ private:
     UniqueKernelHandle m_process;
 };
 
-// What a program has written to the debugger output until it ended, and whether it ever had a visible window. The
-// limit is in milliseconds.
+// What a program has written to the debugger output until it ended, and whether it ever had a visible window. It is
+// listened to and not debugged: a debugged program that throws may lose its registers under Wine 8. The limit is in
+// milliseconds.
 struct DebuggerOutput
 {
     explicit DebuggerOutput(const std::wstring& program, const std::wstring& arguments = {}, ULONGLONG limit = 60'000);

@@ -1,7 +1,6 @@
 // How the process starts and ends: its command line and its language file.
 
 #include "resource/resource.h"
-#include "tests/e2e/RegistryValue.h"
 #include "tests/e2e/Viewer.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/TemporaryFolder.h"
@@ -43,9 +42,6 @@ protected:
     const LanguageFile m_language;
     const TemporaryFolder m_folder;
     const std::wstring m_strProgram = m_folder.File(L"Kestrix.exe");
-
-    // A program that throws while it is debugged loses its registers under Wine 8, and without this value it throws.
-    const RegistryValue m_languageName{L"Software\\Veldrane\\Zeptara", L"LangName", L"en-US"};
 };
 
 constexpr char FailureText[] = "Failed to load MUI resource";
