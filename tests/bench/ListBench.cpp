@@ -1,4 +1,5 @@
-// The rows of a log in the page's list, made and sorted as the page does it, beside the same rows in a plain list.
+// The rows of a log in the page's list, made as the page does it and sorted as it does when they are out of order,
+// beside the same rows in a plain list.
 
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
 #include "tests/bench/Bench.h"

@@ -169,13 +169,12 @@ DebuggerOutput::DebuggerOutput(const std::wstring& program, const std::wstring& 
     const DebugMonitor monitor;
     const Process process(program, arguments);
     const ULONGLONG end = GetTickCount64() + limit;
-    while (!ended && GetTickCount64() < end)
+    bool hasMore = true;
+    while ((hasMore || !ended) && GetTickCount64() < end)
     {
         hadWindow = hadWindow || !process.Windows().empty();
         ended = process.HasEnded(); // before its last texts are taken
-        while (monitor.TakeNext(process.Id(), ended ? 0 : OutputInterval, lines))
-        {
-        }
+        hasMore = monitor.TakeNext(process.Id(), ended ? 0 : OutputInterval, lines);
     }
     exitCode = process.ExitCode(0);
 }

@@ -71,7 +71,7 @@ TEST(ServiceRegistryTest, RegisteringEntersTheQuotedPathAndTheProxiesAndUnregist
         EXPECT_TRUE(line.ends_with(L"\\VdFrwkSvc.exe\" /idle:300\n")) << line;
         EXPECT_FALSE(EntryOf(during, LocalEventsKey).empty());
     }
-    EXPECT_TRUE(ClassEntries() == before);
+    EXPECT_TRUE(ClassEntries() == before) << "an entry stays, or one that was there is gone";
 }
 
 TEST(ServiceRegistryTest, UnregisteringTwiceIsNoFailure)

@@ -299,10 +299,12 @@ protected:
                                                             s_set.push_back(cursor);
                                                             return nullptr;
                                                         });
-        m_button.SendMessage(WM_SETCURSOR, reinterpret_cast<WPARAM>(m_button.GetSafeHwnd()),
-                             MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+        m_nAnswer = m_button.SendMessage(WM_SETCURSOR, reinterpret_cast<WPARAM>(m_button.GetSafeHwnd()),
+                                         MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
         return s_set;
     }
+
+    LRESULT m_nAnswer = -1; // of the button when it was asked last
 };
 
 // A language file that names its cursors and has no image of them.
@@ -319,8 +321,10 @@ TEST_F(OwnCursorTest, IsShownUnderHoverAlone)
     EXPECT_TRUE(CursorsSet().empty()) << "no hover";
     MoveMouseOver(m_button);
     const std::vector<HCURSOR> shown = CursorsSet();
+    EXPECT_EQ(m_nAnswer, 1);
     ASSERT_EQ(shown.size(), 1u);
     EXPECT_NE(shown.front(), nullptr);
+    EXPECT_EQ(shown.front(), m_button.m_hCursor.get());
     EXPECT_EQ(shown, CursorsSet()) << "loaded once";
     m_button.SendMessage(WM_MOUSELEAVE);
     EXPECT_TRUE(CursorsSet().empty());
