@@ -8,6 +8,24 @@ if(NOT EXISTS /usr/src/googletest/CMakeLists.txt)
 endif()
 add_subdirectory(/usr/src/googletest ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
 
+# What nearly every test includes, compiled once: the test framework, the Windows API and the usual standard headers.
+# A source includes what it uses all the same: the debug build compiles without this, and so finds what is missing.
+if(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+  add_library(kestrix_test_headers OBJECT ${PROJECT_SOURCE_DIR}/tests/support/CommonHeaders.cpp)
+  target_compile_options(kestrix_test_headers PRIVATE -O0)
+  target_link_libraries(kestrix_test_headers PRIVATE kestrix_options gtest)
+  target_precompile_headers(kestrix_test_headers PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/CommonHeaders.h)
+endif()
+
+# kestrix_compile_as_test(TARGET): a test's own code gains nothing from the optimiser, and compiles in three fifths of
+# the time without it.
+function(kestrix_compile_as_test target)
+  if(TARGET kestrix_test_headers)
+    target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0>)
+    target_precompile_headers(${target} REUSE_FROM kestrix_test_headers)
+  endif()
+endfunction()
+
 # kestrix_test(NAME SOURCES... LINKS... [SECONDS n] [ARGUMENTS...])
 # A console program with all GoogleTest cases of its sources, run as one ctest entry under Wine.
 # It gets the program's manifest, so that the common controls are those of the product, and runs in the folder of the
@@ -18,8 +36,7 @@ function(kestrix_test name)
     set(arg_SECONDS 120)
   endif()
   add_executable(${name} ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/resource/Manifest.rc)
-  # A test's own code gains nothing from the optimiser, and compiles in three fifths of the time without it.
-  target_compile_options(${name} PRIVATE $<$<AND:$<CONFIG:Release>,$<COMPILE_LANGUAGE:CXX>>:-O0>)
+  kestrix_compile_as_test(${name})
   target_link_options(${name} PRIVATE -municode)
   target_link_libraries(${name} PRIVATE kestrix_test_support ${arg_LINKS})
   add_test(NAME ${name} COMMAND ${name} ${arg_ARGUMENTS} WORKING_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
