@@ -5,11 +5,11 @@ import re
 
 import lint
 
-VIEWER = "framework/ui/kestrix/app/Help.cpp"
+VIEWER = "framework/ui/kestrix/logs/LogKinds.cpp"
 REPORT = "framework/ui/kestrix/app/Help.h"
 HELP = "suite/help/topics.tsv"
 
-ROW = re.compile(r"\{LogType\w+,\s*(\d+),\s*(\d+)\}")
+ROW = re.compile(r"\.help = (\d+)(?:,\s*\.helpBesideReport = (\d+))?")
 REPORT_NUMBER = re.compile(r"\bHelpNumberOfReport\s*=\s*(\d+)")
 
 
@@ -18,7 +18,7 @@ def asked(root, findings):
     places = []
     for path, pattern in ((VIEWER, ROW), (REPORT, REPORT_NUMBER)):
         text = lint.without_comments(lint.read(root, path))
-        found = [(path, lint.line_of(text, match.start()), set(match.groups()) - {"0"})
+        found = [(path, lint.line_of(text, match.start()), set(match.groups()) - {None})
                  for match in pattern.finditer(text)]
         if not found:
             findings.add(path, 1, "no help number is found here; write them as they were, or change lint_help.py")

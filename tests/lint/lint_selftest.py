@@ -319,11 +319,14 @@ class WordingOfFiles(Tree):
         self.expect_hit("Text.h:1: ", "lint_wording_of_files")
 
 
+KINDS = "framework/ui/kestrix/logs/LogKinds.cpp"
+
+
 class Help(Tree):
     def setUp(self):
         super().setUp()
-        self.write("framework/ui/kestrix/app/Help.cpp", "constexpr HelpRow HelpNumbers[] = {\n"
-                                                        "    {LogTypeVirus, 211, 316}, {LogTypeScan, 299, 0},\n};\n")
+        self.write(KINDS, "constexpr LogKind Kinds[] = {\n"
+                          "    {.help = 211,\n     .helpBesideReport = 316}, {.help = 299},\n};\n")
         self.write("framework/ui/kestrix/app/Help.h", "inline constexpr UINT HelpNumberOfReport = 241;\n")
         self.write_topics("211 316", "299", "241")
 
@@ -336,7 +339,7 @@ class Help(Tree):
 
     def test_number_without_a_topic_is_a_hit(self):
         self.write_topics("211", "299", "241")
-        self.expect_hit("framework/ui/kestrix/app/Help.cpp:2: the help has no page for 316", "lint_help")
+        self.expect_hit(f"{KINDS}:2: the help has no page for 316", "lint_help")
 
     def test_report_without_a_topic_is_a_hit(self):
         self.write_topics("211 316", "299")
@@ -348,12 +351,12 @@ class Help(Tree):
 
     def test_two_topics_for_one_log_are_a_hit(self):
         self.write_topics("211", "299 316", "241")
-        self.expect_hit("framework/ui/kestrix/app/Help.cpp:2: the two numbers lead to two topics", "lint_help")
+        self.expect_hit(f"{KINDS}:2: the two numbers lead to two topics", "lint_help")
 
     def test_a_table_that_is_not_found_is_a_hit(self):
-        self.write("framework/ui/kestrix/app/Help.cpp", "")
+        self.write(KINDS, "")
         self.write_topics("241")
-        self.expect_hit("framework/ui/kestrix/app/Help.cpp:1: no help number is found", "lint_help")
+        self.expect_hit(f"{KINDS}:1: no help number is found", "lint_help")
 
 
 if __name__ == "__main__":

@@ -6,7 +6,8 @@
 #include <array>
 #include <cstddef>
 
-// A log that keeps every token as a field, as the base does, and takes a line for valid from a number of tokens on.
+// A log that keeps every token as a field, as the base does, shows the fields in its columns, and takes a line for
+// valid from a number of tokens on.
 class PlainLog : public CZPTLogBase
 {
 public:
@@ -14,13 +15,15 @@ public:
                       std::pmr::memory_resource* memory = std::pmr::new_delete_resource())
         : CZPTLogBase(memory), m_nTokensNeeded(tokensNeeded)
     {
-        static constexpr std::array<LogColumn, 6> allColumns = {{{IDS_COLUMN_TIME, 100},
-                                                                 {IDS_COLUMN_RESULT, 150},
-                                                                 {IDS_COLUMN_THREAT, 125},
-                                                                 {IDS_EXPORT_TIME, 40},
-                                                                 {IDS_EXPORT_SOURCE, 50},
-                                                                 {IDS_EXPORT_TYPE, 60}}};
-        Setup({type, {}, std::span(allColumns).first(columns), {}, 0});
+        static constexpr std::array<LogColumn, 6> allColumns = {{{IDS_COLUMN_TIME, 100, 0, 0},
+                                                                 {IDS_COLUMN_RESULT, 150, 1, 1},
+                                                                 {IDS_COLUMN_THREAT, 125, 2, 2},
+                                                                 {IDS_EXPORT_TIME, 40, 3, 3},
+                                                                 {IDS_EXPORT_SOURCE, 50, 4, 4},
+                                                                 {IDS_EXPORT_TYPE, 60, 5, 5}}};
+        m_layout.type = type;
+        m_layout.columns = std::span(allColumns).first(columns);
+        Setup(m_layout);
     }
 
     void MakeRecode(std::size_t index, std::wstring_view token, LogRec& record) override
@@ -39,6 +42,9 @@ public:
     using CZPTLogBase::m_nInfoTextLimit;
     using CZPTLogBase::m_nLogType;
     using CZPTLogBase::m_strExt;
+
+protected:
+    LogLayout m_layout{.type = LogTypeNone};
 
 private:
     std::size_t m_nTokensNeeded;

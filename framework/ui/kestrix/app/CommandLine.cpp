@@ -3,7 +3,7 @@
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "common/VdCommon/VdComn_Number.h"
 #include "framework/ui/kestrix/app/Kestrix.h"
-#include "framework/ui/kestrix/logs/LogTypes.h"
+#include "framework/ui/kestrix/logs/LogKinds.h"
 
 #include <algorithm>
 #include <array>
@@ -28,18 +28,6 @@ enum FieldIndex
     UnusedField,
     NumberField,
     FieldCount,
-};
-
-struct CommandCode
-{
-    std::int32_t code;
-    std::uint32_t logType;
-};
-
-constexpr CommandCode CommandCodes[] = {
-    {0, LogTypeUpdate},       {1, LogTypeVirus}, {2, LogTypeTsc},          {3, LogTypeFirewall},  {4, LogTypeUrlFilter},
-    {5, LogTypePrivacy},      {7, LogTypeVa},    {8, LogTypeSpyware},      {10, LogTypePhishing}, {11, LogTypeVst},
-    {12, LogTypeSystemTuner}, {13, LogTypeScan}, {14, LogTypeSkippedTask},
 };
 
 // Cuts the line at its first five separators; what follows them is the last field. False when one is missing.
@@ -95,6 +83,6 @@ bool CKestrixApp::ParseCommandLine()
 
 std::uint32_t CKestrixApp::GetLogTypeFromCommandLine(const std::wstring& text)
 {
-    const auto row = std::ranges::find(CommandCodes, VdCommon::WideToInteger(text), &CommandCode::code);
-    return row == std::end(CommandCodes) ? LogTypeNone : row->logType;
+    const auto kind = std::ranges::find(LogKinds(), VdCommon::WideToInteger(text), &LogKind::commandCode);
+    return kind == LogKinds().end() ? LogTypeNone : kind->type;
 }

@@ -3,12 +3,10 @@
 #include "common/Frwk_Utility.h"
 #include "common/VdCommon/VdComn_FolderName.h"
 #include "common/VdCommon/VdComn_Storage.h"
-#include "framework/ui/kestrix/logs/LogTypes.h"
+#include "framework/ui/kestrix/logs/LogKinds.h"
 
 #include <htmlhelp.h>
 
-#include <algorithm>
-#include <iterator>
 #include <string>
 
 namespace
@@ -19,20 +17,6 @@ constexpr wchar_t HelpFileValue[] = L"Files";
 constexpr wchar_t HelpFile[] = L"vdhelp.chm";
 
 constexpr UINT LanguageCommand = 61439; // of the help window's system menu
-
-struct HelpRow
-{
-    std::uint32_t logType;
-    UINT logOnly;
-    UINT besideReport;
-};
-
-constexpr HelpRow HelpNumbers[] = {
-    {LogTypeVirus, 211, 316},     {LogTypeUpdate, 210, 315},  {LogTypeUrlFilter, 212, 308}, {LogTypeFirewall, 213, 309},
-    {LogTypeTsc, 230, 313},       {LogTypePrivacy, 231, 307}, {LogTypePhishing, 232, 310},  {LogTypeVa, 237, 317},
-    {LogTypeSpyware, 265, 312},   {LogTypeVst, 217, 314},     {LogTypeSystemTuner, 272, 0}, {LogTypeScan, 299, 0},
-    {LogTypeSkippedTask, 311, 0},
-};
 
 using HtmlHelpFunction = HWND WINAPI(HWND owner, const wchar_t* file, UINT command, DWORD_PTR data);
 
@@ -58,8 +42,8 @@ std::wstring HelpPath()
 
 UINT HelpNumberOfLog(std::uint32_t logType, bool logOnly) noexcept
 {
-    const auto row = std::ranges::find(HelpNumbers, logType, &HelpRow::logType);
-    return row == std::end(HelpNumbers) ? 0 : logOnly ? row->logOnly : row->besideReport;
+    const LogKind* const kind = FindLogKind(logType);
+    return kind == nullptr ? 0 : logOnly ? kind->help : kind->helpBesideReport;
 }
 
 void ShowHelpTopic(UINT number)

@@ -5,6 +5,7 @@
 #include "framework/ui/kestrix/app/Kestrix.h"
 #include "framework/ui/kestrix/app/LogFactory.h"
 #include "framework/ui/kestrix/app/PushButtonSkin.h"
+#include "framework/ui/kestrix/logs/LogKinds.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "resource/resource.h"
 
@@ -101,12 +102,11 @@ BOOL CKestrixDlg::OnInitDialog()
     {
         return FALSE;
     }
-    const LogClass* const logClass = FindLogClass(m_nLogType);
-    if (logClass == nullptr)
+    if (!MakeLog())
     {
         return FALSE;
     }
-    CreateLog(*logClass);
+    SetUpLog();
     FillDate();
     if (!ShowFirstDate())
     {
@@ -197,16 +197,25 @@ void CKestrixDlg::SetFonts()
     SetTextColour(IDC_INFO_VALUE_0_LINK, LinkColour);
 }
 
-void CKestrixDlg::CreateLog(const LogClass& logClass)
+// Makes the log of the page's type; false when the type has none.
+bool CKestrixDlg::MakeLog()
 {
-    m_pLogData = logClass.create();
-    ShowFirstInfoRow(logClass.firstRow);
-    m_InfoLink.SetClickable(logClass.firstRow == FirstInfoRow::Link);
+    m_pLogData = ::CreateLog(m_nLogType);
+    return m_pLogData != nullptr;
+}
+
+// What is known of the page's type; null for one without a log.
+const LogKind* CKestrixDlg::Kind() const
+{
+    return FindLogKind(m_nLogType);
+}
+
+void CKestrixDlg::SetUpLog()
+{
+    ShowFirstInfo(Kind()->firstInfo);
+    m_InfoLink.SetClickable(Kind()->firstInfo == FirstInfo::Link);
     m_MoreInfo.SetClickable(HasLongInfo());
-    if (m_nLogType == LogTypeFirewall)
-    {
-        m_pLogData->SetLocalAddress(m_strLocalIp);
-    }
+    m_pLogData->SetLocalAddress(m_strLocalIp);
     m_pLogData->m_bUseDBMgr = m_bIsLocal;
     m_pLogData->m_pIDBManagerProvider = m_pIDBManagerProvider;
     m_pLogData->SetListCtrl(&m_RecordList);
@@ -216,19 +225,19 @@ void CKestrixDlg::CreateLog(const LogClass& logClass)
 }
 
 // The first value is a link or a text in the same place.
-void CKestrixDlg::ShowFirstInfoRow(FirstInfoRow row)
+void CKestrixDlg::ShowFirstInfo(FirstInfo how)
 {
-    switch (row)
+    switch (how)
     {
-    case FirstInfoRow::Link:
+    case FirstInfo::Link:
         ShowInfo(IDC_INFO_VALUE_0_LINK, true);
         return;
-    case FirstInfoRow::Text:
+    case FirstInfo::Text:
         break;
-    case FirstInfoRow::TextOnly:
+    case FirstInfo::TextOnly:
         CWindow(GetDlgItem(IDC_INFO_VALUE_0_LINK)).EnableWindow(false);
         break;
-    case FirstInfoRow::TallText:
+    case FirstInfo::TallText:
         ShowInfo(IDC_INFO_VALUE_0_LINK, false);
         PlaceFirstText(TallRows);
         break;
@@ -256,14 +265,29 @@ void CKestrixDlg::SetInfoRow(std::size_t row, const std::wstring& caption, bool 
     value.ShowWindow(show);
 }
 
-void CKestrixDlg::SetInfoText(UINT control, const std::wstring& text)
+void CKestrixDlg::SetInfoText(std::size_t row, const std::wstring& text, const std::wstring& toolTip)
 {
-    SetDlgItemText(control, text);
+    if (row != 0)
+    {
+        SetInfo(InfoValues[row], text, toolTip);
+        return;
+    }
+    SetInfo(IDC_INFO_VALUE_0_TEXT, text, toolTip);
+    ShowInfo(IDC_INFO_VALUE_0_TEXT, true);
+    ShowInfo(IDC_INFO_VALUE_0_LINK, false);
 }
 
-void CKestrixDlg::SetInfoToolTip(UINT control, const std::wstring& text)
+void CKestrixDlg::SetInfoLink(const std::wstring& text, const std::wstring& toolTip)
 {
-    SetControlToolTip(control, text);
+    SetInfo(IDC_INFO_VALUE_0_LINK, text, toolTip);
+    ShowInfo(IDC_INFO_VALUE_0_TEXT, false);
+    ShowInfo(IDC_INFO_VALUE_0_LINK, true);
+}
+
+void CKestrixDlg::SetInfo(UINT control, const std::wstring& text, const std::wstring& toolTip)
+{
+    SetDlgItemText(control, text);
+    SetControlToolTip(control, toolTip);
 }
 
 void CKestrixDlg::ShowInfo(UINT control, bool show)

@@ -17,8 +17,8 @@ class COleDateTime;
 class CLogFormDlg;
 class CZPTLogBase;
 class IDBManagerProvider;
-enum class FirstInfoRow;
-struct LogClass;
+enum class FirstInfo;
+struct LogKind;
 
 // The page that shows one log: the dates that have records, the records of one date in a sorted list, and the selected
 // record in a detail pane. It owns the log object, and the log object owns the records.
@@ -75,9 +75,8 @@ protected:
 private:
     // CLogInfoPage
     void SetInfoRow(std::size_t row, const std::wstring& caption, bool visible) override;
-    void SetInfoText(UINT control, const std::wstring& text) override;
-    void SetInfoToolTip(UINT control, const std::wstring& text) override;
-    void ShowInfo(UINT control, bool show) override;
+    void SetInfoText(std::size_t row, const std::wstring& text, const std::wstring& toolTip) override;
+    void SetInfoLink(const std::wstring& text, const std::wstring& toolTip) override;
 
     void OnGetDispInfoLogList(NMLVDISPINFOW& info);
     void OnClickLogList(NMITEMACTIVATE& click);
@@ -91,8 +90,11 @@ private:
     void SetButtons();
     void SetFonts();
     bool TakeProvider();
-    void CreateLog(const LogClass& logClass);
-    void ShowFirstInfoRow(FirstInfoRow row);
+    bool MakeLog();
+    void SetUpLog();
+    void ShowFirstInfo(FirstInfo how);
+    void SetInfo(UINT control, const std::wstring& text, const std::wstring& toolTip);
+    void ShowInfo(UINT control, bool show);
     void PlaceFirstText(int rows);
     void RemoveLog();
     void FillDate();
@@ -114,6 +116,7 @@ private:
     void SelectLogType(std::uint32_t type);
     void ShowLogMessage(const std::wstring& text) const;
     bool HasLongInfo() const;
+    const LogKind* Kind() const;
 
     IDBManagerProvider* m_pIDBManagerProvider = nullptr; // not owned
     std::unique_ptr<CZPTLogBase> m_pLogData;             // null for a type that has no class

@@ -6,7 +6,7 @@
 #include "common/VdCommon/VdComn_String.h"
 #include "common/VdFrwk.h"
 #include "framework/ui/kestrix/app/KestrixDlg.h"
-#include "framework/ui/kestrix/logs/ZPTLogVir.h"
+#include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "platform/dialog/ComPtr.h"
 #include "resource/resource.h"
 
@@ -85,7 +85,7 @@ void CKestrixDlg::OnStnClickedTypesValue()
     }
     std::wstring address;
     VdCommon::String::Format(address, LoadText(IDS_THREAT_ADDRESS).c_str(), Encoded(name).c_str());
-    if (m_nLogType != LogTypeVirus && m_nLogType != LogTypeTsc && m_nLogType != LogTypeSpyware)
+    if (Kind() == nullptr || Kind()->firstInfo != FirstInfo::Link)
     {
         return;
     }
@@ -123,14 +123,13 @@ bool CKestrixDlg::ChkInternetConnect()
 
 void CKestrixDlg::OnStnClickedMoreInfo()
 {
-    const auto* const log = dynamic_cast<const CZPTLogVir*>(m_pLogData.get());
-    if (log == nullptr)
+    if (m_pLogData == nullptr || !HasLongInfo())
     {
         return;
     }
     const bool byKeyboard = ::GetFocus() == m_MoreInfo.GetSafeHwnd();
     ShowInfo(IDC_INFO_VALUE_2, false);
-    SetDlgItemText(IDC_INFO_VALUE_2_WHOLE, log->GetInfoText());
+    SetDlgItemText(IDC_INFO_VALUE_2_WHOLE, m_pLogData->GetInfoText());
     ShowInfo(IDC_INFO_VALUE_2_WHOLE, true);
     if (byKeyboard)
     {
@@ -140,7 +139,7 @@ void CKestrixDlg::OnStnClickedMoreInfo()
 
 void CKestrixDlg::OnBnClickedBtnAddRule()
 {
-    if (m_nLogType == LogTypeFirewall && m_pLogData != nullptr)
+    if (m_pLogData != nullptr && Kind()->hasAllowRule)
     {
         m_pLogData->AddAllowRule();
         CWindow(GetDlgItem(IDC_ALLOW)).EnableWindow(false);

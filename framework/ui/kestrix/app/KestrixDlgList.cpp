@@ -18,12 +18,6 @@ constexpr std::wstring_view CellDots = L".....";
 
 constexpr std::uint32_t LastCellImage = 8; // a record with a higher image shows no text
 
-// The highest column that is served.
-int LastColumn(std::uint32_t logType)
-{
-    return logType == LogTypeFirewall ? 5 : logType == LogTypeUrlFilter ? 3 : 2;
-}
-
 // Whether a cut before this place would part one character into its two halves.
 bool IsInsideCharacter(const std::wstring& text, std::size_t place)
 {
@@ -43,7 +37,7 @@ void CKestrixDlg::OnGetDispInfoLogList(NMLVDISPINFOW& info)
     std::wstring text;
     if (static_cast<std::size_t>(info.item.iSubItem) < record->strData.size())
     {
-        if (info.item.iSubItem > LastColumn(m_nLogType))
+        if (info.item.iSubItem > Kind()->lastColumn)
         {
             return;
         }
@@ -108,7 +102,7 @@ void CKestrixDlg::OnColumnClickLogList(NMLISTVIEW& click)
 
 bool CKestrixDlg::HasLongInfo() const
 {
-    return m_nLogType == LogTypeVirus || m_nLogType == LogTypeSpyware || m_nLogType == LogTypeVst;
+    return Kind() != nullptr && Kind()->hasWholeInfo;
 }
 
 void CKestrixDlg::ShowShortInfo()

@@ -4,53 +4,25 @@
 #include "common/VdCommon/VdComn_Storage.h"
 #include "framework/ui/kestrix/app/DailyFiles.h"
 #include "framework/ui/kestrix/app/KestrixDlg.h"
-#include "framework/ui/kestrix/app/LogFactory.h"
 #include "framework/ui/kestrix/app/ProductName.h"
-#include "framework/ui/kestrix/logs/LogTypes.h"
+#include "framework/ui/kestrix/logs/LogKinds.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "resource/resource.h"
-
-#include <algorithm>
-#include <iterator>
 
 namespace
 {
 
 constexpr wchar_t InstallerKey[] = L"Software\\Veldrane\\Zeptara\\17\\Installer";
-constexpr wchar_t FirewallValue[] = L"FirewallAP";
 
 constexpr UINT InfoControls[] = {
     IDC_INFO_VALUE_0_LINK, IDC_INFO_VALUE_0_TEXT, IDC_INFO_VALUE_1, IDC_INFO_VALUE_2,
     IDC_INFO_VALUE_3,      IDC_INFO_VALUE_4,      IDC_INFO_VALUE_5, IDC_INFO_VALUE_6,
 };
 
-struct TypeRow
+bool IsInstalled(const LogKind& kind)
 {
-    std::uint32_t type;
-    UINT choice;       // its entry in the combo
-    UINT messageTitle; // the title of its messages
-};
-
-// In the order of the combo. The system tuner shares the message title of the cleanup log.
-constexpr TypeRow Types[] = {
-    {LogTypeVirus, IDS_CHOICE_VIRUS, IDS_TITLE_VIRUS},
-    {LogTypeSpyware, IDS_CHOICE_SPYWARE, IDS_TITLE_SPYWARE},
-    {LogTypeUpdate, IDS_TITLE_UPDATE, IDS_TITLE_UPDATE},
-    {LogTypeFirewall, IDS_TITLE_FIREWALL, IDS_TITLE_FIREWALL},
-    {LogTypePhishing, IDS_TITLE_PHISHING, IDS_TITLE_PHISHING},
-    {LogTypeUrlFilter, IDS_TITLE_URL_FILTER, IDS_TITLE_URL_FILTER},
-    {LogTypeTsc, IDS_TITLE_TSC, IDS_TITLE_TSC},
-    {LogTypePrivacy, IDS_TITLE_PRIVACY, IDS_TITLE_PRIVACY},
-    {LogTypeVa, IDS_CHOICE_VA, IDS_TITLE_VA},
-    {LogTypeVst, IDS_TITLE_VST, IDS_TITLE_VST},
-    {LogTypeSystemTuner, IDS_TITLE_SYSTEM_TUNER, IDS_TITLE_TSC},
-    {LogTypeScan, IDS_TITLE_SCAN, IDS_TITLE_SCAN},
-    {LogTypeSkippedTask, IDS_TITLE_SKIPPED_TASK, IDS_TITLE_SKIPPED_TASK},
-};
-
-bool IsFirewallInstalled()
-{
-    return VdCommon::Storage::QueryValue(HKEY_LOCAL_MACHINE, InstallerKey, FirewallValue, 0U) != 0;
+    return kind.installedValue == nullptr ||
+           VdCommon::Storage::QueryValue(HKEY_LOCAL_MACHINE, InstallerKey, kind.installedValue, 0U) != 0;
 }
 
 } // namespace
@@ -61,16 +33,15 @@ void CKestrixDlg::FillLogTypeCombo()
     {
         return;
     }
-    const bool hasFirewall = IsFirewallInstalled();
-    for (const TypeRow& row : Types)
+    for (const LogKind& kind : LogKinds())
     {
-        if (row.type == LogTypeFirewall && !hasFirewall)
+        if (!IsInstalled(kind))
         {
             continue;
         }
-        const int index = m_TypeCombo.AddString(LoadText(row.choice));
-        m_TypeCombo.SetItemData(index, row.type);
-        m_mapTypeIndex[row.type] = static_cast<std::uint32_t>(index);
+        const int index = m_TypeCombo.AddString(LoadText(kind.choice));
+        m_TypeCombo.SetItemData(index, kind.type);
+        m_mapTypeIndex[kind.type] = static_cast<std::uint32_t>(index);
     }
 }
 
@@ -86,8 +57,7 @@ void CKestrixDlg::ClearInfo()
 {
     for (const UINT value : InfoControls)
     {
-        SetInfoText(value, {});
-        SetInfoToolTip(value, {});
+        SetInfo(value, {}, {});
     }
 }
 
@@ -134,8 +104,7 @@ void CKestrixDlg::RefreshLog(int)
     PlaceFirstText(1);
     ShowInfo(IDC_INFO_VALUE_0_TEXT, false);
     RemoveLog();
-    const LogClass* const logClass = FindLogClass(m_nLogType);
-    if (logClass == nullptr)
+    if (!MakeLog())
     {
         return;
     }
@@ -143,7 +112,7 @@ void CKestrixDlg::RefreshLog(int)
     {
         m_RecordList.DeleteColumn(0);
     }
-    CreateLog(*logClass);
+    SetUpLog();
     FillDate();
     ShowFirstDate();
     KeepFocusUsable();
@@ -165,7 +134,7 @@ bool CKestrixDlg::ShowFirstDate()
 
 void CKestrixDlg::ShowLogMessage(const std::wstring& text) const
 {
-    const auto row = std::ranges::find(Types, m_nLogType, &TypeRow::type);
-    const std::wstring title = row == std::end(Types) ? std::wstring() : LoadText(row->messageTitle);
+    const LogKind* const kind = FindLogKind(m_nLogType);
+    const std::wstring title = kind == nullptr ? std::wstring() : LoadText(kind->messageTitle);
     ShowMessageBox(nullptr, text, title, MB_ICONINFORMATION);
 }

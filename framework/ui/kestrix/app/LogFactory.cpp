@@ -14,14 +14,20 @@ std::unique_ptr<CZPTLogBase> Create()
     return std::make_unique<Log>();
 }
 
+struct LogClass
+{
+    std::uint32_t type;
+    std::unique_ptr<CZPTLogBase> (*create)();
+};
+
 constexpr LogClass Classes[] = {
-    {LogTypeVirus, FirstInfoRow::Link, &Create<CZPTLogVir>},
+    {LogTypeVirus, &Create<CZPTLogVir>},
 };
 
 } // namespace
 
-const LogClass* FindLogClass(std::uint32_t type) noexcept
+std::unique_ptr<CZPTLogBase> CreateLog(std::uint32_t type)
 {
     const auto found = std::ranges::find(Classes, type, &LogClass::type);
-    return found == std::end(Classes) ? nullptr : found;
+    return found == std::end(Classes) ? nullptr : found->create();
 }

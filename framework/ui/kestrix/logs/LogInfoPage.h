@@ -1,28 +1,23 @@
 #pragma once
 
-#include <windows.h>
-
 #include <cstddef>
 #include <string>
 
-// The page as a log object sees it: the rows of its detail pane. Controls are addressed by their numbers; a number
-// that the page does not have is ignored.
+// The page as a log object sees it: the rows of its detail pane, each a caption and a value.
 class CLogInfoPage
 {
 public:
-    // The rows of the pane, each a caption and a value.
     static constexpr std::size_t InfoRows = 7;
 
     // Sets the caption of a row, clears its value, and shows or hides both. The row is below InfoRows.
     virtual void SetInfoRow(std::size_t row, const std::wstring& caption, bool visible) = 0;
 
-    // Sets the text of a value.
-    virtual void SetInfoText(UINT control, const std::wstring& text) = 0;
+    // Sets the value of a row and its tool tip; an empty tip takes away the one that was there. The first row shows the
+    // text in place of its link.
+    virtual void SetInfoText(std::size_t row, const std::wstring& text, const std::wstring& toolTip) = 0;
 
-    // Sets the tool tip of a value; an empty text takes it away.
-    virtual void SetInfoToolTip(UINT control, const std::wstring& text) = 0;
-
-    virtual void ShowInfo(UINT control, bool show) = 0;
+    // The same for the first row, which shows the text as a link.
+    virtual void SetInfoLink(const std::wstring& text, const std::wstring& toolTip) = 0;
 
 protected:
     ~CLogInfoPage() = default;

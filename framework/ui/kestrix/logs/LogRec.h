@@ -30,6 +30,9 @@ struct LogRec
     // The field; throws std::out_of_range when the record is shorter.
     std::wstring_view Field(std::size_t index) const;
 
+    // The last field; throws std::out_of_range when the record has none.
+    std::wstring_view LastField() const { return Field(strData.size() - 1); }
+
     // A copy of the text that lives as long as the record.
     std::wstring_view Keep(std::wstring_view text) const;
 };

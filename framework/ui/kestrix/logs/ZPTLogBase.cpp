@@ -14,6 +14,7 @@ namespace
 {
 
 constexpr std::int32_t DefaultInfoTextLimit = 24;
+constexpr std::size_t WholeInfoRow = 2;         // whose whole text the page may ask for
 constexpr std::size_t LongestColumnTitle = 254; // with its terminator a title fits 255 characters
 constexpr int IconWidth = 16;
 constexpr COLORREF IconMask = RGB(255, 255, 255);
@@ -39,10 +40,11 @@ CZPTLogBase::~CZPTLogBase() = default;
 
 void CZPTLogBase::Setup(const LogLayout& layout)
 {
+    m_pLayout = &layout;
     m_nLogType = layout.type;
-    if (const LogTypeInfo* const info = FindLogType(layout.type))
+    if (const LogKind* const kind = FindLogKind(layout.type))
     {
-        m_strExt = L"." + std::wstring(info->extension);
+        m_strExt = L"." + std::wstring(kind->extension);
     }
     for (const UINT title : layout.titles)
     {
@@ -135,20 +137,11 @@ void CZPTLogBase::FreeRecords()
 
 bool CZPTLogBase::SetListLog()
 {
-    return InsertRows(false);
-}
-
-bool CZPTLogBase::SetListLogWithIcons()
-{
-    return InsertRows(true);
-}
-
-bool CZPTLogBase::InsertRows(bool withIcons)
-{
     if (m_pListCtrl == nullptr)
     {
         return false;
     }
+    const bool withIcons = m_pLayout != nullptr && m_pLayout->iconBitmap != 0;
     LVITEMW item{};
     item.mask = LVIF_TEXT | LVIF_PARAM | (withIcons ? LVIF_IMAGE : 0);
     item.pszText = LPSTR_TEXTCALLBACKW;
@@ -183,12 +176,70 @@ std::uint32_t CZPTLogBase::GetReadLimit() const
 
 void CZPTLogBase::SetLocalAddress(std::wstring) {}
 
-void CZPTLogBase::GetColumnText(const LogRec*, std::wstring& text, int) const
+void CZPTLogBase::GetColumnText(const LogRec* record, std::wstring& text, int column) const
 {
-    text.clear();
+    if (m_pLayout == nullptr || m_pLayout->columns.empty())
+    {
+        text.clear();
+    }
+    else if (const auto number = static_cast<std::size_t>(column); number < m_pLayout->columns.size())
+    {
+        text = record->Field(m_pLayout->columns[number].field);
+    }
 }
 
-void CZPTLogBase::SetLogInfo(LogRec*) {}
+void CZPTLogBase::SetLogInfo(LogRec* record)
+{
+    if (record == nullptr || m_pInfoDlg == nullptr || m_pLayout == nullptr)
+    {
+        return;
+    }
+    for (std::size_t row = 0; row < m_pLayout->infoRows.size(); ++row)
+    {
+        if (m_pLayout->infoRows[row].field != NoField)
+        {
+            ShowInfoRow(*record, row);
+        }
+    }
+}
+
+void CZPTLogBase::ShowInfoRow(const LogRec& record, std::size_t row)
+{
+    const LogInfoRow& layout = m_pLayout->infoRows[row];
+    std::wstring text(layout.field == LastField ? record.LastField() : record.Field(layout.field));
+    if (text.empty() && layout.whenEmpty != 0)
+    {
+        text = LoadText(layout.whenEmpty);
+    }
+    if (row == WholeInfoRow)
+    {
+        m_strInfoText = text;
+    }
+    switch (layout.how)
+    {
+    case InfoText::Whole:
+        m_pInfoDlg->SetInfoText(row, text, {});
+        return;
+    case InfoText::Cut:
+        m_pInfoDlg->SetInfoText(row, TruncateText(text), text);
+        return;
+    case InfoText::Threat:
+        ShowThreat(text);
+        return;
+    }
+}
+
+void CZPTLogBase::ShowThreat(const std::wstring& name)
+{
+    if (name != LoadText(IDS_UNKNOWN_THREAT_NAME))
+    {
+        m_pInfoDlg->SetInfoLink(name, name);
+    }
+    else
+    {
+        m_pInfoDlg->SetInfoText(0, LoadText(IDS_UNKNOWN_THREAT), {});
+    }
+}
 
 void CZPTLogBase::SetInfoDialog(CLogInfoPage* page)
 {

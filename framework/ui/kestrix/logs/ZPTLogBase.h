@@ -1,8 +1,9 @@
 #pragma once
 
 #include "framework/ui/kestrix/logs/LogInfoPage.h"
+#include "framework/ui/kestrix/logs/LogKinds.h"
+#include "framework/ui/kestrix/logs/LogLayout.h"
 #include "framework/ui/kestrix/logs/LogRec.h"
-#include "framework/ui/kestrix/logs/LogTypes.h"
 
 #include <windows.h>
 
@@ -26,32 +27,9 @@ struct OrlLogEntry;
 template <class Entry>
 struct OrlVector;
 
-// A column of the record list: the text of its title and its width in pixels.
-struct LogColumn
-{
-    UINT title;
-    std::uint32_t width;
-};
-
-// A row of the detail pane: the text of its caption, 0 for none.
-struct LogInfoRow
-{
-    UINT caption;
-    bool visible;
-};
-
-// What a log class fixes about its appearance.
-struct LogLayout
-{
-    std::uint32_t type;
-    std::span<const UINT> titles;
-    std::span<const LogColumn> columns;
-    std::span<const LogInfoRow> infoRows;
-    UINT iconBitmap; // 0: the list shows no icons
-};
-
 // A log: it loads the records of one day, keeps them, fills the page's list and detail pane from them and writes them
-// to an export file. A class per kind of log knows what its fields mean; the page knows nothing of them.
+// to an export file. A class per kind of log knows what its fields mean; the page knows nothing of them. What a class
+// shows stands in its LogLayout, which the base reads; it overrides an operation where no table says it.
 //
 // Records stay valid until the next ClearLog; list rows hold bare pointers to them. All operations run on the thread
 // of the page, and only one log may parse at a time, since some classes keep parse state for the whole process.
@@ -67,7 +45,7 @@ public:
     CZPTLogBase(const CZPTLogBase&) = delete;
     CZPTLogBase& operator=(const CZPTLogBase&) = delete;
 
-    // Writes the line of column labels; false when a write failed. The base writes nothing.
+    // Writes the line of the layout's labels, if it has any; false when a write failed.
     virtual bool WriteExportHeader(ExportStream& stream);
 
     // Writes all records to a new file at path, oldest first. The log type gives the title and the fields that are
@@ -116,7 +94,8 @@ public:
     // Frees all records, with the rows of the list.
     virtual void ClearLog();
 
-    // Makes a row for each record, newest first, without icons; false without a list or when a row could not be made.
+    // Makes a row for each record, newest first, with its icon if the log has icons; false without a list or when a row
+    // could not be made.
     virtual bool SetListLog();
 
     // Whether the rows that SetListLog makes stand as m_pfnCompareDn sorts them by the first column. They mostly do,
@@ -127,11 +106,16 @@ public:
     virtual std::uint32_t GetReadLimit() const;
     virtual void SetLocalAddress(std::wstring address);
 
-    // The text of a list cell. A class leaves text as it was for a column that it does not have.
+    // The text of a list cell. For a column that the layout does not have, text stays as it was; without any columns it
+    // becomes empty.
     virtual void GetColumnText(const LogRec* record, std::wstring& text, int column) const;
 
-    // Shows the record in the detail pane.
+    // Shows the record in the detail pane. Nothing happens without a record or a page.
     virtual void SetLogInfo(LogRec* record);
+
+    // The whole text of the third value, which the detail pane may show cut.
+    const std::wstring& GetInfoText() const { return m_strInfoText; }
+
     virtual void SetInfoDialog(CLogInfoPage* page);
     virtual void AddAllowRule();
     virtual bool IsBlockRuleActive() const;
@@ -159,11 +143,9 @@ protected:
     // The records' memory comes from upstream, which must outlive the log.
     explicit CZPTLogBase(std::pmr::memory_resource* upstream = std::pmr::new_delete_resource());
 
-    // Takes over what the class fixes and makes the icons. Called once by each class's constructor.
+    // Takes over what the class shows and makes the icons. Called once by each class's constructor; the layout must
+    // outlive the log.
     void Setup(const LogLayout& layout);
-
-    // SetListLog with each record's icon: what most classes want.
-    bool SetListLogWithIcons();
 
     // The plain compare pair: the field numbered as the column, by code units.
     static int CALLBACK CompareFuncUp(LPARAM first, LPARAM second, LPARAM column);
@@ -187,14 +169,17 @@ protected:
     std::vector<std::uint32_t> m_arrInfoVisible; // 1 shows the row
     std::uint32_t m_nInfoTextLimit;              // where long detail texts are cut, in characters
     bool m_bRecordDone = true;
+    std::wstring m_strInfoText;
 
 private:
     bool ParseRecord(LogRec& record, std::wstring_view line, int kind);
     bool PutEntries(const OrlVector<OrlLogEntry>* entries);
-    bool InsertRows(bool withIcons);
+    void ShowInfoRow(const LogRec& record, std::size_t row);
+    void ShowThreat(const std::wstring& name);
     bool ExportRecords(ExportStream& stream, std::uint32_t logType) const;
     void FreeRecords();
 
+    const LogLayout* m_pLayout = nullptr;      // null before Setup
     std::vector<std::wstring_view> m_arrToken; // of the line being parsed; kept for its room
     std::size_t m_nFieldCount = 0;             // fields of the last record, the room that the next one starts with
 };

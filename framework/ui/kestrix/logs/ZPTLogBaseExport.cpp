@@ -6,12 +6,24 @@
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "platform/dialog/ModuleState.h"
 
+#include <algorithm>
+
 namespace
 {
 
-// The two logs that leave out fields have their rule here and their labels in their class.
-constexpr std::size_t PhishingFields[] = {0, 2, 3, 4, 5};
-constexpr std::size_t DirectionNumber = 3; // of a firewall record
+std::wstring LabelText(const ExportLabel& label)
+{
+    std::wstring text = label.text == 0 ? std::wstring(label.literal) : LoadText(label.text);
+    if (label.colons == Colons::AllRemoved)
+    {
+        std::erase(text, L':');
+    }
+    else if (label.colons == Colons::LastRemoved && text.ends_with(L':'))
+    {
+        text.pop_back();
+    }
+    return text;
+}
 
 // Deletes the file again, whatever ended the export, unless it is complete.
 class ExportGuard
@@ -49,15 +61,20 @@ class RecordWriter
 public:
     RecordWriter(const CZPTLogBase& log, ExportStream& stream) : m_log(log), m_stream(stream) {}
 
-    // All fields in order; a firewall record loses its direction, unless it ends with it.
-    bool Write(const LogRec& record, std::uint32_t logType)
+    bool Write(const LogRec& record, const ExportFields& fields)
+    {
+        return fields.only.empty() ? WriteAll(record, fields.leftOut) : WriteOnly(record, fields.only);
+    }
+
+private:
+    // All fields in order; the one to be left out is written all the same where it is the last.
+    bool WriteAll(const LogRec& record, std::size_t leftOut)
     {
         const std::size_t count = record.strData.size();
         for (std::size_t i = 0; i < count; ++i)
         {
             const bool isLast = i + 1 == count;
-            const bool isLeftOut = logType == LogTypeFirewall && i == DirectionNumber && !isLast;
-            if (!isLeftOut && !WriteField(record.strData[i], isLast))
+            if ((i != leftOut || isLast) && !WriteField(record.strData[i], isLast))
             {
                 return false;
             }
@@ -65,13 +82,13 @@ public:
         return true;
     }
 
-    // The five fields of a phishing record; one that a record of another log does not have is empty.
-    bool WritePhishing(const LogRec& record)
+    // These fields; one that a record of another log does not have is empty.
+    bool WriteOnly(const LogRec& record, std::span<const std::size_t> fields)
     {
-        for (const std::size_t& field : PhishingFields)
+        for (const std::size_t& field : fields)
         {
             const std::wstring_view text = field < record.strData.size() ? record.strData[field] : std::wstring_view();
-            if (!WriteField(text, &field + 1 == std::end(PhishingFields)))
+            if (!WriteField(text, &field == &fields.back()))
             {
                 return false;
             }
@@ -79,7 +96,6 @@ public:
         return true;
     }
 
-private:
     bool WriteField(std::wstring_view field, bool isLast)
     {
         m_strField = field;
@@ -97,9 +113,13 @@ private:
 
 } // namespace
 
-bool CZPTLogBase::WriteExportHeader(ExportStream&)
+bool CZPTLogBase::WriteExportHeader(ExportStream& stream)
 {
-    return true;
+    const auto labels = m_pLayout == nullptr ? std::span<const ExportLabel>() : m_pLayout->exportLabels;
+    return std::ranges::all_of(labels,
+                               [&](const ExportLabel& label) {
+                                   return stream.WriteLabel(LabelText(label), &label == &labels.back() ? L'\n' : L'\t');
+                               });
 }
 
 bool CZPTLogBase::ExportLog(const std::wstring& path, std::uint32_t logType, const wchar_t* dateText,
@@ -137,16 +157,10 @@ bool CZPTLogBase::ExportLog(const std::wstring& path, std::uint32_t logType, con
 
 bool CZPTLogBase::ExportRecords(ExportStream& stream, std::uint32_t logType) const
 {
+    const LogKind* const kind = FindLogKind(logType);
+    const ExportFields fields = kind == nullptr ? ExportFields{} : kind->exportFields;
     RecordWriter writer(*this, stream);
-    for (std::size_t i = 0; i < GetLogCount(); ++i)
-    {
-        const LogRec& record = *m_arrRecord[i];
-        if (!(logType == LogTypePhishing ? writer.WritePhishing(record) : writer.Write(record, logType)))
-        {
-            return false;
-        }
-    }
-    return true;
+    return std::ranges::all_of(m_arrRecord, [&](const LogRec* record) { return writer.Write(*record, fields); });
 }
 
 void CZPTLogBase::EscapeQuote(std::wstring& text) const

@@ -242,8 +242,8 @@ bool CZPTLogBase::GetQueryValueSubType(std::uint32_t& subType)
 bool CZPTLogBase::ConvertLogExtToQueryValueSubType(std::wstring_view name, std::uint32_t& subType)
 {
     const std::wstring_view extension = name.substr(name.size() - std::min<std::size_t>(name.size(), 3));
-    const auto found = std::ranges::find(LogTypes(), extension, &LogTypeInfo::extension);
-    if (found == LogTypes().end())
+    const auto found = std::ranges::find(LogKinds(), extension, &LogKind::extension);
+    if (found == LogKinds().end())
     {
         subType = 0;
         VD_TRACE(Flow,

@@ -1,35 +1,13 @@
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
 
 #include "common/VdCommon/VdComn_DebugLog.h"
-#include "common/VdCommon/VdComn_DelimiterChanger.h"
-#include "common/VdCommon/VdComn_Number.h"
-#include "framework/ui/kestrix/logs/ExportStream.h"
-#include "framework/ui/kestrix/logs/LogFields.h"
+#include "framework/ui/kestrix/logs/ColumnOrder.h"
+#include "framework/ui/kestrix/logs/TokenReaders.h"
 #include "framework/ui/kestrix/logs/ZPTLogVirCodes.h"
-#include "platform/dialog/ModuleState.h"
 #include "resource/resource.h"
-
-#include <algorithm>
-#include <iterator>
 
 namespace
 {
-
-constexpr UINT Titles[] = {IDS_TITLE_VIRUS, IDS_VIRUS_TITLE_2, IDS_VIRUS_TITLE_3};
-
-constexpr LogColumn Columns[] = {
-    {IDS_COLUMN_TIME, 100},
-    {IDS_COLUMN_RESULT, 150},
-    {IDS_COLUMN_THREAT, 125},
-};
-
-constexpr LogInfoRow InfoRows[] = {
-    {IDS_LABEL_THREAT, true}, {IDS_LABEL_TYPE, true},         {IDS_LABEL_LOCATION, true},
-    {IDS_LABEL_SOURCE, true}, {IDS_LABEL_FIRST_ACTION, true}, {IDS_LABEL_SECOND_ACTION, true},
-    {IDS_LABEL_DETAIL, true},
-};
-
-constexpr LogLayout Layout = {LogTypeVirus, Titles, Columns, InfoRows, IDB_LOG_ICONS};
 
 // The fields of a record.
 enum Field : std::size_t
@@ -44,45 +22,64 @@ enum Field : std::size_t
     FieldDetail, // only when it is not empty
 };
 
-constexpr UINT ExportLabels[] = {IDS_EXPORT_TIME,         IDS_EXPORT_SOURCE,   IDS_EXPORT_TYPE,
-                                 IDS_COLUMN_THREAT,       IDS_EXPORT_LOCATION, IDS_EXPORT_FIRST_ACTION,
-                                 IDS_EXPORT_SECOND_ACTION};
+constexpr int ResultColumn = 1; // shows, and is sorted by, what was done last
+constexpr int ThreatColumn = 2;
 
-std::uint32_t ToNumber(std::wstring_view token)
-{
-    return static_cast<std::uint32_t>(VdCommon::WideToInteger(token));
-}
+constexpr UINT Titles[] = {IDS_TITLE_VIRUS, IDS_VIRUS_TITLE_2, IDS_VIRUS_TITLE_3};
 
-void Decode(std::wstring& text, std::wstring_view token)
-{
-    text.clear();
-    VdCommon::DelimiterChanger().Decode(text, token);
-}
+constexpr LogColumn Columns[] = {
+    {IDS_COLUMN_TIME, 100, FieldTime, FieldTime},
+    {IDS_COLUMN_RESULT, 150, FieldAction1, FieldAction1},
+    {IDS_COLUMN_THREAT, 125, FieldThreat, FieldThreat},
+};
 
-// The text that column 1 shows: what was done last.
+constexpr LogInfoRow InfoRows[] = {
+    {IDS_LABEL_THREAT, true, FieldThreat, InfoText::Threat},
+    {IDS_LABEL_TYPE, true, FieldType},
+    {IDS_LABEL_LOCATION, true, FieldLocation, InfoText::Cut},
+    {IDS_LABEL_SOURCE, true, FieldSource},
+    {IDS_LABEL_FIRST_ACTION, true, FieldAction1},
+    {IDS_LABEL_SECOND_ACTION, true, FieldAction2},
+    {IDS_LABEL_DETAIL, true, LastField},
+};
+
+constexpr ExportLabel ExportLabels[] = {
+    {IDS_EXPORT_TIME},          {IDS_EXPORT_SOURCE},
+    {IDS_EXPORT_TYPE},          {IDS_COLUMN_THREAT},
+    {IDS_EXPORT_LOCATION},      {IDS_EXPORT_FIRST_ACTION},
+    {IDS_EXPORT_SECOND_ACTION}, {IDS_LABEL_DETAIL, Colons::AllRemoved},
+};
+
+constexpr LogLayout Layout = {
+    .type = LogTypeVirus,
+    .iconBitmap = IDB_LOG_ICONS,
+    .titles = Titles,
+    .columns = Columns,
+    .infoRows = InfoRows,
+    .exportLabels = ExportLabels,
+};
+
 std::wstring_view ResultText(const LogRec& record)
 {
     const std::wstring_view second = record.Field(FieldAction2);
     return second.empty() ? record.Field(FieldAction1) : second;
 }
 
-std::wstring_view ColumnText(const LogRec& record, std::size_t column)
+int CompareUp(LPARAM first, LPARAM second, LPARAM column)
 {
-    return column == 1 ? ResultText(record) : record.Field(column == 2 ? std::size_t{FieldThreat} : column);
+    const auto& left = *reinterpret_cast<const LogRec*>(first);
+    const auto& right = *reinterpret_cast<const LogRec*>(second);
+    const bool byResult =
+        column == ResultColumn && left.strData.size() > ResultColumn && right.strData.size() > ResultColumn;
+    return byResult ? ResultText(left).compare(ResultText(right)) : ColumnOrder<Columns>::Up(first, second, column);
 }
 
-// Compares the texts that the two records show in the column; records too short for the column count as equal.
-int CompareColumn(const LogRec& left, const LogRec& right, std::size_t column)
+// Whether both records are compared by the field of the column's own number, the one case whose end is traced.
+bool IsPlainColumn(LPARAM first, LPARAM second, LPARAM column)
 {
-    return column >= left.strData.size() || column >= right.strData.size()
-               ? 0
-               : ColumnText(left, column).compare(ColumnText(right, column));
-}
-
-// Whether the column is compared by its own number, the one case whose end the compare callbacks trace.
-bool IsPlainColumn(const LogRec& left, const LogRec& right, std::size_t column)
-{
-    return column != 1 && column != 2 && column < left.strData.size() && column < right.strData.size();
+    const auto hasField = [column](LPARAM record)
+    { return static_cast<std::size_t>(column) < reinterpret_cast<const LogRec*>(record)->strData.size(); };
+    return column != ResultColumn && column != ThreatColumn && hasField(first) && hasField(second);
 }
 
 } // namespace
@@ -110,7 +107,7 @@ void CZPTLogVir::MakeRecode(std::size_t index, std::wstring_view token, LogRec& 
         record.Append(ClockText(token));
         return;
     case 2:
-        m_nSource = s_nSource = ToNumber(token);
+        m_nSource = s_nSource = CodeOf(token);
         record.AppendLasting(VirusCodes::SourceText(s_nSource));
         return;
     default:
@@ -124,26 +121,26 @@ void CZPTLogVir::MakeRecodeProxy(std::size_t index, std::wstring_view token, Log
     switch (index)
     {
     case 4:
-        m_nToken4 = ToNumber(token);
+        m_nToken4 = CodeOf(token);
         s_strName = token;
         return;
     case 5:
-        m_nToken5 = ToNumber(token);
-        Decode(s_strText2, token);
+        m_nToken5 = CodeOf(token);
+        Unescape(token, s_strText2);
         record.AppendLasting(VirusCodes::TypeText({s_nSource, m_nToken5}));
         return;
     case 6:
-        Decode(s_strText3, token);
+        Unescape(token, s_strText3);
         record.Append(s_strName);
         record.Append(s_strText3 + L" \"" + s_strText2 + L"\"");
         return;
     case 7:
         return SetAction1(token);
     case 8:
-        m_nResult1 = ToNumber(token);
+        m_nResult1 = CodeOf(token);
         return;
     case 9:
-        m_nAction2 = ToNumber(token);
+        m_nAction2 = CodeOf(token);
         return;
     case 10:
         return SetResult2(token);
@@ -159,10 +156,10 @@ void CZPTLogVir::MakeRecodeScan(std::size_t index, std::wstring_view token, LogR
     switch (index)
     {
     case 4:
-        m_nToken4 = ToNumber(token);
+        m_nToken4 = CodeOf(token);
         return;
     case 5:
-        m_nToken5 = ToNumber(token);
+        m_nToken5 = CodeOf(token);
         record.AppendLasting(VirusCodes::TypeText({s_nSource, m_nToken5}));
         return;
     case 6:
@@ -172,10 +169,10 @@ void CZPTLogVir::MakeRecodeScan(std::size_t index, std::wstring_view token, LogR
     case 8:
         return SetAction1(token);
     case 9:
-        m_nResult1 = ToNumber(token);
+        m_nResult1 = CodeOf(token);
         return;
     case 10:
-        m_nAction2 = ToNumber(token);
+        m_nAction2 = CodeOf(token);
         return;
     case 11:
         return SetResult2(token);
@@ -188,13 +185,13 @@ void CZPTLogVir::MakeRecodeScan(std::size_t index, std::wstring_view token, LogR
 
 void CZPTLogVir::SetAction1(std::wstring_view token)
 {
-    m_nAction1 = ToNumber(token);
+    m_nAction1 = CodeOf(token);
     m_nResult1 = m_nAction2 = m_nResult2 = 0;
 }
 
 void CZPTLogVir::SetResult2(std::wstring_view token)
 {
-    m_nResult2 = ToNumber(token);
+    m_nResult2 = CodeOf(token);
     if (!m_bUseDBMgr)
     {
         m_bRecordDone = true;
@@ -236,7 +233,7 @@ void CZPTLogVir::MakeRecodeEOL(LogRec& record)
 bool CZPTLogVir::SetListLog()
 {
     VD_TRACE(Flow, L"[Enter]CZPTLogVir::SetListLog()...");
-    if (!SetListLogWithIcons())
+    if (!CZPTLogBase::SetListLog())
     {
         return false;
     }
@@ -246,63 +243,21 @@ bool CZPTLogVir::SetListLog()
 
 void CZPTLogVir::GetColumnText(const LogRec* record, std::wstring& text, int column) const
 {
-    if (column >= 0 && column < static_cast<int>(std::size(Columns)))
+    if (column == ResultColumn)
     {
-        text = ColumnText(*record, static_cast<std::size_t>(column));
-    }
-}
-
-void CZPTLogVir::SetLogInfo(LogRec* record)
-{
-    if (record == nullptr || m_pInfoDlg == nullptr)
-    {
-        return;
-    }
-    const std::wstring threat(record->Field(FieldThreat));
-    const bool known = threat != LoadText(IDS_UNKNOWN_THREAT_NAME);
-    if (known)
-    {
-        m_pInfoDlg->SetInfoText(IDC_INFO_VALUE_0_LINK, threat);
-        m_pInfoDlg->SetInfoToolTip(IDC_INFO_VALUE_0_LINK, threat);
+        text = ResultText(*record);
     }
     else
     {
-        m_pInfoDlg->SetInfoText(IDC_INFO_VALUE_0_TEXT, LoadText(IDS_UNKNOWN_THREAT));
+        CZPTLogBase::GetColumnText(record, text, column);
     }
-    m_pInfoDlg->ShowInfo(IDC_INFO_VALUE_0_TEXT, !known);
-    m_pInfoDlg->ShowInfo(IDC_INFO_VALUE_0_LINK, known);
-
-    m_strInfoText = record->Field(FieldLocation);
-    m_pInfoDlg->SetInfoText(IDC_INFO_VALUE_1, std::wstring(record->Field(FieldType)));
-    m_pInfoDlg->SetInfoText(IDC_INFO_VALUE_2, TruncateText(m_strInfoText));
-    m_pInfoDlg->SetInfoToolTip(IDC_INFO_VALUE_2, m_strInfoText);
-    m_pInfoDlg->SetInfoText(IDC_INFO_VALUE_3, std::wstring(record->Field(FieldSource)));
-    m_pInfoDlg->SetInfoText(IDC_INFO_VALUE_4, std::wstring(record->Field(FieldAction1)));
-    m_pInfoDlg->SetInfoText(IDC_INFO_VALUE_5, std::wstring(record->Field(FieldAction2)));
-    m_pInfoDlg->SetInfoText(IDC_INFO_VALUE_6, std::wstring(record->strData.back()));
-}
-
-bool CZPTLogVir::WriteExportHeader(ExportStream& stream)
-{
-    for (const UINT label : ExportLabels)
-    {
-        if (!stream.WriteLabel(LoadText(label), L'\t'))
-        {
-            return false;
-        }
-    }
-    std::wstring detail = LoadText(IDS_LABEL_DETAIL);
-    std::erase(detail, L':');
-    return stream.WriteLabel(detail, L'\n');
 }
 
 int CALLBACK CZPTLogVir::CompareFuncUp(LPARAM first, LPARAM second, LPARAM column)
 {
     VD_TRACE(Flow, L"[Enter]CALLBACK CZPTLogVir::CompareFuncUp()...");
-    const auto& left = *reinterpret_cast<const LogRec*>(first);
-    const auto& right = *reinterpret_cast<const LogRec*>(second);
-    const int order = CompareColumn(left, right, static_cast<std::size_t>(column));
-    if (IsPlainColumn(left, right, static_cast<std::size_t>(column)))
+    const int order = CompareUp(first, second, column);
+    if (IsPlainColumn(first, second, column))
     {
         VD_TRACE(Flow, L"[Leave]CALLBACK CZPTLogVir::CompareFuncUp()...");
     }
@@ -312,10 +267,8 @@ int CALLBACK CZPTLogVir::CompareFuncUp(LPARAM first, LPARAM second, LPARAM colum
 int CALLBACK CZPTLogVir::CompareFuncDn(LPARAM first, LPARAM second, LPARAM column)
 {
     VD_TRACE(Flow, L"[Enter]CALLBACK CZPTLogVir::CompareFuncDn()...");
-    const auto& left = *reinterpret_cast<const LogRec*>(first);
-    const auto& right = *reinterpret_cast<const LogRec*>(second);
-    const int order = CompareColumn(right, left, static_cast<std::size_t>(column));
-    if (IsPlainColumn(left, right, static_cast<std::size_t>(column)))
+    const int order = CompareUp(second, first, column);
+    if (IsPlainColumn(first, second, column))
     {
         VD_TRACE(Flow, L"[Leave]CALLBACK CZPTLogVir::CompareFuncDn()...");
     }

@@ -10,15 +10,10 @@ class CZPTLogVir : public CZPTLogBase
 public:
     explicit CZPTLogVir(std::pmr::memory_resource* upstream = std::pmr::new_delete_resource());
 
-    bool WriteExportHeader(ExportStream& stream) override;
     void MakeRecode(std::size_t index, std::wstring_view token, LogRec& record) override;
     void MakeRecodeEOL(LogRec& record) override;
     bool SetListLog() override;
     void GetColumnText(const LogRec* record, std::wstring& text, int column) const override;
-    void SetLogInfo(LogRec* record) override;
-
-    // The whole text of the location that the detail pane may show cut.
-    const std::wstring& GetInfoText() const { return m_strInfoText; }
 
 private:
     static int CALLBACK CompareFuncUp(LPARAM first, LPARAM second, LPARAM column);
@@ -29,8 +24,6 @@ private:
     void SetAction1(std::wstring_view token);
     void SetResult2(std::wstring_view token);
     void SetDetail(std::wstring_view token);
-
-    std::wstring m_strInfoText;
 
     // The last token of a provider record. Not reset between records: a file record, which lacks the token, would show
     // that of a provider record before it.

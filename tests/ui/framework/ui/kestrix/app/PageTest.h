@@ -2,7 +2,7 @@
 
 #include "framework/ui/kestrix/app/Kestrix.h"
 #include "framework/ui/kestrix/app/KestrixDlg.h"
-#include "framework/ui/kestrix/logs/LogTypes.h"
+#include "framework/ui/kestrix/logs/LogKinds.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/MessageBoxRecorder.h"
 #include "tests/support/TemporaryFolder.h"

@@ -15,20 +15,15 @@ namespace
 
 using Texts = std::vector<std::wstring>;
 
-// Shows its fields as they are, the field numbered as the column.
+// A plain log whose records have an icon.
 class FieldLog : public PlainLog
 {
 public:
     using PlainLog::PlainLog;
 
-    void GetColumnText(const LogRec* record, std::wstring& text, int column) const override
-    {
-        text = record->Field(static_cast<std::size_t>(column));
-    }
-
     void MakeRecodeEOL(LogRec& record) override { record.nImage = 3; }
 
-    using CZPTLogBase::SetListLogWithIcons;
+    void UseIcons() { m_layout.iconBitmap = IDB_LOG_ICONS; }
 };
 
 // Refuses every row behind the first few.
@@ -187,7 +182,8 @@ TEST_F(LogListTest, TheIconFormSetsEachRecordsIconAndTheBasesFormNone)
     Show(log);
     EXPECT_NE(ItemOf(m_window.m_list, 0).iImage, 3);
     m_window.m_list.DeleteAllItems();
-    ASSERT_TRUE(log.SetListLogWithIcons());
+    log.UseIcons();
+    ASSERT_TRUE(log.SetListLog());
     EXPECT_EQ(ItemOf(m_window.m_list, 0).iImage, 3);
 }
 

@@ -1,5 +1,5 @@
 #include "framework/ui/kestrix/app/Kestrix.h"
-#include "framework/ui/kestrix/logs/LogTypes.h"
+#include "framework/ui/kestrix/logs/LogKinds.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 #include "framework/ui/kestrix/app/LogFactory.h"
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
+#include "tests/support/LanguageFile.h"
 
 #include <gtest/gtest.h>
 
@@ -8,19 +9,16 @@ namespace
 
 TEST(LogFactory, TypesFourAndTenAndThoseAboveTheLastHaveNoClass)
 {
-    EXPECT_EQ(FindLogClass(4), nullptr);
-    EXPECT_EQ(FindLogClass(10), nullptr);
-    EXPECT_EQ(FindLogClass(LogTypeNone), nullptr);
-    EXPECT_EQ(FindLogClass(16), nullptr);
-    EXPECT_EQ(FindLogClass(0xFFFFFFFF), nullptr);
+    for (const std::uint32_t type : {4u, 10u, 15u, 16u, 0xFFFFFFFFu})
+    {
+        EXPECT_EQ(CreateLog(type), nullptr) << type;
+    }
 }
 
-TEST(LogFactory, TheVirusLogShowsItsFirstRowAsALink)
+TEST(LogFactory, EachClassIsMadeForItsOwnType)
 {
-    const LogClass* const logClass = FindLogClass(LogTypeVirus);
-    ASSERT_NE(logClass, nullptr);
-    EXPECT_EQ(logClass->firstRow, FirstInfoRow::Link);
-    EXPECT_NE(dynamic_cast<CZPTLogVir*>(logClass->create().get()), nullptr);
+    const LanguageFile language;
+    EXPECT_NE(dynamic_cast<CZPTLogVir*>(CreateLog(LogTypeVirus).get()), nullptr);
 }
 
 } // namespace

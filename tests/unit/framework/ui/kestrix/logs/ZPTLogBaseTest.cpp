@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
+#include "tests/support/InfoPaneDouble.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/PlainLog.h"
 
@@ -51,32 +52,6 @@ private:
     LogRec m_second{&m_memory};
 };
 
-// Records what the log puts into the rows of the pane.
-class PaneDouble : public CLogInfoPage
-{
-public:
-    struct Row
-    {
-        std::size_t row;
-        std::wstring caption;
-        bool visible;
-        bool operator==(const Row&) const = default;
-    };
-
-    void SetInfoRow(std::size_t row, const std::wstring& caption, bool visible) override
-    {
-        m_arrRow.push_back({row, caption, visible});
-    }
-
-    void SetInfoText(UINT, const std::wstring&) override {}
-
-    void SetInfoToolTip(UINT, const std::wstring&) override {}
-
-    void ShowInfo(UINT, bool) override {}
-
-    std::vector<Row> m_arrRow;
-};
-
 class LogWithRows : public PlainLog
 {
 public:
@@ -84,8 +59,10 @@ public:
     {
         static constexpr LogInfoRow rows[] = {{IDS_LABEL_THREAT, true}, {0, false}, {IDS_LABEL_TYPE, true}};
         static constexpr UINT titles[] = {IDS_TITLE_VIRUS, IDS_VIRUS_TITLE_2};
-        static constexpr LogColumn columns[] = {{IDS_COLUMN_TIME, 70}, {IDS_COLUMN_THREAT, 90}};
-        Setup({LogTypeScan, titles, columns, rows, 0});
+        static constexpr LogColumn columns[] = {{IDS_COLUMN_TIME, 70, 0, 0}, {IDS_COLUMN_THREAT, 90, 2, 1}};
+        static constexpr LogLayout layout = {
+            .type = LogTypeScan, .titles = titles, .columns = columns, .infoRows = rows};
+        Setup(layout);
     }
 };
 
@@ -191,11 +168,15 @@ TEST_F(ZPTLogBaseTest, SetInfoLabelGivesThePageTheRowsThatTheClassHas)
 {
     LogWithRows log;
     log.SetInfoLabel(); // no page yet: nothing happens
-    PaneDouble pane;
+    InfoPaneDouble pane;
     log.SetInfoDialog(&pane);
     log.SetInfoLabel();
-    EXPECT_EQ(pane.m_arrRow,
-              (std::vector<PaneDouble::Row>{{0, Text(549), true}, {1, L"", false}, {2, Text(550), true}}));
+    const std::wstring captions[] = {Text(549), L"", Text(550)};
+    for (std::size_t row = 0; row < std::size(captions); ++row)
+    {
+        EXPECT_EQ(pane[row].caption, captions[row]) << row;
+        EXPECT_EQ(pane[row].visible, row != 1) << row;
+    }
 }
 
 TEST_F(ZPTLogBaseTest, ThePlainComparePairComparesTheFieldOfTheColumnByCodeUnits)

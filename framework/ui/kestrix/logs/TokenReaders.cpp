@@ -1,0 +1,31 @@
+#include "framework/ui/kestrix/logs/TokenReaders.h"
+
+#include "common/VdCommon/VdComn_DelimiterChanger.h"
+#include "common/VdCommon/VdComn_Number.h"
+
+#include <algorithm>
+
+std::wstring ClockText(std::wstring_view token)
+{
+    const std::size_t hours = std::min<std::size_t>(token.size(), 2);
+    std::wstring text(token.substr(0, hours));
+    text += L':';
+    text += token.substr(hours, 2);
+    return text;
+}
+
+std::uint32_t CodeOf(std::wstring_view token)
+{
+    return static_cast<std::uint32_t>(VdCommon::WideToInteger(token));
+}
+
+void Unescape(std::wstring_view token, std::wstring& text)
+{
+    text.clear();
+    VdCommon::DelimiterChanger().Decode(text, token);
+}
+
+std::wstring_view Bounded(std::wstring_view token, std::size_t characters)
+{
+    return token.substr(0, characters);
+}

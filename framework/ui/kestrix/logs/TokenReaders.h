@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+// What log classes read from the tokens of a line.
+
+// The hours and minutes of a time token, which is digits without separators: "103015" gives "10:30". What a shorter
+// token lacks is left out.
+std::wstring ClockText(std::wstring_view token);
+
+// A code: the decimal number at the start of the token as the C library reads it, a negative one modulo 2 to the 32.
+std::uint32_t CodeOf(std::wstring_view token);
+
+// The plain form of an escaped token, put into text; an empty token empties it. The token must not lie in text.
+void Unescape(std::wstring_view token, std::wstring& text);
+
+// The token as a buffer of so many characters keeps it.
+std::wstring_view Bounded(std::wstring_view token, std::size_t characters);
