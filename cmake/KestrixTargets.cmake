@@ -23,11 +23,23 @@ target_link_options(kestrix_options INTERFACE
   # Sections that begin with a page of the file can be mapped; with the usual 512 bytes Wine reads them all at the start.
   -Wl,--file-alignment,4096)
 
+# The headers of Windows and of the standard library that nearly every source includes, compiled once: they took two
+# thirds of a source's time. A source includes what it uses all the same: the debug build compiles without this, and so
+# finds what is missing.
+if(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+  add_library(kestrix_headers OBJECT ${PROJECT_SOURCE_DIR}/cmake/CommonHeaders.cpp)
+  target_link_libraries(kestrix_headers PRIVATE kestrix_options)
+  target_precompile_headers(kestrix_headers PRIVATE ${PROJECT_SOURCE_DIR}/cmake/CommonHeaders.h)
+endif()
+
 # kestrix_library(NAME SOURCES... LINKS...): a static library of the product.
 function(kestrix_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
   add_library(${name} STATIC ${arg_SOURCES})
   target_link_libraries(${name} PUBLIC kestrix_options ${arg_LINKS})
+  if(TARGET kestrix_headers)
+    target_precompile_headers(${name} REUSE_FROM kestrix_headers)
+  endif()
 endfunction()
 
 # kestrix_resource_file(NAME SOURCE rc FILE path): target NAME makes the file from one resource source, as language

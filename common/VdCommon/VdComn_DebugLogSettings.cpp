@@ -46,9 +46,9 @@ void ReadValues(Storage::Base& storage, DebugLogSettings& settings)
     settings.levelMask = storage.QueryNumber(L"Level", settings.levelMask);
     config.logProcess = storage.QueryNumber(L"LogProcess", 0);
     config.logUnitType = storage.QueryNumber(L"LogUnitType", 0);
-    CopyText(config.logFolder, storage.QueryString(L"LogFolder", L""));
+    CopyText(config.logFolder, storage.QueryString(L"LogFolder", {}));
     CopyText(config.logPrefix, storage.QueryString(L"LogPrefix", L"zpt"));
-    CopyText(config.logFile, storage.QueryString(L"LogFile", L""));
+    CopyText(config.logFile, storage.QueryString(L"LogFile", {}));
     CopyText(config.logExtension, storage.QueryString(L"LogExtension", L"log"));
     config.robust = storage.QueryNumber(L"Robust", 0) != 0;
     config.debugger = storage.QueryNumber(L"Debugger", 0) != 0;

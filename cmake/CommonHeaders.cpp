@@ -1,0 +1,1 @@
+// Compiles CommonHeaders.h for all libraries.
