@@ -3,7 +3,6 @@
 #include "common/Frwk_Utility.h"
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "common/VdCommon/VdComn_Storage.h"
-#include "framework/ui/kestrix/app/KestrixEventSinkObject.h"
 #include "framework/ui/kestrix/app/LogFormDlg.h"
 #include "framework/ui/kestrix/app/ViewerWindow.h"
 
@@ -105,6 +104,7 @@ void CKestrixApp::RunForm(bool limitReached)
     form.m_bIsLocal = m_bIsLocal;
     form.m_bLogOnly = m_bLogOnly;
     form.m_nReportSpan = m_nReportSpan;
+    form.m_pPageHost = this;
 
     // Nobody reaches the form and its page through the application when they go, whichever way.
     struct MainWindow
@@ -127,6 +127,26 @@ void CKestrixApp::RunForm(bool limitReached)
                  L"*** CKestrixApp::InitInstance() - CLogFormDlg.DoModal() failed. nResponse = [%d], "
                  L"GetLastError = [0x%08x]",
                  static_cast<int>(nResponse), GetLastError());
+    }
+}
+
+IDBManagerProvider* CKestrixApp::TakePage(CKestrixDlg& page)
+{
+    m_pLogDlg = &page;
+    return m_pIDBManagerProvider;
+}
+
+// Nothing is cleaned up: the framework goes away, and whatever waits for it would wait for ever.
+void CKestrixApp::Exit()
+{
+    ExitProcess(0);
+}
+
+void CKestrixApp::RefreshPage()
+{
+    if (m_pLogDlg != nullptr && m_pLogDlg->GetSafeHwnd() != nullptr)
+    {
+        m_pLogDlg->RefreshLog(CKestrixDlg::AnyReason);
     }
 }
 

@@ -3,19 +3,18 @@
 #include "common/SrvFrwk_LibOrlDbMg.h"
 #include "common/VdCommon/VdComn_MuiResource.h"
 #include "common/VdCommon/VdComn_Synchronize.h"
+#include "framework/ui/kestrix/app/KestrixEventSinkObject.h"
 #include "framework/ui/kestrix/app/KestrixModule.h"
+#include "framework/ui/kestrix/app/page/PageHost.h"
 #include "platform/dialog/DialogFramework.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
 
-class CKestrixDlg;
-class CKestrixEventSinkObject;
-
 // The application: the first thing that runs, and the owner of all that lives as long as the process.
 // It reads its command line, runs the form as a modal dialog and ends with it.
-class CKestrixApp : public CWinApp
+class CKestrixApp : public CWinApp, public CPageHost, public CEventHost
 {
 public:
     CKestrixApp();
@@ -68,6 +67,13 @@ public:
     CKestrixDlg* m_pLogDlg = nullptr; // the viewer page while there is one; not owned
 
 private:
+    // CPageHost: the page is m_pLogDlg until the form goes.
+    IDBManagerProvider* TakePage(CKestrixDlg& page) override;
+
+    // CEventHost
+    void Exit() override;
+    void RefreshPage() override;
+
     bool LoadResources();
     bool StartUserInterface();
     bool TakeLogCount(bool& limitReached);

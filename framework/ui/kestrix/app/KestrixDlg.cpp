@@ -2,9 +2,9 @@
 
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "framework/ui/kestrix/app/HeadingFont.h"
-#include "framework/ui/kestrix/app/Kestrix.h"
 #include "framework/ui/kestrix/app/LogFactory.h"
 #include "framework/ui/kestrix/app/PushButtonSkin.h"
+#include "framework/ui/kestrix/app/page/PageHost.h"
 #include "framework/ui/kestrix/logs/LogKinds.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "resource/resource.h"
@@ -122,13 +122,12 @@ BOOL CKestrixDlg::OnInitDialog()
     return TRUE;
 }
 
-// Makes the page known to the application and takes the provider from it; false when there is none.
+// Makes the page known to its host and takes the provider from it; false when there is none.
 bool CKestrixDlg::TakeProvider()
 {
-    if (auto* const app = dynamic_cast<CKestrixApp*>(AfxGetApp()))
+    if (m_pHost != nullptr)
     {
-        app->m_pLogDlg = this;
-        m_pIDBManagerProvider = app->m_pIDBManagerProvider;
+        m_pIDBManagerProvider = m_pHost->TakePage(*this);
     }
     if (m_pIDBManagerProvider == nullptr)
     {

@@ -15,6 +15,7 @@
 
 class COleDateTime;
 class CLogFormDlg;
+class CPageHost;
 class CZPTLogBase;
 class IDBManagerProvider;
 enum class FirstInfo;
@@ -64,6 +65,7 @@ public:
     std::wstring m_strLogPath;
     std::wstring m_strLocalIp;
     CLogFormDlg* m_pParentForm = nullptr; // the form that hosts the page; null: there is no choice of logs
+    CPageHost* m_pHost = nullptr;         // lends the provider; null: there is none
 
 protected:
     static const MessageMap& Map();

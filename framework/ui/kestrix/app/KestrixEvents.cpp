@@ -2,14 +2,13 @@
 
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "framework/ui/kestrix/app/Kestrix.h"
-#include "framework/ui/kestrix/app/KestrixEventSinkObject.h"
 
 #include <new>
 
 bool CKestrixApp::InitializeEventObject()
 {
     VD_TRACE(Flow, L"[Enter] CKestrixApp::InitializeEventObject()...");
-    m_pEventSinkObject.reset(new (std::nothrow) CKestrixEventSinkObject(m_Module));
+    m_pEventSinkObject.reset(new (std::nothrow) CKestrixEventSinkObject(m_Module, *this));
     if (m_pEventSinkObject == nullptr)
     {
         VD_TRACE(Error, L"*** CKestrixApp::InitializeEventObject() - this->m_pEventSinkObject was invalid.");

@@ -133,6 +133,7 @@ void CLogFormDlg::HandValuesToPages()
     m_LogPage.m_bLogOnly = m_bLogOnly;
     m_LogPage.m_nReportSpan = m_nReportSpan;
     m_LogPage.m_pParentForm = this;
+    m_LogPage.m_pHost = m_pPageHost;
     m_LogPage.SetFormButtons(m_ExportButton, m_DeleteButton);
     m_ReportPage.m_nReportSpan = m_nReportSpan;
     m_ReportPage.m_pParentForm = this;

@@ -29,6 +29,7 @@ public:
     bool m_bIsLocal = false;
     bool m_bLogOnly = false;
     std::uint32_t m_nReportSpan = 0;
+    CPageHost* m_pPageHost = nullptr; // of the viewer page
 
 protected:
     static const MessageMap& Map();

@@ -77,6 +77,7 @@ FormTest::FormTest()
     m_form.m_strLogPath = m_folder.File(L"20261120.VLG");
     m_form.m_nLogType = LogTypeVirus;
     m_form.m_bLogOnly = true;
+    m_form.m_pPageHost = &m_app;
     WriteUtf16(m_form.m_strLogPath, L"x|0900|1048576|x|0|0|beta|C:\\b|4|1|0|0\r\n"
                                     L"x|1030|1048576|x|0|0|alpha|C:\\a|4|1|0|0\r\n"
                                     L"x|0930|1048576|x|0|0|gamma|C:\\c|4|1|0|0\r\n");

@@ -173,6 +173,14 @@ TEST_F(KestrixDlgDatabaseTest, WithoutAProviderThePageStaysEmpty)
     EXPECT_EQ(m_list.GetItemCount(), 0);
 }
 
+TEST_F(KestrixDlgDatabaseTest, WithoutAHostThereIsNoProvider)
+{
+    m_page.m_pHost = nullptr;
+    OpenPage();
+    EXPECT_EQ(m_page.m_nInitResult, FALSE);
+    EXPECT_EQ(ErrorCount(L"*** CKestrixDlg::OnInitDialog() - m_pIDBManagerProvider is NULL."), 1);
+}
+
 TEST_F(KestrixDlgDatabaseTest, ADayThatFailsToLoadIsTracedAndTheListPaintsAgainWithTheNextDayThatLoads)
 {
     m_database.AddDay(2026, 11, 20);

@@ -115,7 +115,7 @@ TEST_F(KestrixDlgTypesTest, ATypeWithoutAClassOutlivesEveryNotification)
     }
 }
 
-TEST_F(KestrixDlgTypesTest, TheApplicationKnowsThePage)
+TEST_F(KestrixDlgTypesTest, TheHostKnowsThePage)
 {
     OpenInForm({L"x|0900|1048576|x|0|0|beta|C:\\b|4|1|0|0"});
     EXPECT_EQ(m_app.m_pLogDlg, &m_page);

@@ -57,7 +57,7 @@ protected:
     }
 
     CKestrixModule m_module;
-    CKestrixEventSinkObject m_sink{m_module};
+    CKestrixEventSinkObject m_sink{m_module, m_app};
 };
 
 constexpr wchar_t Finish[] = L"CKestrixEventSinkObject::OnCommandEvents Finish";
@@ -163,17 +163,47 @@ TEST_F(EventSinkObjectTest, TheModuleCountsTheSinksThatLive)
 {
     EXPECT_EQ(m_module.GetLockCount(), 1);
     {
-        const CKestrixEventSinkObject second(m_module);
+        const CKestrixEventSinkObject second(m_module, m_app);
         EXPECT_EQ(m_module.GetLockCount(), 2);
     }
     EXPECT_EQ(m_module.GetLockCount(), 1);
 }
 
-TEST(EventSinkObject, WithoutTheViewersApplicationTheExitCommandEndsNothing)
+namespace
 {
-    const ImportPatch exit(__imp_ExitProcess, &ThrowExit);
+
+// Writes down what is asked of it among the traces, and ends nothing.
+class RecordingHost : public CEventHost
+{
+public:
+    explicit RecordingHost(const TraceRecorder& trace) : m_trace(trace) {}
+
+    void Exit() override { Note(L"Exit"); }
+
+    void RefreshPage() override { Note(L"RefreshPage"); }
+
+    // What was asked, each with the line that was traced last before it.
+    std::vector<Texts> m_asked;
+
+private:
+    void Note(const wchar_t* what) { m_asked.push_back({m_trace.Texts().back(), what}); }
+
+    const TraceRecorder& m_trace;
+};
+
+} // namespace
+
+TEST(EventSinkObject, AsksTheProgramToExitAfterTheTraceAndToRefreshBeforeIt)
+{
+    const TraceRecorder trace;
+    RecordingHost host(trace);
     CKestrixModule module;
-    CKestrixEventSinkObject sink(module);
-    EXPECT_EQ(sink.OnCommandEvents(EventOf(1, ~0U, 0)), 262656);
-    EXPECT_EQ(sink.OnCommandEvents(EventOf(4, 22, 1)), 262656);
+    CKestrixEventSinkObject sink(module, host);
+    sink.OnCommandEvents(EventOf(1, ~0U, 0));
+    sink.OnCommandEvents(EventOf(4, 22, 1));
+    EXPECT_EQ(host.m_asked,
+              (std::vector<Texts>{{Exit, L"Exit"},
+                                  {L"[Enter] CKestrixEventSinkObject::OnCommandEvents [event=4] [message type=22] "
+                                   L"[message sub type=1]",
+                                   L"RefreshPage"}}));
 }

@@ -38,6 +38,7 @@ PageTest::PageTest()
     m_parent.Create(L"STATIC", {}, WS_POPUP | WS_VISIBLE, {0, 0, 800, 600}, nullptr, 0);
     m_page.m_nLogType = LogTypeVirus;
     m_page.m_bLogOnly = true;
+    m_page.m_pHost = &m_app;
 }
 
 void PageTest::Open(const std::wstring& path)

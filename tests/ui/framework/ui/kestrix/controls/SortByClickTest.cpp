@@ -32,6 +32,7 @@ protected:
                          L"x|0930|1048576|x|0|0|gamma|p|2|1|0|0\r\n");
         m_page.m_strLogPath = path;
         m_page.m_bLogOnly = true;
+        m_page.m_pHost = &m_app;
         m_parent.CWnd::Create(L"STATIC", {}, WS_POPUP, {0, 0, 800, 600}, nullptr, 0);
         m_page.CDialog::Create(IDD_LOG_PAGE, &m_parent);
         m_list.Attach(m_page.GetDlgItem(IDC_RECORD_LIST));
