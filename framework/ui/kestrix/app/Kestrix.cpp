@@ -2,9 +2,11 @@
 
 #include "common/Frwk_Utility.h"
 #include "common/VdCommon/VdComn_DebugLog.h"
+#include "common/VdCommon/VdComn_Number.h"
 #include "common/VdCommon/VdComn_Storage.h"
+#include "framework/ui/kestrix/app/CommandLine.h"
 #include "framework/ui/kestrix/app/LogFormDlg.h"
-#include "framework/ui/kestrix/app/ViewerWindow.h"
+#include "framework/ui/kestrix/app/ReportSpan.h"
 
 #include <commctrl.h>
 
@@ -36,7 +38,7 @@ BOOL CKestrixApp::InitInstance()
     if (!CheckInstance())
     {
         VD_TRACE(Info, L"[InitInstance] Failed, Instance has already existed");
-        BringForward(FindViewerWindow());
+        CSingleInstance::BringOtherForward();
         return FALSE;
     }
     VD_TRACE(Info, L"cmd param: [%s]", m_strCmdLine);
@@ -49,8 +51,8 @@ BOOL CKestrixApp::InitInstance()
     {
         VD_TRACE(Error, L"*** CKestrixApp::InitInstance() - this->InitializeEventObject() failed.");
     }
-    bool limitReached = false;
-    if (!TakeLogCount(limitReached))
+    const CRunningCount::Answer count = m_RunningCount.Take(m_pszAppName);
+    if (count == CRunningCount::Answer::LimitIsShown)
     {
         return FALSE;
     }
@@ -59,7 +61,7 @@ BOOL CKestrixApp::InitInstance()
         VD_TRACE(Error, L"*** CKestrixApp::InitInstance() - InitializeOrlDbMgLibrary() failed. [0x%08x]", hr);
         return FALSE;
     }
-    RunForm(limitReached);
+    RunForm(count == CRunningCount::Answer::LimitReached);
     return FALSE;
 }
 
@@ -92,6 +94,71 @@ bool CKestrixApp::StartUserInterface()
     AfxOleGetMessageFilter().SetRetryReply(RetryForEver);
     m_nThreadID = GetCurrentThreadId();
     return true;
+}
+
+bool CKestrixApp::CheckInstance()
+{
+    return m_SingleInstance.Take();
+}
+
+bool CKestrixApp::ParseCommandLine()
+{
+    VD_TRACE(Flow, L"param: %s", m_strCmdLine);
+    if (m_strCmdLine.empty())
+    {
+        VD_TRACE(Error, L"[ZptLog] CmdLine length = 0");
+        return false;
+    }
+    const std::optional<CommandLine> line = CutCommandLine(m_strCmdLine);
+    if (!line)
+    {
+        VD_TRACE(Error, L"[ZptLog] No separater in CmdLine. [%s]", m_strCmdLine);
+        return false;
+    }
+    m_strLocalIp = line->localAddress;
+    m_strLogPath = line->logPath;
+    m_bLogOnly = true;
+
+    // The number was the report span once; the settings of the framework have replaced it.
+    m_nReportSpan = static_cast<std::uint32_t>(VdCommon::WideToInteger(line->number));
+    m_nReportSpan = GetReportSpan();
+
+    m_bIsLocal = IsLocalTarget(line->target);
+    VD_TRACE(Info, L"m_bIsLocal in command line: [%d], strTarget[%s] ZPT_LOG_TARGET_LOCAL[%s]", m_bIsLocal,
+             line->target, LocalTarget);
+    VD_TRACE(Info, L"Log type in command line: [%s]", line->logType);
+    m_nLogType = GetLogTypeFromCommandLine(line->logType);
+    return true;
+}
+
+std::uint32_t CKestrixApp::GetLogTypeFromCommandLine(const std::wstring& text)
+{
+    return LogTypeOfCode(text);
+}
+
+std::uint32_t CKestrixApp::GetReportSpan()
+{
+    return QueryReportSpan();
+}
+
+bool CKestrixApp::InitializeEventObject()
+{
+    return m_Events.Connect();
+}
+
+bool CKestrixApp::UninitializeEventObject()
+{
+    return m_Events.Disconnect();
+}
+
+HRESULT CKestrixApp::InitializeOrlDbMgLibrary()
+{
+    return m_DatabaseLibrary.Start(m_pIDBManagerProvider);
+}
+
+HRESULT CKestrixApp::UnInitializeOrlDbMgLibrary()
+{
+    return m_DatabaseLibrary.Stop(m_pIDBManagerProvider);
 }
 
 void CKestrixApp::RunForm(bool limitReached)
@@ -166,7 +233,7 @@ int CKestrixApp::ExitInstance()
     {
         VD_TRACE(Error, L"*** CKestrixApp::ExitInstance() - this->UninitializeEventObject() failed.");
     }
-    GiveLogCountBack();
+    m_RunningCount.GiveBack();
     if (const HRESULT hr = UnInitializeOrlDbMgLibrary(); FAILED(hr))
     {
         VD_TRACE(Error, L"*** CKestrixApp::ExitInstance() - UnInitializeOrlDbMgLibrary() failed. [0x%08x]", hr);

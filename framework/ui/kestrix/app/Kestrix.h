@@ -1,15 +1,14 @@
 #pragma once
 
-#include "common/SrvFrwk_LibOrlDbMg.h"
 #include "common/VdCommon/VdComn_MuiResource.h"
-#include "common/VdCommon/VdComn_Synchronize.h"
-#include "framework/ui/kestrix/app/KestrixEventSinkObject.h"
-#include "framework/ui/kestrix/app/KestrixModule.h"
+#include "framework/ui/kestrix/app/DatabaseLibrary.h"
+#include "framework/ui/kestrix/app/EventConnection.h"
+#include "framework/ui/kestrix/app/RunningCount.h"
+#include "framework/ui/kestrix/app/SingleInstance.h"
 #include "framework/ui/kestrix/app/page/PageHost.h"
 #include "platform/dialog/DialogFramework.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
 // The application: the first thing that runs, and the owner of all that lives as long as the process.
@@ -76,23 +75,14 @@ private:
 
     bool LoadResources();
     bool StartUserInterface();
-    bool TakeLogCount(bool& limitReached);
-    void GiveLogCountBack();
     void RunForm(bool limitReached);
 
-    HRESULT StartOrlDbMgLibrary();
-    HRESULT StopOrlDbMgLibrary();
-    HRESULT MakeProvider(IDBManagerProvider*& provider);
-    HRESULT StartProvider(IDBManagerProvider& provider);
-
-    CKestrixModule m_Module;
-    std::unique_ptr<CKestrixEventSinkObject> m_pEventSinkObject;
-    VdCommon::Synchronize::Mutex m_InstanceMutex;
-    std::unique_ptr<CSemaphore> m_pLogCountSemaphore; // as many counts as there may be viewers
-    UniqueKernelHandle m_hMaxCountMutex;              // exists while the message about the limit stands
-    bool m_bLogCountLocked = false;                   // one count is held
+    // What still stands when the application goes ends in the reverse of this order.
+    CSingleInstance m_SingleInstance;
+    CEventConnection m_Events{*this};
+    CRunningCount m_RunningCount;
     VdCommon::Library::MuiResource m_MuiResource;
-    SrvFrwk::Library::LibOrlDbMg cOrlDbMgLib;
+    CDatabaseLibrary m_DatabaseLibrary;
 
 public:
     IDBManagerProvider* m_pIDBManagerProvider = nullptr; // belongs to the library; null while there is none

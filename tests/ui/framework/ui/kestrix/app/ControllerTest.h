@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/ui/kestrix/app/Kestrix.h"
+#include "platform/dialog/Ole.h"
 #include "tests/support/ControllerDouble.h"
 #include "tests/support/TraceRecorder.h"
 
@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-// The application with a service framework of the test.
+// A service framework of the test.
 class ControllerTest : public ::testing::Test
 {
 protected:
@@ -28,7 +28,6 @@ protected:
     };
 
     const Apartment m_apartment;
-    CKestrixApp m_app;
     ControllerDouble m_controller;
     const TraceRecorder m_trace;
 };

@@ -225,41 +225,6 @@ TEST_F(ApplicationTest, ACommandLineThatIsTooShortEndsBeforeTheService)
     EXPECT_TRUE(Traced(Terminated));
 }
 
-TEST_F(ApplicationTest, AMaxLogCountOfZeroOrNoneAllowsFourteen)
-{
-    for (const bool stored : {false, true})
-    {
-        if (stored)
-        {
-            m_registry.SetNumber(EventLogKey, L"MaxLogCount", 0);
-        }
-        RunWithForm(
-            [](HWND)
-            {
-                CSemaphore semaphore(1, 1, L"Kestrix"); // opens that of the application
-                int left = 0;
-                while (semaphore.Lock(0))
-                {
-                    ++left;
-                }
-                EXPECT_EQ(left, 13);
-                for (; left > 0; --left)
-                {
-                    semaphore.Unlock();
-                }
-            });
-    }
-    EXPECT_FALSE(Traced(MaxCount));
-}
-
-TEST_F(ApplicationTest, AMaxLogCountThatNoSemaphoreCanHoldIsAsManyAsOneCan)
-{
-    m_registry.SetNumber(EventLogKey, L"MaxLogCount", 0xFFFFFFFF);
-    bool hadForm = false;
-    RunWithForm([&](HWND) { hadForm = true; });
-    EXPECT_TRUE(hadForm);
-}
-
 TEST_F(ApplicationTest, TheCountIsGivenBackAtTheEnd)
 {
     m_registry.SetNumber(EventLogKey, L"MaxLogCount", 1);

@@ -1,7 +1,11 @@
+#include "framework/ui/kestrix/app/CommandLine.h"
+
 #include "framework/ui/kestrix/app/Kestrix.h"
 #include "framework/ui/kestrix/logs/LogKinds.h"
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
 
 namespace
 {
@@ -17,6 +21,25 @@ struct Parsed
     CKestrixApp app;
     bool done;
 };
+
+TEST(CommandLine, EachFieldGoesToItsPlaceAndTheFifthToNone)
+{
+    const std::optional<CommandLine> line = CutCommandLine(L"target%|type%|address%|path%|unused%|number%|rest");
+    ASSERT_TRUE(line);
+    EXPECT_EQ(line->target, L"target");
+    EXPECT_EQ(line->logType, L"type");
+    EXPECT_EQ(line->localAddress, L"address");
+    EXPECT_EQ(line->logPath, L"path");
+    EXPECT_EQ(line->number, L"number%|rest");
+}
+
+TEST(CommandLine, ALineWithFewerThanFiveSeparatorsHasNoFields)
+{
+    for (const wchar_t* const line : {L"", L"a", L"%|", L"%|%|", L"%|%|%|", L"%|%|%|%|", L"a%|b%|c%|d%|e%"})
+    {
+        EXPECT_FALSE(CutCommandLine(line)) << std::filesystem::path(line);
+    }
+}
 
 TEST(CommandLine, LocalTargetWithCodeOneOpensTheVirusLogFromTheDatabase)
 {

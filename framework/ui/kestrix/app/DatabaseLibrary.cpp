@@ -1,12 +1,8 @@
-// The application's binding to the event-log database library. What was started is stopped in the reverse order, also
-// when a later step fails.
+#include "framework/ui/kestrix/app/DatabaseLibrary.h"
 
 #include "common/Frwk_Utility.h"
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "common/VdCommon/VdComn_FolderName.h"
-#include "framework/ui/kestrix/app/Kestrix.h"
-
-#include <utility>
 
 namespace
 {
@@ -16,15 +12,15 @@ constexpr auto NoProvider = static_cast<HRESULT>(0x80040205);
 
 } // namespace
 
-HRESULT CKestrixApp::InitializeOrlDbMgLibrary()
+HRESULT CDatabaseLibrary::Start(IDBManagerProvider*& provider)
 {
     VD_TRACE(Flow, L"[Enter] %s()...", L"CKestrixApp::InitializeOrlDbMgLibrary");
-    const HRESULT hr = StartOrlDbMgLibrary();
+    const HRESULT hr = Load(provider);
     VD_TRACE(Flow, L"[Leave] %s()...", L"CKestrixApp::InitializeOrlDbMgLibrary");
     return hr;
 }
 
-HRESULT CKestrixApp::StartOrlDbMgLibrary()
+HRESULT CDatabaseLibrary::Load(IDBManagerProvider*& provider)
 {
     if (cOrlDbMgLib.IsBound())
     {
@@ -37,34 +33,36 @@ HRESULT CKestrixApp::StartOrlDbMgLibrary()
         VD_TRACE(Error, L"*** CKestrixApp::InitializeOrlDbMgLibrary() - cOrlDbMgLib.Initialize() failed. [%s]", folder);
         return LibraryNotLoaded;
     }
+    const HRESULT hr = InitializeLibrary(provider);
+    if (FAILED(hr))
+    {
+        cOrlDbMgLib.Uninitialize();
+        return hr;
+    }
+    return OrlSuccess;
+}
+
+HRESULT CDatabaseLibrary::InitializeLibrary(IDBManagerProvider*& provider)
+{
     HRESULT hr = cOrlDbMgLib.Orl_Initialize(0, 0);
     if (FAILED(hr))
     {
         VD_TRACE(Error, L"*** CKestrixApp::InitializeOrlDbMgLibrary() - cOrlDbMgLib.Orl_Initialize() failed. [0x%08x]",
                  hr);
-        cOrlDbMgLib.Uninitialize();
         return hr;
     }
-    IDBManagerProvider* provider = nullptr;
     hr = MakeProvider(provider);
-    if (SUCCEEDED(hr))
-    {
-        hr = StartProvider(*provider);
-    }
     if (FAILED(hr))
     {
         cOrlDbMgLib.Orl_Uninitialize(0, 0);
-        cOrlDbMgLib.Uninitialize();
-        return hr;
     }
-    m_pIDBManagerProvider = provider;
-    return OrlSuccess;
+    return hr;
 }
 
-// Gives a provider when it succeeds.
-HRESULT CKestrixApp::MakeProvider(IDBManagerProvider*& provider)
+HRESULT CDatabaseLibrary::MakeProvider(IDBManagerProvider*& provider)
 {
-    const HRESULT hr = cOrlDbMgLib.Orl_CreateFunction(&provider, 0, 0);
+    IDBManagerProvider* made = nullptr;
+    HRESULT hr = cOrlDbMgLib.Orl_CreateFunction(&made, 0, 0);
     if (FAILED(hr))
     {
         VD_TRACE(Error,
@@ -72,16 +70,22 @@ HRESULT CKestrixApp::MakeProvider(IDBManagerProvider*& provider)
                  hr);
         return hr;
     }
-    if (provider == nullptr)
+    if (made == nullptr)
     {
         VD_TRACE(Error, L"*** CKestrixApp::InitializeOrlDbMgLibrary() - pIFunctionProvider was invalid.");
         return NoProvider;
     }
+    hr = StartProvider(*made);
+    if (FAILED(hr))
+    {
+        cOrlDbMgLib.Orl_FreeFunction(0, 0, 0);
+        return hr;
+    }
+    provider = made;
     return hr;
 }
 
-// Frees a provider that does not start.
-HRESULT CKestrixApp::StartProvider(IDBManagerProvider& provider)
+HRESULT CDatabaseLibrary::StartProvider(IDBManagerProvider& provider)
 {
     const HRESULT hr = provider.Initialize(0, 0);
     if (FAILED(hr))
@@ -90,27 +94,26 @@ HRESULT CKestrixApp::StartProvider(IDBManagerProvider& provider)
                  L"*** CKestrixApp::InitializeOrlDbMgLibrary() - pIFunctionProvider->Initialize() failed. [0x%08x]",
                  hr);
         provider.Uninitialize(0, 0);
-        cOrlDbMgLib.Orl_FreeFunction(0, 0, 0);
     }
     return hr;
 }
 
-HRESULT CKestrixApp::UnInitializeOrlDbMgLibrary()
+HRESULT CDatabaseLibrary::Stop(IDBManagerProvider*& provider)
 {
     VD_TRACE(Flow, L"[Enter] %s()...", L"CKestrixApp::UnInitializeOrlDbMgLibrary");
-    const HRESULT hr = StopOrlDbMgLibrary();
+    const HRESULT hr = EndProvider(provider);
     VD_TRACE(Flow, L"[Leave] %s()...", L"CKestrixApp::UnInitializeOrlDbMgLibrary");
     return hr;
 }
 
-HRESULT CKestrixApp::StopOrlDbMgLibrary()
+HRESULT CDatabaseLibrary::EndProvider(IDBManagerProvider*& provider)
 {
-    if (m_pIDBManagerProvider == nullptr)
+    if (provider == nullptr)
     {
         VD_TRACE(Error, L"*** CEventLogProvider::UnInitializeOrlDbMgLibrary() - m_pIDBManagerProvider is NULL.");
         return OrlSuccess;
     }
-    HRESULT hr = m_pIDBManagerProvider->Uninitialize(0, 0);
+    const HRESULT hr = provider->Uninitialize(0, 0);
     if (FAILED(hr))
     {
         VD_TRACE(Error,
@@ -119,13 +122,18 @@ HRESULT CKestrixApp::StopOrlDbMgLibrary()
                  hr);
         return hr;
     }
-    m_pIDBManagerProvider = nullptr;
+    provider = nullptr;
     if (!cOrlDbMgLib.IsBound())
     {
         VD_TRACE(Error, L"*** CEventLogProvider::UnInitializeOrlDbMgLibrary() - cOrlDbMgLib is not initialized.");
         return OrlSuccess;
     }
-    hr = cOrlDbMgLib.Orl_FreeFunction(0, 0, 0);
+    return Unload();
+}
+
+HRESULT CDatabaseLibrary::Unload()
+{
+    HRESULT hr = cOrlDbMgLib.Orl_FreeFunction(0, 0, 0);
     if (FAILED(hr))
     {
         VD_TRACE(Error,

@@ -1,14 +1,13 @@
-// The report span, which the service framework keeps in its active profile.
+#include "framework/ui/kestrix/app/ReportSpan.h"
 
 #include "common/DataConversion/Frwk_ComPrfReportSet.h"
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "common/VdFrwk.h"
-#include "framework/ui/kestrix/app/Kestrix.h"
+#include "platform/dialog/ComPtr.h"
 
 namespace
 {
 
-constexpr std::uint32_t DefaultReportSpan = 7;
 constexpr std::uint32_t ShortestReportSpan = 3;
 constexpr std::uint32_t LongestReportSpan = 30;
 
@@ -32,7 +31,13 @@ Frwk::DataTypes::PrfReportSet QueryReportSettings(IVdFrwkProfile& profile)
 
 } // namespace
 
-std::uint32_t CKestrixApp::GetReportSpan()
+std::uint32_t ReportSpanOf(std::uint32_t setting) noexcept
+{
+    const bool fits = setting >= ShortestReportSpan && setting <= LongestReportSpan;
+    return fits ? setting : DefaultReportSpan;
+}
+
+std::uint32_t QueryReportSpan()
 {
     VD_TRACE(Flow, L"[Enter] CKestrixApp::GetReportSpan()...");
     CComPtr<IVdFrwkLocalController> pLocalController;
@@ -53,6 +58,5 @@ std::uint32_t CKestrixApp::GetReportSpan()
     pLocalController.reset();
     VD_TRACE(Info, L"pProfile->QueryValue() Fre[%d], AlertFlag[%d]", settings.frequency, settings.alertFlag);
     VD_TRACE(Flow, L"[Leave] CKestrixApp::GetReportSpan()...");
-    const bool fits = settings.frequency >= ShortestReportSpan && settings.frequency <= LongestReportSpan;
-    return fits ? settings.frequency : DefaultReportSpan;
+    return ReportSpanOf(settings.frequency);
 }

@@ -1,7 +1,8 @@
 // One viewer in a session: what a second process does with the window of the first.
 
-#include "framework/ui/kestrix/app/Kestrix.h"
-#include "framework/ui/kestrix/app/ViewerWindow.h"
+#include "framework/ui/kestrix/app/SingleInstance.h"
+
+#include "platform/dialog/DialogFramework.h"
 #include "resource/resource.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/TraceRecorder.h"
@@ -19,7 +20,7 @@ constexpr wchar_t Restore[] = L"*** CKestrixApp::CheckInstance() - Restore iconi
 constexpr wchar_t Missing[] = L"*** CKestrixApp::CheckInstance() - Cannot find existed window handle!!";
 constexpr wchar_t Leave[] = L"[Leave] CKestrixApp::CheckInstance()...";
 
-class InstanceTest : public ::testing::Test
+class SingleInstanceTest : public ::testing::Test
 {
 protected:
     // A window that could be that of the first viewer.
@@ -37,73 +38,74 @@ protected:
 
 } // namespace
 
-TEST_F(InstanceTest, TheFirstIsAloneUntilItGoes)
+TEST_F(SingleInstanceTest, TheFirstIsAloneUntilItGoes)
 {
     {
-        CKestrixApp first;
-        EXPECT_TRUE(first.CheckInstance());
+        CSingleInstance first;
+        EXPECT_TRUE(first.Take());
         EXPECT_EQ(m_trace.Texts(), (Texts{Enter, Leave}));
-        CKestrixApp second;
-        EXPECT_FALSE(second.CheckInstance());
+        CSingleInstance second;
+        EXPECT_FALSE(second.Take());
     }
-    CKestrixApp third;
-    EXPECT_TRUE(third.CheckInstance());
+    CSingleInstance third;
+    EXPECT_TRUE(third.Take());
 }
 
-TEST_F(InstanceTest, ASecondThatFindsNoWindowTellsSo)
+TEST_F(SingleInstanceTest, ASecondThatFindsNoWindowTellsSo)
 {
-    CKestrixApp first;
-    ASSERT_TRUE(first.CheckInstance());
+    CSingleInstance first;
+    ASSERT_TRUE(first.Take());
     m_trace.Clear();
     OpenWindow(Text(IDS_FORM_TITLE) + L" ");
-    CKestrixApp second;
-    EXPECT_FALSE(second.CheckInstance());
+    CSingleInstance second;
+    EXPECT_FALSE(second.Take());
     EXPECT_EQ(m_trace.Texts(), (Texts{Enter, Exists, Missing, Leave}));
     EXPECT_EQ(m_trace.Errors(), Texts{Missing});
     EXPECT_FALSE(IsIconic());
 }
 
-TEST_F(InstanceTest, ASecondMinimisesAnOpenWindowAndThenRestoresIt)
+TEST_F(SingleInstanceTest, ASecondMinimisesAnOpenWindowAndThenRestoresIt)
 {
-    CKestrixApp first;
-    ASSERT_TRUE(first.CheckInstance());
+    CSingleInstance first;
+    ASSERT_TRUE(first.Take());
     m_trace.Clear();
     OpenWindow(Text(IDS_FORM_TITLE));
-    CKestrixApp second;
-    EXPECT_FALSE(second.CheckInstance());
+    CSingleInstance second;
+    EXPECT_FALSE(second.Take());
     EXPECT_TRUE(IsIconic());
     EXPECT_EQ(m_trace.Texts(), (Texts{Enter, Exists, Restore, Leave}));
     EXPECT_EQ(m_trace.Texts(VdCommon::TraceLevel::Info), (Texts{Exists, Restore}));
 
-    BringForward(FindViewerWindow());
+    CSingleInstance::BringOtherForward();
     EXPECT_FALSE(IsIconic());
     EXPECT_EQ(m_trace.Texts().back(), L"instance is found");
 }
 
-TEST_F(InstanceTest, ASecondRestoresAMinimisedWindow)
+TEST_F(SingleInstanceTest, ASecondRestoresAMinimisedWindow)
 {
-    CKestrixApp first;
-    ASSERT_TRUE(first.CheckInstance());
+    CSingleInstance first;
+    ASSERT_TRUE(first.Take());
     OpenWindow(Text(IDS_FORM_TITLE));
     m_window.ShowWindow(SW_MINIMIZE);
     ASSERT_TRUE(IsIconic());
-    CKestrixApp second;
-    EXPECT_FALSE(second.CheckInstance());
+    CSingleInstance second;
+    EXPECT_FALSE(second.Take());
     EXPECT_FALSE(IsIconic());
-    BringForward(FindViewerWindow());
+    CSingleInstance::BringOtherForward();
     EXPECT_FALSE(IsIconic());
 }
 
-TEST_F(InstanceTest, NoWindowIsBroughtForwardWhereThereIsNone)
+TEST_F(SingleInstanceTest, NoWindowIsBroughtForwardWhereThereIsNone)
 {
-    EXPECT_EQ(FindViewerWindow(), nullptr);
-    BringForward(nullptr);
+    CSingleInstance::BringOtherForward();
     EXPECT_EQ(m_trace.Texts(), Texts{});
 }
 
-TEST(Instance, WithoutTextsNoWindowIsTakenForAViewer)
+TEST(SingleInstance, WithoutTextsNoWindowIsTakenForAViewer)
 {
+    const TraceRecorder trace;
     CWnd untitled;
     untitled.Create(L"STATIC", {}, WS_OVERLAPPEDWINDOW | WS_VISIBLE, {50, 50, 350, 250}, nullptr, 0);
-    EXPECT_EQ(FindViewerWindow(), nullptr);
+    CSingleInstance::BringOtherForward();
+    EXPECT_EQ(trace.Texts(), Texts{});
 }

@@ -1,4 +1,6 @@
-#include "framework/ui/kestrix/app/Kestrix.h"
+#include "framework/ui/kestrix/app/DatabaseLibrary.h"
+
+#include "platform/dialog/UniqueHandle.h"
 #include "tests/support/ImportPatch.h"
 #include "tests/support/OrlLibraryDouble.h"
 #include "tests/support/RegistrySandbox.h"
@@ -16,10 +18,10 @@ using Calls = std::vector<std::string>;
 constexpr auto Refused = static_cast<HRESULT>(0x80040299);
 constexpr HRESULT Success = 262656;
 
-class LibraryTest : public ::testing::Test
+class DatabaseLibraryTest : public ::testing::Test
 {
 protected:
-    LibraryTest() { InstallAt(m_library.Folder()); }
+    DatabaseLibraryTest() { InstallAt(m_library.Folder()); }
 
     void InstallAt(const std::wstring& folder)
     {
@@ -46,7 +48,7 @@ protected:
     // Starts the library, which is to work, and forgets what that did.
     void Start()
     {
-        ASSERT_EQ(m_app.InitializeOrlDbMgLibrary(), Success);
+        ASSERT_EQ(m_database.Start(m_pProvider), Success);
         m_library.State().count = 0;
         m_trace.Clear();
     }
@@ -54,19 +56,20 @@ protected:
     const RegistrySandbox m_registry;
     const OrlLibraryDouble m_library;
     TraceRecorder m_trace;
-    CKestrixApp m_app;
+    CDatabaseLibrary m_database;
+    IDBManagerProvider* m_pProvider = nullptr;
 };
 
 } // namespace
 
-TEST_F(LibraryTest, StartsInOrderAndEndsInTheReverse)
+TEST_F(DatabaseLibraryTest, StartsInOrderAndEndsInTheReverse)
 {
     const long before = LiveModules();
-    EXPECT_EQ(m_app.InitializeOrlDbMgLibrary(), Success);
-    EXPECT_NE(m_app.m_pIDBManagerProvider, nullptr);
+    EXPECT_EQ(m_database.Start(m_pProvider), Success);
+    EXPECT_NE(m_pProvider, nullptr);
     EXPECT_EQ(LiveModules(), before + 1);
-    EXPECT_EQ(m_app.UnInitializeOrlDbMgLibrary(), Success);
-    EXPECT_EQ(m_app.m_pIDBManagerProvider, nullptr);
+    EXPECT_EQ(m_database.Stop(m_pProvider), Success);
+    EXPECT_EQ(m_pProvider, nullptr);
     EXPECT_EQ(LiveModules(), before);
     EXPECT_EQ(m_library.Calls(), (Calls{"Orl_Initialize", "Orl_CreateFunction", "provider Initialize",
                                         "provider Uninitialize", "Orl_FreeFunction", "Orl_Uninitialize"}));
@@ -76,151 +79,148 @@ TEST_F(LibraryTest, StartsInOrderAndEndsInTheReverse)
                                       L"[Leave] CKestrixApp::UnInitializeOrlDbMgLibrary()..."}));
 }
 
-TEST_F(LibraryTest, ASecondStartDoesNothingAndReportsSuccess)
+TEST_F(DatabaseLibraryTest, ASecondStartDoesNothingAndReportsSuccess)
 {
     Start();
-    IDBManagerProvider* const provider = m_app.m_pIDBManagerProvider;
-    EXPECT_EQ(m_app.InitializeOrlDbMgLibrary(), Success);
-    EXPECT_EQ(m_app.m_pIDBManagerProvider, provider);
+    IDBManagerProvider* const provider = m_pProvider;
+    EXPECT_EQ(m_database.Start(m_pProvider), Success);
+    EXPECT_EQ(m_pProvider, provider);
     EXPECT_EQ(m_library.Calls(), Calls{});
     ExpectStartError(L"cOrlDbMgLib.Initialize() already initialized.");
 }
 
-TEST_F(LibraryTest, WithoutTheLibraryTheFolderIsTracedWithItsSeparator)
+TEST_F(DatabaseLibraryTest, WithoutTheLibraryTheFolderIsTracedWithItsSeparator)
 {
     const TemporaryFolder folder;
     InstallAt(folder.Path().wstring());
-    EXPECT_EQ(m_app.InitializeOrlDbMgLibrary(), static_cast<HRESULT>(0x80040240));
-    EXPECT_EQ(m_app.m_pIDBManagerProvider, nullptr);
+    EXPECT_EQ(m_database.Start(m_pProvider), static_cast<HRESULT>(0x80040240));
+    EXPECT_EQ(m_pProvider, nullptr);
     EXPECT_EQ(m_trace.Errors(), (Texts{L"*** LibOrlDbMg::Initialize() - InitializeLibrary() failed. [0x0000007e]",
                                        L"*** CKestrixApp::InitializeOrlDbMgLibrary() - cOrlDbMgLib.Initialize() "
                                        L"failed. [" +
                                            folder.Path().wstring() + L"\\]"}));
 }
 
-TEST_F(LibraryTest, WithoutAnInstalledFolderThePlatformLooksForTheLibrary)
+TEST_F(DatabaseLibraryTest, WithoutAnInstalledFolderThePlatformLooksForTheLibrary)
 {
     InstallAt(L"");
-    EXPECT_EQ(m_app.InitializeOrlDbMgLibrary(), Success); // that of the test is loaded already
+    EXPECT_EQ(m_database.Start(m_pProvider), Success); // that of the test is loaded already
     EXPECT_EQ(m_library.Calls().size(), 3u);
 }
 
-TEST_F(LibraryTest, ALibraryThatLacksAnExportStaysLoadedUntilTheApplicationGoes)
+TEST_F(DatabaseLibraryTest, ALibraryThatLacksAnExportStaysLoadedUntilTheObjectGoes)
 {
     const OrlLibraryDouble incomplete(L"incomplete");
     InstallAt(incomplete.Folder() + L"\\");
     const long before = LiveModules();
     {
-        CKestrixApp app;
-        EXPECT_EQ(app.InitializeOrlDbMgLibrary(), static_cast<HRESULT>(0x80040240));
+        CDatabaseLibrary database;
+        EXPECT_EQ(database.Start(m_pProvider), static_cast<HRESULT>(0x80040240));
         EXPECT_EQ(LiveModules(), before + 1);
         EXPECT_EQ(m_trace.Errors()[0], L"*** LibOrlDbMg::Initialize() - InitializeLibrary() failed. [0x0000007f]");
-        EXPECT_EQ(app.UnInitializeOrlDbMgLibrary(), Success);
+        EXPECT_EQ(database.Stop(m_pProvider), Success);
         EXPECT_EQ(LiveModules(), before + 1);
     }
     EXPECT_EQ(LiveModules(), before);
     EXPECT_EQ(incomplete.Calls(), Calls{});
 }
 
-TEST_F(LibraryTest, ALibraryThatDoesNotInitializeIsUnloadedAndALaterAttemptStartsAfresh)
+TEST_F(DatabaseLibraryTest, ALibraryThatDoesNotInitializeIsUnloadedAndALaterAttemptStartsAfresh)
 {
     const long before = LiveModules();
     m_library.State().initialize = Refused;
-    EXPECT_EQ(m_app.InitializeOrlDbMgLibrary(), Refused);
+    EXPECT_EQ(m_database.Start(m_pProvider), Refused);
     EXPECT_EQ(m_library.Calls(), Calls{"Orl_Initialize"});
     EXPECT_EQ(LiveModules(), before);
     ExpectStartError(L"cOrlDbMgLib.Orl_Initialize() failed. [0x80040299]");
 
     m_library.State().initialize = Success;
     Start();
-    EXPECT_NE(m_app.m_pIDBManagerProvider, nullptr);
+    EXPECT_NE(m_pProvider, nullptr);
 }
 
-TEST_F(LibraryTest, AProviderThatCannotBeMadeIsNotTakenEvenWhenItIsGiven)
+TEST_F(DatabaseLibraryTest, AProviderThatCannotBeMadeIsNotTakenEvenWhenItIsGiven)
 {
     const long before = LiveModules();
     m_library.State().create = Refused;
-    EXPECT_EQ(m_app.InitializeOrlDbMgLibrary(), Refused);
-    EXPECT_EQ(m_app.m_pIDBManagerProvider, nullptr);
+    EXPECT_EQ(m_database.Start(m_pProvider), Refused);
+    EXPECT_EQ(m_pProvider, nullptr);
     EXPECT_EQ(m_library.Calls(), (Calls{"Orl_Initialize", "Orl_CreateFunction", "Orl_Uninitialize"}));
     EXPECT_EQ(LiveModules(), before);
     ExpectStartError(L"cOrlUtilLib.Orl_CreateFunction() failed. [0x80040299]");
 }
 
-TEST_F(LibraryTest, AProviderThatIsMadeAndNotGivenIsAFailure)
+TEST_F(DatabaseLibraryTest, AProviderThatIsMadeAndNotGivenIsAFailure)
 {
     const long before = LiveModules();
     m_library.State().givesProvider = false;
-    EXPECT_EQ(m_app.InitializeOrlDbMgLibrary(), static_cast<HRESULT>(0x80040205));
+    EXPECT_EQ(m_database.Start(m_pProvider), static_cast<HRESULT>(0x80040205));
     EXPECT_EQ(m_library.Calls(), (Calls{"Orl_Initialize", "Orl_CreateFunction", "Orl_Uninitialize"}));
     EXPECT_EQ(LiveModules(), before);
     ExpectStartError(L"pIFunctionProvider was invalid.");
 }
 
-TEST_F(LibraryTest, AProviderThatDoesNotStartIsEndedAndFreed)
+TEST_F(DatabaseLibraryTest, AProviderThatDoesNotStartIsEndedAndFreed)
 {
     const long before = LiveModules();
     m_library.State().providerInitialize = Refused;
-    EXPECT_EQ(m_app.InitializeOrlDbMgLibrary(), Refused);
-    EXPECT_EQ(m_app.m_pIDBManagerProvider, nullptr);
+    EXPECT_EQ(m_database.Start(m_pProvider), Refused);
+    EXPECT_EQ(m_pProvider, nullptr);
     EXPECT_EQ(m_library.Calls(), (Calls{"Orl_Initialize", "Orl_CreateFunction", "provider Initialize",
                                         "provider Uninitialize", "Orl_FreeFunction", "Orl_Uninitialize"}));
     EXPECT_EQ(LiveModules(), before);
     ExpectStartError(L"pIFunctionProvider->Initialize() failed. [0x80040299]");
 }
 
-TEST_F(LibraryTest, TheEndWithoutAProviderIsHarmless)
+TEST_F(DatabaseLibraryTest, TheEndWithoutAProviderIsHarmless)
 {
-    EXPECT_EQ(m_app.UnInitializeOrlDbMgLibrary(), Success);
+    EXPECT_EQ(m_database.Stop(m_pProvider), Success);
     EXPECT_EQ(m_library.Calls(), Calls{});
     ExpectEndError(L"m_pIDBManagerProvider is NULL.");
 }
 
-TEST_F(LibraryTest, AProviderThatDoesNotEndIsKept)
+TEST_F(DatabaseLibraryTest, AProviderThatDoesNotEndIsKept)
 {
     Start();
     m_library.State().providerUninitialize = Refused;
-    EXPECT_EQ(m_app.UnInitializeOrlDbMgLibrary(), Refused);
-    EXPECT_NE(m_app.m_pIDBManagerProvider, nullptr);
+    EXPECT_EQ(m_database.Stop(m_pProvider), Refused);
+    EXPECT_NE(m_pProvider, nullptr);
     EXPECT_EQ(m_library.Calls(), Calls{"provider Uninitialize"});
     ExpectEndError(L"m_pIDBManagerProvider->Uninitialize() failed. [0x80040299]");
 }
 
-TEST_F(LibraryTest, AProviderWithoutABoundLibraryIsEndedAlone)
+TEST_F(DatabaseLibraryTest, AProviderWithoutABoundLibraryIsEndedAlone)
 {
-    IDBManagerProvider* provider = nullptr;
     {
-        CKestrixApp other;
-        ASSERT_EQ(other.InitializeOrlDbMgLibrary(), Success);
-        provider = other.m_pIDBManagerProvider;
+        CDatabaseLibrary other;
+        ASSERT_EQ(other.Start(m_pProvider), Success);
     }
     m_trace.Clear();
     m_library.State().count = 0;
-    m_app.m_pIDBManagerProvider = provider; // lent by somebody else
-    EXPECT_EQ(m_app.UnInitializeOrlDbMgLibrary(), Success);
-    EXPECT_EQ(m_app.m_pIDBManagerProvider, nullptr);
+    EXPECT_EQ(m_database.Stop(m_pProvider), Success);
+    EXPECT_EQ(m_pProvider, nullptr);
     EXPECT_EQ(m_library.Calls(), Calls{"provider Uninitialize"});
     ExpectEndError(L"cOrlDbMgLib is not initialized.");
 }
 
-TEST_F(LibraryTest, AProviderThatCannotBeFreedLeavesTheLibraryLoaded)
+TEST_F(DatabaseLibraryTest, AProviderThatCannotBeFreedLeavesTheLibraryLoaded)
 {
     const long before = LiveModules();
     Start();
     m_library.State().free = Refused;
-    EXPECT_EQ(m_app.UnInitializeOrlDbMgLibrary(), Refused);
-    EXPECT_EQ(m_app.m_pIDBManagerProvider, nullptr);
+    EXPECT_EQ(m_database.Stop(m_pProvider), Refused);
+    EXPECT_EQ(m_pProvider, nullptr);
     EXPECT_EQ(m_library.Calls(), (Calls{"provider Uninitialize", "Orl_FreeFunction"}));
     EXPECT_EQ(LiveModules(), before + 1);
     ExpectEndError(L"cOrlDbMgLib.Orl_FreeFunction() failed. [0x80040299]");
 }
 
-TEST_F(LibraryTest, ALibraryThatDoesNotUninitializeStaysLoaded)
+TEST_F(DatabaseLibraryTest, ALibraryThatDoesNotUninitializeStaysLoaded)
 {
     const long before = LiveModules();
     Start();
     m_library.State().uninitialize = Refused;
-    EXPECT_EQ(m_app.UnInitializeOrlDbMgLibrary(), Refused);
+    EXPECT_EQ(m_database.Stop(m_pProvider), Refused);
     EXPECT_EQ(m_library.Calls(), (Calls{"provider Uninitialize", "Orl_FreeFunction", "Orl_Uninitialize"}));
     EXPECT_EQ(LiveModules(), before + 1);
     ExpectEndError(L"cOrlDbMgLib.Orl_Uninitialize() failed. [0x80040299]");
@@ -239,11 +239,11 @@ BOOL WINAPI RefuseToFree(HMODULE)
 
 extern "C" decltype(&::FreeLibrary) __imp_FreeLibrary;
 
-TEST_F(LibraryTest, ALibraryThatCannotBeUnloadedIsTracedAlone)
+TEST_F(DatabaseLibraryTest, ALibraryThatCannotBeUnloadedIsTracedAlone)
 {
     Start();
     const ImportPatch busy(__imp_FreeLibrary, &RefuseToFree);
-    EXPECT_EQ(m_app.UnInitializeOrlDbMgLibrary(), Success);
+    EXPECT_EQ(m_database.Stop(m_pProvider), Success);
     EXPECT_EQ(m_trace.Errors(),
               (Texts{L"*** LibOrlDbMg::Uninitialize() - UnInitializeLibrary() failed. [0x000000aa]",
                      L"*** CEventLogProvider::UnInitializeOrlDbMgLibrary() - cOrlDbMgLib.Uninitialize() failed."}));

@@ -1,3 +1,6 @@
+#include "framework/ui/kestrix/app/ReportSpan.h"
+
+#include "framework/ui/kestrix/app/Kestrix.h"
 #include "tests/ui/framework/ui/kestrix/app/ControllerTest.h"
 
 #include <oleauto.h>
@@ -27,7 +30,7 @@ protected:
     std::uint32_t SpanOf(LONG frequency)
     {
         AnswerWith({frequency, 1, 2});
-        return m_app.GetReportSpan();
+        return QueryReportSpan();
     }
 
     Texts Leave(const wchar_t* values) const
@@ -60,7 +63,7 @@ TEST_F(ReportSpanTest, TwoAndThirtyOneGiveSevenWhileThreeAndThirtyAreKept)
 TEST_F(ReportSpanTest, ANumberOfAnotherTypeReadsAsZeroAndEndsTheReading)
 {
     AnswerWith({12, 5, 2}, VT_I4);
-    EXPECT_EQ(m_app.GetReportSpan(), 7u);
+    EXPECT_EQ(QueryReportSpan(), 7u);
     EXPECT_EQ(m_trace.Errors(), Texts{L"*** VariantArray::GetValue() - Specified element was not VT_UI4."});
     EXPECT_EQ(m_trace.Texts().end()[-2], L"pProfile->QueryValue() Fre[0], AlertFlag[0]");
 }
@@ -68,7 +71,7 @@ TEST_F(ReportSpanTest, ANumberOfAnotherTypeReadsAsZeroAndEndsTheReading)
 TEST_F(ReportSpanTest, AReadThatFailsBehindTheFrequencyLeavesTheFrequency)
 {
     AnswerWith({12}); // the two others stay empty
-    EXPECT_EQ(m_app.GetReportSpan(), 12u);
+    EXPECT_EQ(QueryReportSpan(), 12u);
     EXPECT_EQ(m_trace.Texts().end()[-2], L"pProfile->QueryValue() Fre[12], AlertFlag[0]");
 }
 
@@ -80,7 +83,7 @@ TEST_F(ReportSpanTest, AProfileThatTakesTheArrayAwayGivesSeven)
         *array = nullptr;
         return S_OK;
     };
-    EXPECT_EQ(m_app.GetReportSpan(), 7u);
+    EXPECT_EQ(QueryReportSpan(), 7u);
 }
 
 TEST_F(ReportSpanTest, AProfileMayReplaceTheArrayByAShorterOne)
@@ -95,38 +98,39 @@ TEST_F(ReportSpanTest, AProfileMayReplaceTheArrayByAShorterOne)
         element.ulVal = 9;
         return SafeArrayPutElement(*array, &first, &element);
     };
-    EXPECT_EQ(m_app.GetReportSpan(), 9u);
+    EXPECT_EQ(QueryReportSpan(), 9u);
 }
 
 TEST_F(ReportSpanTest, TheResultOfTheQueryIsNotLookedAt)
 {
     m_controller.Fail(Step::Query, Refused);
-    EXPECT_EQ(m_app.GetReportSpan(), 7u);
+    EXPECT_EQ(QueryReportSpan(), 7u);
     EXPECT_EQ(m_trace.Texts().back(), L"[Leave] CKestrixApp::GetReportSpan()...");
 }
 
 TEST_F(ReportSpanTest, WithoutAControllerTheSpanIsSeven)
 {
     m_controller.Fail(Step::Create, Refused);
-    EXPECT_EQ(m_app.GetReportSpan(), 7u);
+    EXPECT_EQ(QueryReportSpan(), 7u);
     m_controller.GiveNothing(Step::Create);
-    EXPECT_EQ(m_app.GetReportSpan(), 7u);
+    EXPECT_EQ(QueryReportSpan(), 7u);
     EXPECT_EQ(m_trace.Errors(), (Texts(2, L"pLocalController.CoCreateInstance() failed.")));
 }
 
 TEST_F(ReportSpanTest, WithoutAnActiveProfileTheSpanIsSeven)
 {
     m_controller.Fail(Step::Profile, Refused);
-    EXPECT_EQ(m_app.GetReportSpan(), 7u);
+    EXPECT_EQ(QueryReportSpan(), 7u);
     m_controller.GiveNothing(Step::Profile);
-    EXPECT_EQ(m_app.GetReportSpan(), 7u);
+    EXPECT_EQ(QueryReportSpan(), 7u);
     EXPECT_EQ(m_trace.Errors(), (Texts(2, L"pLocalController->GetActiveProfile() failed.")));
 }
 
 TEST_F(ReportSpanTest, TheCommandLinesNumberIsNotTheSpan)
 {
     AnswerWith({12, 0, 0});
-    m_app.m_strCmdLine = L"LocalLog%|1%|%|%|%|20";
-    ASSERT_TRUE(m_app.ParseCommandLine());
-    EXPECT_EQ(m_app.m_nReportSpan, 12u);
+    CKestrixApp app;
+    app.m_strCmdLine = L"LocalLog%|1%|%|%|%|20";
+    ASSERT_TRUE(app.ParseCommandLine());
+    EXPECT_EQ(app.m_nReportSpan, 12u);
 }

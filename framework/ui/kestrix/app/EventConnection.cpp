@@ -1,21 +1,29 @@
-// The application's event sink.
+#include "framework/ui/kestrix/app/EventConnection.h"
 
 #include "common/VdCommon/VdComn_DebugLog.h"
-#include "framework/ui/kestrix/app/Kestrix.h"
 
 #include <new>
 
-bool CKestrixApp::InitializeEventObject()
+CEventConnection::~CEventConnection()
+{
+    if (m_bConnected)
+    {
+        m_pEventSinkObject->Uninitialize();
+    }
+}
+
+bool CEventConnection::Connect()
 {
     VD_TRACE(Flow, L"[Enter] CKestrixApp::InitializeEventObject()...");
-    m_pEventSinkObject.reset(new (std::nothrow) CKestrixEventSinkObject(m_Module, *this));
+    m_pEventSinkObject.reset(new (std::nothrow) CKestrixEventSinkObject(m_Module, m_Host));
     if (m_pEventSinkObject == nullptr)
     {
         VD_TRACE(Error, L"*** CKestrixApp::InitializeEventObject() - this->m_pEventSinkObject was invalid.");
         return false;
     }
     const HRESULT hr = m_pEventSinkObject->Initialize();
-    if (FAILED(hr))
+    m_bConnected = SUCCEEDED(hr);
+    if (!m_bConnected)
     {
         VD_TRACE(Error,
                  L"*** CKestrixApp::InitializeEventObject() - this->m_pEventSinkObject->Initialize() failed. "
@@ -27,7 +35,7 @@ bool CKestrixApp::InitializeEventObject()
     return true;
 }
 
-bool CKestrixApp::UninitializeEventObject()
+bool CEventConnection::Disconnect()
 {
     VD_TRACE(Flow, L"[Enter] CKestrixApp::UninitializeEventObject()...");
     if (m_pEventSinkObject == nullptr)
@@ -35,6 +43,7 @@ bool CKestrixApp::UninitializeEventObject()
         VD_TRACE(Error, L"*** CKestrixApp::UninitializeEventObject() - this->m_pEventSinkObject was invalid.");
         return false;
     }
+    m_bConnected = false;
     const HRESULT hr = m_pEventSinkObject->Uninitialize();
     if (FAILED(hr))
     {
