@@ -5,7 +5,7 @@ import re
 
 import lint
 
-# From the bottom up. A file belongs to the layer with the longest folder that holds it, and may include its own layer
+# From the bottom up. A file belongs to the layer with the longest beginning of its path, and may include its own layer
 # and those above it in this list.
 LAYERS = (
     "platform/dialog/",
@@ -15,6 +15,11 @@ LAYERS = (
     "framework/ui/kestrix/logs/",
     "framework/ui/kestrix/report/",
     "framework/ui/kestrix/app/",
+    "framework/ui/kestrix/app/page/",
+    "framework/ui/kestrix/app/KestrixDlg",
+    "framework/ui/kestrix/app/LogForm",
+    "framework/ui/kestrix/app/Kestrix.",
+    "framework/ui/kestrix/app/Main.",
 )
 
 # The numbers of the language file belong to no layer.
@@ -31,7 +36,7 @@ def layer_of(path):
     """The number of a product file's layer, or None for all other files."""
     if path in INTERFACES:
         return 0
-    inside = [folder for folder in LAYERS if path.startswith(folder)]
+    inside = [beginning for beginning in LAYERS if path.startswith(beginning)]
     return LAYERS.index(max(inside, key=len)) if inside else None
 
 

@@ -62,6 +62,15 @@ class Includes(Tree):
         self.write("framework/ui/kestrix/logs/Log.cpp", '\n#include "framework/ui/kestrix/app/Page.h"\n')
         self.expect_hit("framework/ui/kestrix/logs/Log.cpp:2: ", "lint_includes")
 
+    def test_page_sees_its_parts_and_not_the_application(self):
+        self.write("framework/ui/kestrix/app/Kestrix.h", "")
+        self.write("framework/ui/kestrix/app/page/Part.h", "")
+        self.write("framework/ui/kestrix/app/KestrixDlg.cpp",
+                   '#include "framework/ui/kestrix/app/page/Part.h"\n#include "framework/ui/kestrix/app/Page.h"\n')
+        self.expect_clean("lint_includes")
+        self.write("framework/ui/kestrix/app/KestrixDlg.cpp", '#include "framework/ui/kestrix/app/Kestrix.h"\n')
+        self.expect_hit("framework/ui/kestrix/app/KestrixDlg.cpp:1: ", "lint_includes")
+
     def test_foundation_does_not_see_its_neighbour_above(self):
         self.write("common/VdCommon/Text.cpp", '#include "common/Utility.h"\n')
         self.expect_hit("common/VdCommon/Text.cpp:1: ", "lint_includes")
