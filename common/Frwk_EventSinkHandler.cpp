@@ -109,21 +109,17 @@ HRESULT EventSinkHandler::Disconnect()
     return hr;
 }
 
-// Leaves no stub of this object behind a service that died.
+// Lets no stub of this object outlive a service that died.
 void EventSinkHandler::ForceDisconnect()
 {
     CComPtr<IUnknown> own;
-    HRESULT hr = GetOwnUnknown(own);
+    const HRESULT hr = GetOwnUnknown(own);
     if (FAILED(hr))
     {
         VD_TRACE(Error, L"*** EventSinkHandler::ForceDisconnect() - this->QueryInterface() was failed. [0x%08x]", hr);
         return;
     }
-    hr = ::CoDisconnectObject(own.get(), 0);
-    if (FAILED(hr))
-    {
-        VD_TRACE(Error, L"*** EventSinkHandler::ForceDisconnect() - ::CoDisconnectObject() failed. [0x%08x]", hr);
-    }
+    ::CoDisconnectObject(own.get(), 0);
 }
 
 HRESULT EventSinkHandler::GetOwnUnknown(CComPtr<IUnknown>& own)

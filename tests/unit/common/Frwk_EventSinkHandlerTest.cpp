@@ -322,6 +322,26 @@ TEST_F(EventSinkHandlerTest, WithoutItsOwnInterfaceUninitializeStillDisconnectsB
     EXPECT_EQ(sink.Uninitialize(), S_OK);
 }
 
+namespace
+{
+
+HRESULT STDAPICALLTYPE RefuseToDisconnect(IUnknown*, DWORD)
+{
+    return Refused;
+}
+
+} // namespace
+
+// An error line of our own stood in the trace.
+TEST_F(EventSinkHandlerTest, ACutThatFailsIsPassedOver)
+{
+    RecordingSink sink(CommandEvents);
+    ASSERT_EQ(sink.Initialize(), S_OK);
+    const ImportPatch refusing(__imp_CoDisconnectObject, &RefuseToDisconnect);
+    EXPECT_EQ(sink.Uninitialize(), S_OK);
+    EXPECT_EQ(m_trace.Errors(), Texts{});
+}
+
 TEST_F(EventSinkHandlerTest, UninitializeCutsOffWhatOtherProcessesHoldOfTheSink)
 {
     RecordingSink sink(CommandEvents);

@@ -42,19 +42,15 @@ CRunningCount::Answer CRunningCount::Take(const std::wstring& name)
         return Answer::LimitIsShown;
     }
     m_hMaxCountMutex.reset(::CreateMutexW(nullptr, TRUE, MaxCountMutexName));
-    if (!m_hMaxCountMutex)
-    {
-        VD_TRACE(Error, L"*** CKestrixApp::InitInstance() - ::CreateMutex() failed. [0x%08x]", ::GetLastError());
-    }
     return Answer::LimitReached;
 }
 
 // The mutex of the limit is not released: closing it is what lets the next process show the message.
 void CRunningCount::GiveBack()
 {
-    if (m_bLogCountLocked && !m_pLogCountSemaphore->Unlock())
+    if (m_bLogCountLocked)
     {
-        VD_TRACE(Error, L"*** CKestrixApp::ExitInstance() - ::ReleaseSemaphore() failed. [0x%08x]", ::GetLastError());
+        m_pLogCountSemaphore->Unlock();
     }
     m_bLogCountLocked = false;
     m_pLogCountSemaphore.reset();

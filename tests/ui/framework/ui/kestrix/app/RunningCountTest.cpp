@@ -102,3 +102,24 @@ TEST_F(RunningCountTest, TheFirstBeyondTheLimitIsToSaySoAndTheNextIsNot)
     m_count.GiveBack();
     EXPECT_EQ(Left(), 0) << "nothing was given back that had not been taken";
 }
+
+// Error lines of our own stood in the trace.
+TEST_F(RunningCountTest, ACountThatAnotherHasGivenBackIsNoError)
+{
+    Allow(1);
+    ASSERT_EQ(m_count.Take(Name), Answer::Taken);
+    CSemaphore other(1, 1, Name);
+    ASSERT_TRUE(other.Unlock());
+    m_count.GiveBack();
+    EXPECT_EQ(m_trace.Errors(), Texts{});
+}
+
+TEST_F(RunningCountTest, ALimitWhoseMutexCannotBeMadeIsReachedAllTheSame)
+{
+    Allow(1);
+    CRunningCount first;
+    ASSERT_EQ(first.Take(Name), Answer::Taken);
+    const UniqueKernelHandle event(::CreateEventW(nullptr, TRUE, FALSE, L"ZPTLOG_MUTEX_MAXCNT")); // takes the name
+    EXPECT_EQ(m_count.Take(Name), Answer::LimitReached);
+    EXPECT_EQ(m_trace.Texts(), Texts{MaxCount});
+}
