@@ -27,6 +27,8 @@ constexpr std::int32_t NoTabOffset = 0;
 constexpr std::int32_t TabWidth = 110;
 constexpr int TabHeight = 20;
 constexpr int NoTab = -1;
+constexpr int ReportTab = 0; // of a form with a report
+constexpr int LogTab = 1;
 
 constexpr TabColours FormTabColours{.border = RGB(192, 201, 218)}; // that of the frames in the page
 
@@ -287,10 +289,20 @@ void CLogFormDlg::OnHelp()
     extHtmlHelp(0);
 }
 
+// Beside a report the tab decides.
+UINT CLogFormDlg::HelpNumber() const
+{
+    const int tab = m_Tab.GetCurSel();
+    if (m_bLogOnly || tab == LogTab)
+    {
+        return HelpNumberOfLog(m_LogPage.m_nLogType, m_bLogOnly);
+    }
+    return tab == ReportTab ? HelpNumberOfReport : 0;
+}
+
 void CLogFormDlg::OnBnClickedBtnHelp()
 {
-    const bool onReport = !m_bLogOnly && m_Tab.GetCurSel() == 0;
-    const UINT nHelpID = onReport ? HelpNumberOfReport : HelpNumberOfLog(m_LogPage.m_nLogType, m_bLogOnly);
+    const UINT nHelpID = HelpNumber();
     VD_TRACE(Info, L"CLogFormDlg::OnBnClickedBtnHelp()  nHelpID[%d]", nHelpID);
     extHtmlHelp(nHelpID);
 }
@@ -314,7 +326,7 @@ BOOL CLogFormDlg::PreTranslateMessage(MSG& message)
     }
     if (message.message == WM_KEYUP && message.wParam == VK_TAB)
     {
-        m_Tab.SetCurSel(m_Tab.GetCurSel()); // shows its page again
+        m_Tab.ShowSelectedPage();
         return TRUE;
     }
     if (m_ToolTip.GetSafeHwnd() != nullptr)
@@ -344,7 +356,7 @@ bool CLogFormDlg::TranslateTabSpace()
     const int selected = m_Tab.GetCurSel();
     if (selected != NoTab)
     {
-        m_Tab.SetCurFocus(selected == 0 ? 1 : 0);
+        m_Tab.SetCurFocus(selected == ReportTab ? LogTab : ReportTab);
     }
     return true;
 }

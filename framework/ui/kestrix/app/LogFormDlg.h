@@ -62,6 +62,7 @@ private:
     void DrawIcon();
     bool TranslateKeyDown(const MSG& message);
     bool TranslateTabSpace();
+    UINT HelpNumber() const;
 
     CTabCtrlEx m_Tab;
     CKxReportDlg m_ReportPage;

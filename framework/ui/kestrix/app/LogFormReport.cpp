@@ -60,7 +60,6 @@ __time64_t ReportStart()
     if (!VdCommon::Storage::QueryValue(HKEY_LOCAL_MACHINE, EventLogKey, L"InstallTime", bytes, 0, &error))
     {
         VD_TRACE(Error, L"VdCommon::Storage::Reg::QueryValue() failed: 0x%08X", error);
-        return start;
     }
     SYSTEMTIME installed{};
     if (bytes.Size() != sizeof installed)

@@ -58,7 +58,7 @@ void CTabCtrlEx::ShowPage(const TabPage& page)
     }
 }
 
-void CTabCtrlEx::OnSelChange(NMHDR&)
+void CTabCtrlEx::ShowSelectedPage()
 {
     const int index = GetCurSel();
     if (index >= 0 && index < static_cast<int>(m_arrPage.size()))

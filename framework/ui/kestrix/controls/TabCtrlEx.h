@@ -16,12 +16,16 @@ struct TabPage
 class CTabCtrlEx : public CCuteTabCtrl
 {
 public:
-    // Adds a page behind the others, before CreatePages. The page must outlive the strip's window.
+    // Adds a page after the others, before CreatePages. The page must outlive the strip's window.
     void AddPage(UINT title, CDialog& page, UINT dialogTemplate);
 
     // Makes the tabs, then the pages below them, topOffset pixels lower than the strip would have them, and shows the
     // first. False when a tab or a page could not be made; the others stand and work.
     bool CreatePages(int topOffset);
+
+    // Shows the page of the selected tab and hides the other one, as when the tab is selected. With no selected tab,
+    // or one without a page, nothing changes.
+    void ShowSelectedPage();
 
 protected:
     static const MessageMap& Map();
@@ -29,7 +33,7 @@ protected:
     const MessageMap& GetMessageMap() const override { return Map(); }
 
 private:
-    void OnSelChange(NMHDR& notification);
+    void OnSelChange(NMHDR&) { ShowSelectedPage(); }
 
     bool CreatePage(const TabPage& page, int index, int topOffset);
     void ShowPage(const TabPage& page);

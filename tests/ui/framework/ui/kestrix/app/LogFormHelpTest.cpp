@@ -172,6 +172,29 @@ TEST_F(LogFormHelpTest, BesideAReportTheTabDecides)
     EXPECT_EQ(HelpDouble::s_calls, (std::vector<HelpCall>{Topic(241), Topic(316)}));
 }
 
+// It showed the topic of the log, as if its tab were selected.
+TEST_F(LogFormHelpTest, BesideAReportNoSelectedTabShowsTheFirstTopic)
+{
+    m_form.m_bLogOnly = false;
+    m_form.m_nReportSpan = 10'000;
+    m_form.Run({[&]
+                {
+                    m_form.Item(IDC_FORM_TAB).SendMessage(TCM_SETCURSEL, static_cast<WPARAM>(-1));
+                    Press(IDC_FORM_HELP);
+                }});
+    EXPECT_EQ(HelpDouble::s_calls, std::vector<HelpCall>{Topic(0)});
+}
+
+TEST_F(LogFormHelpTest, WithoutAReportTheTabIsNotLookedAt)
+{
+    m_form.Run({[&]
+                {
+                    m_form.Item(IDC_FORM_TAB).SendMessage(TCM_SETCURSEL, static_cast<WPARAM>(-1));
+                    Press(IDC_FORM_HELP);
+                }});
+    EXPECT_EQ(HelpDouble::s_calls, std::vector<HelpCall>{Topic(211)});
+}
+
 TEST_F(LogFormHelpTest, TheHelpCommandOfFormAndApplicationShowsTheFirstTopic)
 {
     m_form.Run({[&] { Press(ID_HELP); }});

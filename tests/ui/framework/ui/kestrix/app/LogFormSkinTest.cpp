@@ -1,17 +1,18 @@
 // The form's window, its tabs, its labels and its caption buttons.
 
 #include "resource/resource.h"
+#include "tests/support/ImportPatch.h"
 #include "tests/support/RegistrySandbox.h"
 #include "tests/support/TraceRecorder.h"
 #include "tests/ui/framework/ui/kestrix/app/FormTest.h"
 
 #include <algorithm>
-#include <ctime>
+#include <vector>
+
+extern "C" decltype(&::DrawIcon) __imp_DrawIcon;
 
 namespace
 {
-
-constexpr wchar_t EventLogKey[] = L"Software\\Veldrane\\Zeptara\\17\\ServiceFramework\\EnforceLayer\\Common\\EventLog";
 
 class LogFormSkinTest : public FormTest
 {
@@ -33,29 +34,6 @@ protected:
     }
 
     int Tab() const { return static_cast<int>(m_form.Item(IDC_FORM_TAB).SendMessage(TCM_GETCURSEL)); }
-
-    std::wstring TotalLabel()
-    {
-        std::wstring text;
-        WithReport();
-        m_form.Run({[&] { text = m_form.Item(IDC_FORM_REPORT_TOTAL).GetWindowText(); }});
-        return text;
-    }
-
-    // The second label with a date this many days back.
-    static std::wstring TotalSince(int daysBack)
-    {
-        const std::time_t then = std::time(nullptr) - daysBack * 86'400;
-        wchar_t date[128]{};
-        std::wcsftime(date, std::size(date), LoadText(IDS_REPORT_DATE).c_str(), std::localtime(&then));
-        return L"0 events since " + std::wstring(date);
-    }
-
-    void Install(const SYSTEMTIME& time)
-    {
-        const auto* const bytes = reinterpret_cast<const BYTE*>(&time);
-        m_registry.SetBytes(EventLogKey, L"InstallTime", {bytes, bytes + sizeof time});
-    }
 
     const RegistrySandbox m_registry;
     const TraceRecorder m_trace;
@@ -152,9 +130,30 @@ TEST_F(LogFormSkinTest, SpaceOnTheTabsChangesToTheOtherPage)
                     Key(WM_KEYDOWN, VK_SPACE, m_form.Item(IDC_FORM_TAB));
                     EXPECT_EQ(Tab(), 0);
                     EXPECT_FALSE(m_form.Page()->IsWindowVisible());
+                }});
+}
+
+// The selected tab was selected once more, which the strip takes for no change.
+TEST_F(LogFormSkinTest, TheTabKeyShowsAHiddenPageOfTheSelectedTabAgain)
+{
+    m_form.Run({[&]
+                {
+                    m_form.Page()->ShowWindow(SW_HIDE);
                     Key(WM_KEYUP, VK_TAB, m_form.Item(IDC_FORM_CLOSE));
                     EXPECT_TRUE(m_nTaken);
                     EXPECT_EQ(Tab(), 0);
+                    EXPECT_TRUE(m_form.Page()->IsWindowVisible());
+                }});
+}
+
+TEST_F(LogFormSkinTest, TheTabKeyLeavesThePageOfAnotherTabHidden)
+{
+    WithReport();
+    m_form.Run({[&]
+                {
+                    Key(WM_KEYUP, VK_TAB, m_form.Item(IDC_FORM_CLOSE));
+                    EXPECT_TRUE(m_nTaken);
+                    EXPECT_FALSE(m_form.Page()->IsWindowVisible());
                 }});
 }
 
@@ -180,46 +179,80 @@ TEST_F(LogFormSkinTest, AMinimisedFormGivesItsIcon)
                 {
                     EXPECT_EQ(m_form.SendMessage(WM_QUERYDRAGICON), m_form.SendMessage(WM_GETICON, ICON_BIG));
                     EXPECT_NE(m_form.SendMessage(WM_QUERYDRAGICON), 0);
-                    m_form.ShowWindow(SW_MINIMIZE);
-                    m_form.SendMessage(WM_PAINT);
-                    m_form.ShowWindow(SW_RESTORE);
                 }});
 }
 
-TEST_F(LogFormSkinTest, TheReportCountsFromTheFirstDayOfItsPeriod)
+namespace
 {
-    EXPECT_EQ(TotalLabel(), TotalSince(6));
-    EXPECT_EQ(std::ranges::count(m_trace.Errors(), L"VdCommon::Storage::Reg::QueryValue() failed: 0x00000002"), 1);
+
+// Where an icon was drawn, and which.
+struct DrawnIcon
+{
+    int x;
+    int y;
+    HICON icon;
+
+    bool operator==(const DrawnIcon&) const = default;
+};
+
+std::vector<DrawnIcon> drawnIcons;
+
+BOOL WINAPI NoteIcon(HDC, int x, int y, HICON icon)
+{
+    drawnIcons.push_back({x, y, icon});
+    return TRUE;
 }
 
-TEST_F(LogFormSkinTest, APeriodBelow3OrAbove30DaysCountsAs7)
+// Counts how often it is to erase the background of its icon.
+class IconicForm : public ScriptedForm
 {
-    for (const auto& [frequency, days] : {std::pair{2u, 7}, {3u, 3}, {30u, 30}, {31u, 7}, {0u, 7}})
+public:
+    int m_nErased = 0;
+
+protected:
+    static const MessageMap& Map()
     {
-        m_registry.SetNumber(EventLogKey, L"GenReportFrequency", frequency);
-        EXPECT_EQ(TotalLabel(), TotalSince(days - 1)) << frequency;
+        static constexpr auto rows = MessageRows(On::Message<WM_ICONERASEBKGND, &IconicForm::OnIconEraseBkgnd>);
+        static constexpr MessageMap map{rows, &ScriptedForm::Map};
+        return map;
     }
-}
 
-TEST_F(LogFormSkinTest, AnInstallationWithinThePeriodIsItsBeginning)
-{
-    SYSTEMTIME time{};
-    const std::time_t then = std::time(nullptr) - 2 * 86'400;
-    const std::tm fields = *std::localtime(&then);
-    time.wYear = static_cast<WORD>(fields.tm_year + 1900);
-    time.wMonth = static_cast<WORD>(fields.tm_mon + 1);
-    time.wDay = static_cast<WORD>(fields.tm_mday);
-    time.wHour = 12;
-    Install(time);
-    EXPECT_EQ(TotalLabel(), TotalSince(2));
-    time.wYear = 2001;
-    Install(time);
-    EXPECT_EQ(TotalLabel(), TotalSince(6));
-}
+    const MessageMap& GetMessageMap() const override { return Map(); }
 
-TEST_F(LogFormSkinTest, AnInstallationTimeOfAnotherSizeIsTracedAndLeftOut)
+private:
+    LRESULT OnIconEraseBkgnd(WPARAM, LPARAM)
+    {
+        ++m_nErased;
+        return TRUE;
+    }
+};
+
+} // namespace
+
+TEST_F(LogFormSkinTest, AMinimisedFormPaintsItsIconInTheMiddleOfAnErasedBackground)
 {
-    m_registry.SetBytes(EventLogKey, L"InstallTime", {1, 2, 3});
-    EXPECT_EQ(TotalLabel(), TotalSince(6));
-    EXPECT_EQ(std::ranges::count(m_trace.Errors(), L"size of byte_array is invalid: 3"), 1);
+    drawnIcons.clear();
+    const ImportPatch patch(__imp_DrawIcon, &NoteIcon);
+    std::vector<DrawnIcon> expected;
+    IconicForm form;
+    form.m_strLogPath = m_form.m_strLogPath;
+    form.m_bLogOnly = true;
+    form.m_pPageHost = &m_app;
+    form.Run({[&]
+              {
+                  form.SendMessage(WM_PAINT);
+                  EXPECT_TRUE(drawnIcons.empty()) << "it is not minimised yet";
+                  form.ShowWindow(SW_MINIMIZE);
+                  drawnIcons.clear();
+                  form.m_nErased = 0;
+                  form.SendMessage(WM_PAINT);
+                  const RECT client = form.GetClientRect();
+                  const auto middle = [](LONG room, int metric) { return (room - ::GetSystemMetrics(metric) + 1) / 2; };
+                  expected = {{static_cast<int>(middle(client.right, SM_CXICON)),
+                               static_cast<int>(middle(client.bottom, SM_CYICON)),
+                               reinterpret_cast<HICON>(form.SendMessage(WM_GETICON, ICON_BIG))}};
+                  form.ShowWindow(SW_RESTORE);
+              }});
+    EXPECT_EQ(drawnIcons, expected);
+    EXPECT_EQ(form.m_nErased, 1);
 }

@@ -216,6 +216,15 @@ TEST_F(TabCtrlExTest, SelectingTheCurrentTabChangesNothing)
     EXPECT_EQ(m_first.m_nChanges + m_second.m_nChanges, 0);
 }
 
+TEST_F(TabCtrlExTest, ThePageOfTheSelectedTabIsShownAgainWhenItIsAskedFor)
+{
+    CreateTwo();
+    m_first.ShowWindow(SW_HIDE);
+    m_tabs.ShowSelectedPage();
+    EXPECT_TRUE(m_first.IsShown());
+    EXPECT_FALSE(m_second.IsShown());
+}
+
 TEST_F(TabCtrlExTest, AHiddenPageKeepsItsStateWhenAnotherIsShown)
 {
     CreateTwo();
