@@ -168,6 +168,8 @@ TEST_F(ApplicationTest, StartsAndEndsInItsOrder)
         from = found + 1;
     }
     EXPECT_EQ(from, traced.end());
+    EXPECT_TRUE(std::ranges::none_of(m_trace.Errors(),
+                                     [](const std::wstring& text) { return text.starts_with(L"*** CKestrixApp::"); }));
     EXPECT_TRUE(m_boxes.Boxes().empty());
     EXPECT_EQ(m_controller->References(), 0);
     EXPECT_EQ(m_controller->Sink<IVdFrwkLocalEvents>(), nullptr);
@@ -200,6 +202,19 @@ TEST_F(ApplicationTest, AProviderThatDoesNotEndIsTracedAtTheEnd)
     m_library.State().providerUninitialize = Refused;
     RunWithForm([](HWND) {});
     EXPECT_TRUE(Traced(L"*** CKestrixApp::ExitInstance() - UnInitializeOrlDbMgLibrary() failed. [0x80040299]"));
+}
+
+TEST_F(ApplicationTest, AFormThatEndsWithAnotherResultThanOkAndCancelIsTraced)
+{
+    RunWithForm([&](HWND) { dynamic_cast<CDialog&>(*m_pApp->m_pMainWnd).EndDialog(77); });
+    EXPECT_EQ(std::ranges::count_if(m_trace.Errors(),
+                                    [](const std::wstring& text)
+                                    {
+                                        return text.starts_with(
+                                            L"*** CKestrixApp::InitInstance() - CLogFormDlg.DoModal() failed. "
+                                            L"nResponse = [77], GetLastError = [0x");
+                                    }),
+              1);
 }
 
 TEST_F(ApplicationTest, ASecondStartBringsTheFirstFormForwardAndEndsWithoutOneOfItsOwn)
