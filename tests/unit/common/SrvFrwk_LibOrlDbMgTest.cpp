@@ -1,6 +1,6 @@
 #include "common/SrvFrwk_LibOrlDbMg.h"
 
-#include "tests/support/OrlLibraryDouble.h"
+#include "tests/support/OrlRecorder.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TraceRecorder.h"
 
@@ -25,7 +25,7 @@ protected:
         return {std::wstring(L"*** LibOrlDbMg::Initialize() - InitializeLibrary() failed. [") + code + L"]"};
     }
 
-    const OrlLibraryDouble m_library;
+    const OrlRecorder m_library;
     const TraceRecorder m_trace;
     LibOrlDbMg m_binding;
 };
@@ -87,7 +87,7 @@ TEST_F(LibOrlDbMgTest, ALibraryThatIsBoundIsNotLoadedAgain)
 
 TEST_F(LibOrlDbMgTest, ALibraryThatLacksAnExportStaysLoadedUnboundUntilTheWrapperGoes)
 {
-    const OrlLibraryDouble incomplete(L"incomplete");
+    const OrlRecorder incomplete(L"incomplete");
     const long before = LiveModules();
     {
         LibOrlDbMg binding;

@@ -2,7 +2,7 @@
 
 #include "platform/dialog/UniqueHandle.h"
 #include "tests/support/ImportPatch.h"
-#include "tests/support/OrlLibraryDouble.h"
+#include "tests/support/OrlRecorder.h"
 #include "tests/support/RegistrySandbox.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TraceRecorder.h"
@@ -54,7 +54,7 @@ protected:
     }
 
     const RegistrySandbox m_registry;
-    const OrlLibraryDouble m_library;
+    const OrlRecorder m_library;
     TraceRecorder m_trace;
     CDatabaseLibrary m_database;
     IDBManagerProvider* m_pProvider = nullptr;
@@ -110,7 +110,7 @@ TEST_F(DatabaseLibraryTest, WithoutAnInstalledFolderThePlatformLooksForTheLibrar
 
 TEST_F(DatabaseLibraryTest, ALibraryThatLacksAnExportStaysLoadedUntilTheObjectGoes)
 {
-    const OrlLibraryDouble incomplete(L"incomplete");
+    const OrlRecorder incomplete(L"incomplete");
     InstallAt(incomplete.Folder() + L"\\");
     const long before = LiveModules();
     {

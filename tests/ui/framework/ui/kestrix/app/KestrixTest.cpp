@@ -7,7 +7,7 @@
 #include "tests/support/ImportPatch.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/MessageBoxRecorder.h"
-#include "tests/support/OrlLibraryDouble.h"
+#include "tests/support/OrlRecorder.h"
 #include "tests/support/RegistrySandbox.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TraceRecorder.h"
@@ -131,7 +131,7 @@ protected:
 
     const LanguageFile m_language; // for the texts that are compared; the application opens its own
     const RegistrySandbox m_registry;
-    const OrlLibraryDouble m_library;
+    const OrlRecorder m_library;
     const MessageBoxRecorder m_boxes;
     std::unique_ptr<ControllerDouble> m_controller;
     const TraceRecorder m_trace;
