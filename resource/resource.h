@@ -88,6 +88,7 @@
 #define IDS_REPORT_TOTAL 543
 #define IDS_REPORT_DATE 82
 #define IDS_TOO_MANY_VIEWERS 189
+#define IDS_NAME_IN_USE 1322
 
 // Texts: the viewer page
 #define IDS_HEADING_DATES 546

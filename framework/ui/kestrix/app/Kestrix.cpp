@@ -7,6 +7,7 @@
 #include "framework/ui/kestrix/app/CommandLine.h"
 #include "framework/ui/kestrix/app/LogFormDlg.h"
 #include "framework/ui/kestrix/app/ReportSpan.h"
+#include "resource/resource.h"
 
 #include <commctrl.h>
 
@@ -52,7 +53,11 @@ BOOL CKestrixApp::InitInstance()
         VD_TRACE(Error, L"*** CKestrixApp::InitInstance() - this->InitializeEventObject() failed.");
     }
     const CRunningCount::Answer count = m_RunningCount.Take(m_pszAppName);
-    if (count == CRunningCount::Answer::LimitIsShown)
+    if (count == CRunningCount::Answer::NameInUse)
+    {
+        AfxMessageBox(LoadText(IDS_NAME_IN_USE), MB_ICONERROR);
+    }
+    if (count == CRunningCount::Answer::NameInUse || count == CRunningCount::Answer::LimitIsShown)
     {
         return FALSE;
     }

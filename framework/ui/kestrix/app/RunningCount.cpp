@@ -28,7 +28,14 @@ LONG GetMaxLogCount()
 CRunningCount::Answer CRunningCount::Take(const std::wstring& name)
 {
     const LONG maximum = GetMaxLogCount();
-    m_pLogCountSemaphore = std::make_unique<CSemaphore>(maximum, maximum, name);
+    try
+    {
+        m_pLogCountSemaphore = std::make_unique<CSemaphore>(maximum, maximum, name);
+    }
+    catch (const CAtlException&)
+    {
+        return Answer::NameInUse;
+    }
     m_bLogCountLocked = m_pLogCountSemaphore->Lock(0);
     if (m_bLogCountLocked)
     {

@@ -15,6 +15,7 @@ public:
         Taken,        // the process is counted
         LimitReached, // as many run as may; it is for this process to say so
         LimitIsShown, // the same, and another process says so already
+        NameInUse,    // nothing can be counted: the system refuses the semaphore of this name
     };
 
     CRunningCount() = default;
@@ -23,7 +24,7 @@ public:
 
     ~CRunningCount() { GiveBack(); }
 
-    // Takes a count of the semaphore of this name. Throws CAtlException when the system does not make or open it.
+    // Takes a count of the semaphore of this name.
     Answer Take(const std::wstring& name);
 
     // Undoes what Take has come to.

@@ -267,6 +267,20 @@ TEST_F(ApplicationTest, WithTooManyViewersOneBoxAppearsAndNoForm)
     EXPECT_FALSE(semaphore.Unlock()); // nothing was given back that had not been taken
 }
 
+// The box said "Invalid handle." and nothing else.
+TEST_F(ApplicationTest, AnotherProgramThatUsesTheNameOfTheCountIsToldWithWhatToDo)
+{
+    const UniqueKernelHandle event(CreateEventW(nullptr, TRUE, FALSE, L"Kestrix"));
+    EXPECT_EQ(Run(), 0);
+    ASSERT_EQ(m_boxes.Boxes().size(), 1u);
+    EXPECT_EQ(m_boxes.Boxes()[0].text, Text(IDS_NAME_IN_USE));
+    EXPECT_EQ(m_boxes.Boxes()[0].caption, L"Kestrix");
+    EXPECT_EQ(m_boxes.Boxes()[0].flags, static_cast<UINT>(MB_ICONERROR));
+    EXPECT_TRUE(m_library.Calls().empty());
+    EXPECT_EQ(m_controller->Sink<IVdFrwkLocalEvents>(), nullptr) << "what was started is undone";
+    EXPECT_TRUE(Traced(Terminated));
+}
+
 TEST_F(ApplicationTest, WhileAnotherProcessShowsTheBoxItEndsInSilence)
 {
     m_registry.SetNumber(EventLogKey, L"MaxLogCount", 1);

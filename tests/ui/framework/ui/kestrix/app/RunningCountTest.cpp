@@ -123,3 +123,11 @@ TEST_F(RunningCountTest, ALimitWhoseMutexCannotBeMadeIsReachedAllTheSame)
     EXPECT_EQ(m_count.Take(Name), Answer::LimitReached);
     EXPECT_EQ(m_trace.Texts(), Texts{MaxCount});
 }
+
+TEST_F(RunningCountTest, ANameThatAnotherKindOfObjectHasCountsNothing)
+{
+    const UniqueKernelHandle event(::CreateEventW(nullptr, TRUE, FALSE, Name));
+    EXPECT_EQ(m_count.Take(Name), Answer::NameInUse);
+    m_count.GiveBack();
+    EXPECT_EQ(m_trace.Texts(), Texts{});
+}
