@@ -1,32 +1,26 @@
 #include "framework/ui/kestrix/app/DateRange.h"
 
+#include "framework/ui/kestrix/app/CalendarSeconds.h"
 #include "platform/dialog/Exceptions.h"
 #include "platform/dialog/OleDateTime.h"
-
-#include <ctime>
 
 namespace
 {
 
-constexpr int FirstYear = 1900; // std::tm counts from here
-constexpr int Noon = 12;
-constexpr std::int64_t SecondsOfADay = 86'400;
+constexpr WORD Noon = 12;
 
-// Local noon of the day in calendar seconds; the library decides about daylight saving.
+// Local noon of the day in calendar seconds.
 std::int64_t NoonOf(const COleDateTime& date)
 {
     SYSTEMTIME time{};
-    if (!date.GetAsSystemTime(time) || time.wYear < FirstYear)
+    if (!date.GetAsSystemTime(time))
     {
         throw CAtlException(E_FAIL);
     }
-    std::tm fields{};
-    fields.tm_year = time.wYear - FirstYear;
-    fields.tm_mon = time.wMonth - 1;
-    fields.tm_mday = time.wDay;
-    fields.tm_hour = Noon;
-    fields.tm_isdst = -1;
-    const __time64_t seconds = ::_mktime64(&fields);
+    time.wHour = Noon;
+    time.wMinute = 0;
+    time.wSecond = 0;
+    const std::int64_t seconds = CalendarSeconds(time);
     if (seconds == -1)
     {
         throw CAtlException(E_INVALIDARG);

@@ -1,7 +1,7 @@
 #include "framework/ui/kestrix/app/KestrixDlg.h"
 
 #include "common/VdCommon/VdComn_DebugLog.h"
-#include "framework/ui/kestrix/app/HeadingFont.h"
+#include "framework/ui/kestrix/app/HeadingLook.h"
 #include "framework/ui/kestrix/app/LogFactory.h"
 #include "framework/ui/kestrix/app/PushButtonSkin.h"
 #include "framework/ui/kestrix/app/page/PageHost.h"

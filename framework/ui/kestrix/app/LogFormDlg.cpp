@@ -1,8 +1,8 @@
 #include "framework/ui/kestrix/app/LogFormDlg.h"
 
 #include "common/VdCommon/VdComn_DebugLog.h"
-#include "framework/ui/kestrix/app/FormFront.h"
-#include "framework/ui/kestrix/app/HeadingFont.h"
+#include "framework/ui/kestrix/app/Foreground.h"
+#include "framework/ui/kestrix/app/HeadingLook.h"
 #include "framework/ui/kestrix/app/Help.h"
 #include "framework/ui/kestrix/app/ProductName.h"
 #include "framework/ui/kestrix/app/PushButtonSkin.h"

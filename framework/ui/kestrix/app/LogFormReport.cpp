@@ -4,8 +4,10 @@
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "common/VdCommon/VdComn_Storage.h"
 #include "common/VdCommon/VdComn_String.h"
-#include "framework/ui/kestrix/app/HeadingFont.h"
+#include "framework/ui/kestrix/app/CalendarSeconds.h"
+#include "framework/ui/kestrix/app/HeadingLook.h"
 #include "framework/ui/kestrix/app/LogFormDlg.h"
+#include "framework/ui/kestrix/app/ReportSpan.h"
 #include "resource/resource.h"
 
 #include <array>
@@ -17,44 +19,18 @@ namespace
 
 constexpr wchar_t EventLogKey[] = L"Software\\Veldrane\\Zeptara\\17\\ServiceFramework\\EnforceLayer\\Common\\EventLog";
 
-constexpr std::uint32_t ShortestReport = 3; // days
-constexpr std::uint32_t LongestReport = 30;
-constexpr std::uint32_t UsualReport = 7;
-constexpr __time64_t SecondsOfADay = 86'400;
-
-constexpr int FirstYear = 1900; // std::tm counts from here
 constexpr std::size_t DateRoom = 128;
 
 std::uint32_t ReportDays()
 {
-    const std::uint32_t days =
-        VdCommon::Storage::QueryValue(HKEY_LOCAL_MACHINE, EventLogKey, L"GenReportFrequency", UsualReport);
-    return days < ShortestReport || days > LongestReport ? UsualReport : days;
-}
-
-// Local time in calendar seconds. Throws CAtlException for a time that is none.
-__time64_t SecondsOf(const SYSTEMTIME& time)
-{
-    const COleDateTime date(time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond);
-    if (time.wYear < FirstYear || date.GetStatus() != COleDateTime::valid)
-    {
-        throw CAtlException(E_FAIL);
-    }
-    std::tm fields{};
-    fields.tm_year = time.wYear - FirstYear;
-    fields.tm_mon = time.wMonth - 1;
-    fields.tm_mday = time.wDay;
-    fields.tm_hour = time.wHour;
-    fields.tm_min = time.wMinute;
-    fields.tm_sec = time.wSecond;
-    fields.tm_isdst = -1;
-    return ::_mktime64(&fields);
+    return ReportSpanOf(
+        VdCommon::Storage::QueryValue(HKEY_LOCAL_MACHINE, EventLogKey, L"GenReportFrequency", DefaultReportSpan));
 }
 
 // The start of the report's period, or the suite's installation when that came later.
-__time64_t ReportStart()
+std::int64_t ReportStart()
 {
-    const __time64_t start = ::_time64(nullptr) - (ReportDays() - 1) * SecondsOfADay;
+    const std::int64_t start = ::_time64(nullptr) - (ReportDays() - 1) * SecondsOfADay;
     VdCommon::ByteArray bytes;
     std::uint32_t error = 0;
     if (!VdCommon::Storage::QueryValue(HKEY_LOCAL_MACHINE, EventLogKey, L"InstallTime", bytes, 0, &error))
@@ -68,14 +44,15 @@ __time64_t ReportStart()
         return start;
     }
     std::memcpy(&installed, bytes.Data(), sizeof installed);
-    const __time64_t installTime = SecondsOf(installed);
+    const std::int64_t installTime = CalendarSeconds(installed);
     return start < installTime ? installTime : start;
 }
 
-std::wstring DateText(__time64_t seconds)
+std::wstring DateText(std::int64_t time)
 {
     std::tm fields{};
     std::array<wchar_t, DateRoom> text{};
+    const __time64_t seconds = time;
     if (::_localtime64_s(&fields, &seconds) != 0)
     {
         return {};

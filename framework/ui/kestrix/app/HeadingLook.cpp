@@ -1,4 +1,4 @@
-#include "framework/ui/kestrix/app/HeadingFont.h"
+#include "framework/ui/kestrix/app/HeadingLook.h"
 
 #include "framework/ui/kestrix/controls/FontStyle.h"
 #include "resource/resource.h"

@@ -1,4 +1,4 @@
-#include "framework/ui/kestrix/app/FormFront.h"
+#include "framework/ui/kestrix/app/Foreground.h"
 
 namespace
 {
