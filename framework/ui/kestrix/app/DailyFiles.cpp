@@ -23,7 +23,7 @@ COleDateTime DateOfName(std::wstring_view name)
             0};
 }
 
-// Calls visit for each entry but "." and ".." until it gives false.
+// Calls visit for each entry but "." and ".." until it returns false.
 void ForEachEntry(const std::wstring& path, const std::function<bool(const WIN32_FIND_DATAW&)>& visit)
 {
     WIN32_FIND_DATAW entry{};

@@ -91,7 +91,7 @@ void CLogFormDlg::OnBnClickedBtnExport()
         // The writer keeps this thread to itself, so the hole that the dialog leaves is painted before. A million
         // records are written long before the system takes the window for hung, so nothing is done against that.
         RedrawWindow(RDW_UPDATENOW | RDW_ALLCHILDREN);
-        CZPTLogBase* const log = m_LogPage.Log(); // another one than before, when a purge ended behind the dialog
+        CZPTLogBase* const log = m_LogPage.Log(); // another one than before, when a purge ended meanwhile
         done = log != nullptr && log->ExportLog(*path, m_nLogType, date.c_str(), m_strLocalIp.c_str(), &error);
     }
     if (!done)

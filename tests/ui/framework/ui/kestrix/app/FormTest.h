@@ -15,7 +15,7 @@
 #include <vector>
 
 // The form, which does a list of steps while it runs. All messages that a step posts are dealt with before the next
-// step. Behind the last one the form ends with the result EndedByTest, or waits to be ended by what the steps did.
+// step. After the last one the form ends with the result EndedByTest, or waits to be ended by what the steps did.
 class ScriptedForm : public CLogFormDlg
 {
 public:

@@ -203,7 +203,7 @@ TEST_F(LogFormExportTest, InFileModeTheButtonIsEnabledByEverySuccessfulReadOfADa
     EXPECT_TRUE(enabled);
 }
 
-// A page starts with a type that has a class, so the form's type becomes that of another command line behind its start.
+// A page starts with a type that has a class, so the form's type becomes that of another command line after its start.
 TEST_F(LogFormExportTest, ASwitchOfLogLeavesTheTypePassedToTheWriterAtThatOfTheCommandLine)
 {
     m_database.AddDay(2026, 11, 20);

@@ -39,7 +39,7 @@ protected:
         m_form.m_bIsLocal = true;
     }
 
-    // Focuses the control, does this with it, and gives where the focus is then.
+    // Focuses the control, does this with it, and returns where the focus is then.
     int FocusAfter(UINT control, const ScriptedForm::Step& step)
     {
         int focus = -1;
@@ -71,7 +71,7 @@ protected:
 
 } // namespace
 
-TEST_F(LogFormFocusTest, TheTabKeyComesToTheLinkAndTheLocationOfARecordBehindTheList)
+TEST_F(LogFormFocusTest, TheTabKeyComesToTheLinkAndTheLocationOfARecordAfterTheList)
 {
     std::vector<int> way;
     m_form.Run({[&] { ShowFirstRecord(); }, [&] { way = WalkTabs(); }});

@@ -203,7 +203,7 @@ TEST_F(LogFormHelpTest, TheHelpCommandOfFormAndApplicationShowsTheFirstTopic)
     EXPECT_EQ(HelpDouble::s_calls, (std::vector<HelpCall>{Topic(0), Topic(0)}));
 }
 
-TEST_F(LogFormHelpTest, AValueOfFilesReplacesTheNameBehindTheInstalledFolder)
+TEST_F(LogFormHelpTest, AValueOfFilesReplacesTheNameAfterTheInstalledFolder)
 {
     m_registry.SetText(HelpKey, L"Files", L"other.chm");
     CLogFormDlg::extHtmlHelp(211);

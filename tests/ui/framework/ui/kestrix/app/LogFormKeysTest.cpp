@@ -22,8 +22,8 @@ protected:
 
     void PressAltAnd(wchar_t letter) const { ::PostMessageW(PageItem(IDC_VIEW), WM_SYSCHAR, letter, AltIsDown); }
 
-    // The control that has the focus behind Alt with this letter, from elsewhere.
-    int FocusBehindAltAnd(wchar_t letter)
+    // The control that has the focus after Alt with this letter, from elsewhere.
+    int FocusAfterAltAnd(wchar_t letter)
     {
         int focus = 0;
         m_form.Run({[&]
@@ -152,9 +152,9 @@ TEST_F(LogFormKeysTest, TheTabKeyLeadsOutOfThePageIntoTheForm)
 
 TEST_F(LogFormKeysTest, AccessKeysLeadToTheListsAndToTheChoiceOfTheLog)
 {
-    EXPECT_EQ(FocusBehindAltAnd(L't'), IDC_DATE_LIST);
-    EXPECT_EQ(FocusBehindAltAnd(L'n'), IDC_RECORD_LIST);
-    EXPECT_EQ(FocusBehindAltAnd(L'l'), IDC_LOG_TYPE);
+    EXPECT_EQ(FocusAfterAltAnd(L't'), IDC_DATE_LIST);
+    EXPECT_EQ(FocusAfterAltAnd(L'n'), IDC_RECORD_LIST);
+    EXPECT_EQ(FocusAfterAltAnd(L'l'), IDC_LOG_TYPE);
 }
 
 TEST_F(LogFormKeysTest, AccessKeysPressButtonsOfFormAndPage)

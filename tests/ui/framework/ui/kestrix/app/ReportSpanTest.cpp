@@ -68,7 +68,7 @@ TEST_F(ReportSpanTest, ANumberOfAnotherTypeReadsAsZeroAndEndsTheReading)
     EXPECT_EQ(m_trace.Texts().end()[-2], L"pProfile->QueryValue() Fre[0], AlertFlag[0]");
 }
 
-TEST_F(ReportSpanTest, AReadThatFailsBehindTheFrequencyLeavesTheFrequency)
+TEST_F(ReportSpanTest, AReadThatFailsAfterTheFrequencyLeavesTheFrequency)
 {
     AnswerWith({12}); // the two others stay empty
     EXPECT_EQ(QueryReportSpan(), 12u);
