@@ -27,7 +27,8 @@ bool IsTrackBar(HWND control)
     return ::lstrcmpiW(name, TrackBarClass) == 0;
 }
 
-bool StandsOnSolid(HWND button)
+// The dialog shows through these two however it is painted.
+bool IsGroupOrCheckBox(HWND button)
 {
     const DWORD kind = CWindow(button).GetStyle() & ButtonKindMask;
     return kind == BS_GROUPBOX || kind == BS_AUTOCHECKBOX;
@@ -41,7 +42,7 @@ Ground GroundOf(HWND control, UINT kind, bool solid)
     case CTLCOLOR_EDIT:
         return solid ? Ground::Solid : Ground::Transparent;
     case CTLCOLOR_BTN:
-        return solid && StandsOnSolid(control) ? Ground::Solid : Ground::Hollow;
+        return solid && !IsGroupOrCheckBox(control) ? Ground::Solid : Ground::Hollow;
     case CTLCOLOR_STATIC:
         if (IsTrackBar(control))
         {

@@ -92,35 +92,44 @@ TEST_F(BitmapDialogTest, AnEditOfAPageStandsOnTheSolidBrush)
     }
 }
 
-TEST_F(BitmapDialogTest, AnyButtonShowsTheBackgroundThroughIt)
+// Group and check boxes of a page stood on the solid brush, and all other buttons on the background: the rule was read
+// the wrong way round. Only the exact kind counts, in the bits of the style that belong to the window class.
+TEST_F(BitmapDialogTest, OnASolidBackgroundTheDialogShowsThroughGroupAndCheckBoxesAlone)
 {
-    UseBackground(false);
-    for (const UINT control : {IDC_SKIN_BUTTON, IDC_SKIN_CHECK, IDC_SKIN_GROUP})
+    static constexpr struct
     {
-        const Colours colours = Ask(WM_CTLCOLORBTN, control);
-        EXPECT_EQ(m_hollow, colours.brush) << control;
-        EXPECT_EQ(TRANSPARENT, colours.mode) << control;
+        DWORD style;
+        bool hollow;
+    } Buttons[] = {
+        {BS_PUSHBUTTON, false},
+        {BS_DEFPUSHBUTTON, false},
+        {BS_CHECKBOX, false},
+        {BS_AUTOCHECKBOX, true},
+        {BS_RADIOBUTTON, false},
+        {BS_3STATE, false},
+        {BS_AUTO3STATE, false},
+        {BS_GROUPBOX, true},
+        {BS_USERBUTTON, false},
+        {BS_AUTORADIOBUTTON, false},
+        {BS_OWNERDRAW, false},
+        {BS_AUTOCHECKBOX | BS_MULTILINE, false},
+        {BS_GROUPBOX | BS_RIGHT, false},
+        {BS_AUTOCHECKBOX | WS_TABSTOP | WS_GROUP, true},
+    };
+
+    CWindow button(m_dialog.GetDlgItem(IDC_SKIN_BUTTON));
+    for (const auto& [style, hollow] : Buttons)
+    {
+        SetWindowLongPtrW(button, GWL_STYLE, static_cast<LONG_PTR>(WS_CHILD | style));
+        UseBackground(true);
+        const Colours solid = Ask(WM_CTLCOLORBTN, IDC_SKIN_BUTTON);
+        EXPECT_EQ(hollow ? m_hollow : m_dialog.m_SolidBrush.GetSafeHandle(), solid.brush) << style;
+        EXPECT_EQ(hollow ? TRANSPARENT : OPAQUE, solid.mode) << style;
+        UseBackground(false);
+        const Colours open = Ask(WM_CTLCOLORBTN, IDC_SKIN_BUTTON);
+        EXPECT_EQ(m_hollow, open.brush) << style;
+        EXPECT_EQ(TRANSPARENT, open.mode) << style;
     }
-}
-
-TEST_F(BitmapDialogTest, GroupAndCheckBoxesOfAPageStandOnTheSolidBrushAndOtherButtonsDoNot)
-{
-    UseBackground(true);
-    EXPECT_EQ(m_dialog.m_SolidBrush.GetSafeHandle(), Ask(WM_CTLCOLORBTN, IDC_SKIN_CHECK).brush);
-    EXPECT_EQ(m_dialog.m_SolidBrush.GetSafeHandle(), Ask(WM_CTLCOLORBTN, IDC_SKIN_GROUP).brush);
-    const Colours button = Ask(WM_CTLCOLORBTN, IDC_SKIN_BUTTON);
-    EXPECT_EQ(m_hollow, button.brush);
-    EXPECT_EQ(TRANSPARENT, button.mode);
-}
-
-TEST_F(BitmapDialogTest, OnlyAnExactKindOfButtonCounts)
-{
-    UseBackground(true);
-    CWindow check(m_dialog.GetDlgItem(IDC_SKIN_CHECK));
-    check.ModifyStyle(0, BS_MULTILINE);
-    EXPECT_EQ(m_hollow, Ask(WM_CTLCOLORBTN, IDC_SKIN_CHECK).brush);
-    check.ModifyStyle(BS_MULTILINE, WS_TABSTOP | WS_GROUP);
-    EXPECT_EQ(m_dialog.m_SolidBrush.GetSafeHandle(), Ask(WM_CTLCOLORBTN, IDC_SKIN_CHECK).brush);
 }
 
 TEST_F(BitmapDialogTest, ATrackBarKeepsItsOwnColours)
