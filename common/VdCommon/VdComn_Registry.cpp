@@ -21,8 +21,8 @@ constexpr DWORD TextTypes[] = {REG_SZ, REG_EXPAND_SZ, REG_MULTI_SZ};
 constexpr DWORD BinaryTypes[] = {REG_BINARY};
 constexpr DWORD NumberTypes[] = {REG_DWORD};
 
-// The most that the name of a key may have.
-constexpr DWORD LongestName = 255;
+// Characters that a listed name has room for, its terminator among them.
+constexpr DWORD NameRoom = 255;
 
 void Require(bool holds, std::uint32_t code, const std::source_location& where = std::source_location::current())
 {
@@ -269,8 +269,8 @@ bool Registry::List(Enumerate enumerate, std::vector<std::wstring>& names) const
     RequireOpen();
     for (DWORD index = 0;; ++index)
     {
-        wchar_t name[LongestName + 1] = {};
-        DWORD room = LongestName + 1;
+        wchar_t name[NameRoom] = {};
+        DWORD room = NameRoom;
         const LSTATUS result = enumerate(m_hKey.get(), index, name, &room, nullptr, nullptr, nullptr, nullptr);
         if (result == ERROR_NO_MORE_ITEMS)
         {

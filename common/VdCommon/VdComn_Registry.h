@@ -57,7 +57,7 @@ public:
     bool DeleteValue(const wchar_t* name) override;
     bool DeleteValue(const std::wstring& name) override;
 
-    // Names of up to 255 characters; a longer one throws code 234.
+    // Names of up to 254 characters; a longer one throws code 234, with the names before it in the list.
     bool ListKeys(std::vector<std::wstring>& names) override;
     bool ListValues(std::vector<std::wstring>& names) override;
 

