@@ -1,11 +1,7 @@
-#include "common/VdCommon/VdComn_DebugLog.h"
+#include "tests/unit/common/VdCommon/DebugLogTest.h"
 
-#include "common/VdCommon/VdComn_Storage.h"
-#include "tests/support/RegistrySandbox.h"
+#include "common/VdCommon/VdComn_String.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/support/TraceLibraryDouble.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <regex>
@@ -13,62 +9,6 @@
 
 namespace
 {
-
-using VdCommon::DebugLog;
-using VdCommon::TraceLevel;
-using VdCommon::Storage::Key;
-
-constexpr wchar_t SettingsKey[] = L"Software\\Test\\DebugLog";
-constexpr wchar_t InteractiveKey[] = L"Software\\Test\\DebugLog\\InteractiveSession";
-constexpr std::uint32_t AllLevels = 0x111;
-
-std::wstring FolderOf(const std::wstring& form)
-{
-    return L"..\\tests\\trace-" + form;
-}
-
-// A debug log with settings of its own and a library that stays loaded for as long as the test looks at it.
-class DebugLogTest : public testing::Test
-{
-protected:
-    void Enable(std::uint32_t levels = AllLevels)
-    {
-        m_registry.SetNumber(InteractiveKey, L"Enable", 1);
-        m_registry.SetNumber(InteractiveKey, L"Level", levels);
-    }
-
-    void SetTheRest()
-    {
-        m_registry.SetNumber(InteractiveKey, L"LogProcess", 3);
-        m_registry.SetNumber(InteractiveKey, L"LogUnitType", 4);
-        m_registry.SetText(InteractiveKey, L"LogFolder", L"C:\\Trace");
-        m_registry.SetText(InteractiveKey, L"LogPrefix", L"pre");
-        m_registry.SetText(InteractiveKey, L"LogFile", L"file");
-        m_registry.SetText(InteractiveKey, L"LogExtension", L"txt");
-        m_registry.SetNumber(InteractiveKey, L"Robust", 7);
-        m_registry.SetNumber(InteractiveKey, L"Debugger", 8);
-    }
-
-    bool Initialize(const std::wstring& form = L"good", const std::wstring& folderEnd = {})
-    {
-        m_module.reset(LoadLibraryW((FolderOf(form) + L"\\VdDbg64.dll").c_str()));
-        EXPECT_EQ(static_cast<bool>(m_module), form != L"nowhere") << "the library of the form was not built";
-        if (m_module)
-        {
-            const auto function = GetProcAddress(m_module.get(), "FreshTraceCalls");
-            m_calls = &reinterpret_cast<TraceCallsFunction*>(reinterpret_cast<void (*)()>(function))();
-        }
-        return m_log.Initialize(L"Kestrix", Key::InRegistry(HKEY_LOCAL_MACHINE, SettingsKey),
-                                FolderOf(form) + folderEnd);
-    }
-
-    bool Trace(TraceLevel level, const wchar_t* text = L"text") { return m_log.Trace("a.cpp", 1, level, L"%s", text); }
-
-    const RegistrySandbox m_registry;
-    UniqueModule m_module;
-    DebugLog m_log;
-    TraceCalls* m_calls = nullptr;
-};
 
 TEST_F(DebugLogTest, ACallBeforeInitializeGivesFalseAndWritesNothing)
 {
@@ -103,70 +43,6 @@ TEST_F(DebugLogTest, EnableZeroMeansOff)
     EXPECT_TRUE(Initialize());
     EXPECT_TRUE(Trace(TraceLevel::Error));
     EXPECT_TRUE(m_calls->lines.empty());
-}
-
-TEST_F(DebugLogTest, Level17PassesLevels1And16AndDrops256)
-{
-    Enable(17);
-    ASSERT_TRUE(Initialize());
-    EXPECT_TRUE(Trace(TraceLevel::Flow));
-    EXPECT_TRUE(Trace(TraceLevel::Info));
-    EXPECT_FALSE(Trace(TraceLevel::Error));
-    EXPECT_EQ(m_calls->lines.size(), 2U);
-}
-
-TEST_F(DebugLogTest, WithoutLevelOnly256PassesAndEveryLaterSettingIsZeroOrEmpty)
-{
-    SetTheRest();
-    m_registry.SetNumber(InteractiveKey, L"Enable", 1);
-    ASSERT_TRUE(Initialize());
-    EXPECT_FALSE(Trace(TraceLevel::Flow));
-    EXPECT_FALSE(Trace(TraceLevel::Info));
-    EXPECT_TRUE(Trace(TraceLevel::Error));
-    const DebugLogConfig& config = m_calls->configs.at(0);
-    EXPECT_EQ(config.logProcess, 0U);
-    EXPECT_STREQ(config.logFolder, L"");
-    EXPECT_STREQ(config.logPrefix, L"");
-    EXPECT_STREQ(config.logExtension, L"");
-    EXPECT_FALSE(config.robust);
-    EXPECT_STREQ(config.moduleName, L"Kestrix");
-}
-
-TEST_F(DebugLogTest, EverySettingReachesTheLibrary)
-{
-    Enable();
-    SetTheRest();
-    SYSTEMTIME before{};
-    GetLocalTime(&before);
-    ASSERT_TRUE(Initialize());
-    const DebugLogConfig& config = m_calls->configs.at(0);
-    EXPECT_FALSE(config.serviceSession);
-    EXPECT_TRUE(config.robust);
-    EXPECT_TRUE(config.debugger);
-    EXPECT_EQ(config.zero, 0);
-    EXPECT_EQ(config.logProcess, 3U);
-    EXPECT_EQ(config.logUnitType, 4U);
-    EXPECT_STREQ(config.moduleName, L"Kestrix");
-    EXPECT_STREQ(config.logFolder, L"C:\\Trace");
-    EXPECT_STREQ(config.logPrefix, L"pre");
-    EXPECT_STREQ(config.logFile, L"file");
-    EXPECT_STREQ(config.logExtension, L"txt");
-    EXPECT_GE(config.startTime.wYear, before.wYear);
-    EXPECT_NE(config.startTime.wDay, 0);
-}
-
-TEST_F(DebugLogTest, AMissingPrefixEndsTheReadingWithNoDefaults)
-{
-    Enable();
-    m_registry.SetNumber(InteractiveKey, L"LogProcess", 1);
-    m_registry.SetNumber(InteractiveKey, L"LogUnitType", 2);
-    m_registry.SetText(InteractiveKey, L"LogFolder", L"C:\\Trace");
-    m_registry.SetText(InteractiveKey, L"LogFile", L"file");
-    ASSERT_TRUE(Initialize());
-    EXPECT_STREQ(m_calls->configs.at(0).logFolder, L"C:\\Trace");
-    EXPECT_STREQ(m_calls->configs.at(0).logPrefix, L"");
-    EXPECT_STREQ(m_calls->configs.at(0).logFile, L"");
-    EXPECT_STREQ(m_calls->configs.at(0).logExtension, L"");
 }
 
 TEST_F(DebugLogTest, AMessageLongerThan256CharactersIsWrittenWhole)
@@ -229,41 +105,6 @@ TEST_F(DebugLogTest, ALibraryThatRefusesIsUnloadedAndAnotherStartBeginsAfresh)
     EXPECT_TRUE(Trace(TraceLevel::Error));
 }
 
-TEST_F(DebugLogTest, AnUnknownKindOfKeyFails)
-{
-    for (const std::uint32_t kind : {2U, 3U, 5U})
-    {
-        const Key key{kind, reinterpret_cast<std::uintptr_t>(HKEY_LOCAL_MACHINE), SettingsKey};
-        EXPECT_FALSE(m_log.Initialize(L"Kestrix", key, L".")) << kind;
-        EXPECT_FALSE(Trace(TraceLevel::Error));
-    }
-}
-
-TEST_F(DebugLogTest, KindFourIsTheRegistryToo)
-{
-    Enable();
-    const Key key{Key::RegistryToo, reinterpret_cast<std::uintptr_t>(HKEY_LOCAL_MACHINE), SettingsKey};
-    EXPECT_TRUE(m_log.Initialize(L"Kestrix", key, FolderOf(L"good")));
-    EXPECT_TRUE(Trace(TraceLevel::Flow));
-}
-
-TEST_F(DebugLogTest, KindOneReadsTheSameValuesFromAnIniFileWithItsDefaults)
-{
-    const TemporaryFolder folder;
-    WriteBytes(folder.File(L"trace.ini"), "[ServiceSession]\r\nEnable=0\r\n"
-                                          "[InteractiveSession]\r\nEnable=1\r\nLevel=16\r\nLogFolder=C:\\Trace\r\n");
-    m_module.reset(LoadLibraryW((FolderOf(L"good") + L"\\VdDbg64.dll").c_str()));
-    const std::wstring path = folder.Path().wstring();
-    ASSERT_TRUE(m_log.Initialize(L"Kestrix", Key::InIniFile(path.c_str(), L"trace.ini"), FolderOf(L"good")));
-    EXPECT_TRUE(Trace(TraceLevel::Info));
-    EXPECT_FALSE(Trace(TraceLevel::Error));
-    const auto function = GetProcAddress(m_module.get(), "TraceCallsOfThis");
-    const TraceCalls& calls = reinterpret_cast<TraceCallsFunction*>(reinterpret_cast<void (*)()>(function))();
-    EXPECT_STREQ(calls.configs.back().logFolder, L"C:\\Trace");
-    EXPECT_STREQ(calls.configs.back().logPrefix, L"zpt");
-    EXPECT_STREQ(calls.configs.back().logExtension, L"log");
-}
-
 TEST_F(DebugLogTest, AnotherInitializeWhileOnReadsTheSettingsAgainAndKeepsTheLog)
 {
     Enable(1);
@@ -275,6 +116,62 @@ TEST_F(DebugLogTest, AnotherInitializeWhileOnReadsTheSettingsAgainAndKeepsTheLog
     EXPECT_FALSE(Trace(TraceLevel::Flow));
     EXPECT_EQ(m_calls->configs.size(), 1U);
     EXPECT_TRUE(m_calls->closed.empty());
+}
+
+TEST_F(DebugLogTest, AnotherInitializeCanSwitchTracingOffAndOnAgain)
+{
+    Enable();
+    ASSERT_TRUE(Initialize());
+    const Key key = Key::InRegistry(HKEY_LOCAL_MACHINE, SettingsKey);
+    m_registry.SetNumber(InteractiveKey, L"Enable", 0);
+    ASSERT_TRUE(m_log.Initialize(L"Other", key, L"nowhere"));
+    EXPECT_TRUE(Trace(TraceLevel::Error));
+    EXPECT_TRUE(m_calls->lines.empty());
+    m_registry.SetNumber(InteractiveKey, L"Enable", 1);
+    ASSERT_TRUE(m_log.Initialize(L"Other", key, L"nowhere"));
+    EXPECT_TRUE(Trace(TraceLevel::Error));
+    ASSERT_EQ(m_calls->lines.size(), 1U);
+    EXPECT_NE(m_calls->lines[0].find(L" <Other> text"), std::wstring::npos) << m_calls->lines[0].c_str();
+}
+
+TEST_F(DebugLogTest, AnInitializeAfterOneThatFoundTracingOffOpensNoLibrary)
+{
+    ASSERT_TRUE(Initialize());
+    Enable();
+    ASSERT_TRUE(m_log.Initialize(L"Kestrix", Key::InRegistry(HKEY_LOCAL_MACHINE, SettingsKey), FolderOf(L"good")));
+    EXPECT_FALSE(Trace(TraceLevel::Error));
+    EXPECT_TRUE(m_calls->configs.empty());
+}
+
+// The rooms of the process, restored at the end. There is no memory for a second, larger room.
+class OneRoomOf
+{
+public:
+    explicit OneRoomOf(std::size_t size) { Sizes() = {size, std::size_t{1} << 58}; }
+
+    ~OneRoomOf() { Sizes() = {256, 256}; }
+
+private:
+    static VdCommon::String::BufferSizes& Sizes() { return VdCommon::String::ProcessBufferSizes(); }
+};
+
+TEST_F(DebugLogTest, AMessageThatCannotBeFormattedLeavesItsLineWithoutOne)
+{
+    Enable();
+    ASSERT_TRUE(Initialize());
+    const OneRoomOf room(256);
+    EXPECT_TRUE(Trace(TraceLevel::Info, std::wstring(256, L'x').c_str()));
+    ASSERT_EQ(m_calls->lines.size(), 1U);
+    EXPECT_TRUE(m_calls->lines[0].ends_with(L" <Kestrix>  - a.cpp(1)\r\n")) << m_calls->lines[0].c_str();
+}
+
+TEST_F(DebugLogTest, ALineThatCannotBeComposedIsWrittenEmpty)
+{
+    Enable();
+    ASSERT_TRUE(Initialize());
+    const OneRoomOf room(256);
+    EXPECT_TRUE(m_log.Trace(std::string(256, 'n').c_str(), 1, TraceLevel::Info, L"text"));
+    EXPECT_EQ(m_calls->lines, std::vector<std::wstring>{L""});
 }
 
 TEST_F(DebugLogTest, ALineThatTheLibraryRefusesGivesFalse)

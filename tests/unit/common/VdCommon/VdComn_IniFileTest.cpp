@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 extern "C" decltype(&::GetPrivateProfileStringW) __imp_GetPrivateProfileStringW;
+extern "C" decltype(&::WritePrivateProfileStringW) __imp_WritePrivateProfileStringW;
 
 namespace
 {
@@ -36,6 +37,31 @@ private:
     inline static std::vector<DWORD> s_rooms;
     inline static decltype(&::GetPrivateProfileStringW) s_read = __imp_GetPrivateProfileStringW;
     const ImportPatch<decltype(&::GetPrivateProfileStringW)> m_patch{__imp_GetPrivateProfileStringW, &Read};
+};
+
+using Files = std::vector<std::wstring>;
+
+// The files that were flushed. The write that does it changes none, so that only the call can be seen.
+class Flushes
+{
+public:
+    Flushes() { s_files.clear(); }
+
+    const Files& All() const { return s_files; }
+
+private:
+    static BOOL WINAPI Write(const wchar_t* section, const wchar_t* name, const wchar_t* value, const wchar_t* file)
+    {
+        if (section == nullptr && name == nullptr && value == nullptr)
+        {
+            s_files.emplace_back(file);
+        }
+        return s_write(section, name, value, file);
+    }
+
+    inline static Files s_files;
+    inline static decltype(&::WritePrivateProfileStringW) s_write = __imp_WritePrivateProfileStringW;
+    const ImportPatch<decltype(&::WritePrivateProfileStringW)> m_patch{__imp_WritePrivateProfileStringW, &Write};
 };
 
 class IniFileStorage : public ::testing::Test
@@ -92,6 +118,20 @@ TEST_F(IniFileStorage, WritesNameAndValueIntoTheSection)
     EXPECT_NE(text.find("[Section]\r\n"), std::string::npos) << text;
     EXPECT_NE(text.find("Level=4294967295\r\n"), std::string::npos) << text;
     EXPECT_NE(text.find("LogFile=kestrix.log\r\n"), std::string::npos) << text;
+}
+
+TEST_F(IniFileStorage, AFlushIsOneWriteOfNothingButTheFile)
+{
+    const Flushes flushes;
+    m_ini.SetNumber(L"Level", 1);
+    EXPECT_TRUE(flushes.All().empty());
+    EXPECT_TRUE(m_ini.Flush());
+    EXPECT_EQ(flushes.All(), Files{File()});
+    EXPECT_TRUE(m_ini.Close(false));
+    EXPECT_EQ(flushes.All(), Files{File()});
+    m_ini.OpenRead(Location(), L"Section");
+    EXPECT_TRUE(m_ini.Close(true));
+    EXPECT_EQ(flushes.All(), (Files{File(), File()}));
 }
 
 TEST_F(IniFileStorage, NoThrowReadsGiveTheDefaultEvenWhenTheFileHoldsTheValue)
