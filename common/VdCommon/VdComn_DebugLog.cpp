@@ -32,7 +32,7 @@ const wchar_t* TagOf(TraceLevel level)
     return L"???";
 }
 
-// The part behind the last path separator, in the thread's ANSI code page. False for a name that cannot be widened.
+// The part after the last path separator, in the thread's ANSI code page. False for a name that cannot be widened.
 bool WidenBaseName(const char* sourceFile, std::wstring& name)
 {
     if (sourceFile == nullptr)
@@ -47,6 +47,10 @@ bool WidenBaseName(const char* sourceFile, std::wstring& name)
     if (base.size() >= LongestFileName)
     {
         return false;
+    }
+    if (base.empty())
+    {
+        return true; // nothing to widen, which the platform would call a failure
     }
     const int length = static_cast<int>(base.size());
     const int wide = ::MultiByteToWideChar(CP_THREAD_ACP, 0, base.data(), length, nullptr, 0);

@@ -229,6 +229,18 @@ TEST_F(DebugLogTest, ANullSourceNameIsWrittenAsTheFormatterWritesIt)
     EXPECT_TRUE(m_calls->lines.back().ends_with(L"text - (null)(5)\r\n"));
 }
 
+// Such a name was taken for one that cannot be widened, and came out as "(null)".
+TEST_F(DebugLogTest, AnEmptyBaseNameIsWrittenEmpty)
+{
+    Enable();
+    ASSERT_TRUE(Initialize());
+    for (const char* const name : {"", "folder/", "folder\\"})
+    {
+        EXPECT_TRUE(m_log.Trace(name, 5, TraceLevel::Info, L"text"));
+        EXPECT_TRUE(m_calls->lines.back().ends_with(L"> text - (5)\r\n")) << name;
+    }
+}
+
 TEST_F(DebugLogTest, TextsOfEveryKindAreTaken)
 {
     Enable();
