@@ -105,16 +105,21 @@ need_packages() {
     fail "The packages could not be installed." "Mend what apt-get says above, or install them by hand: ${missing[*]}"
 }
 
-# build_preset PRESET [TARGET...]: configures build/PRESET when it is new and builds the targets, or everything.
+# True when build/PRESET was configured for this checkout, and not for one that it was copied or moved from.
+configured_here() {
+  [[ -f build/$1/build.ninja ]] && grep -qsxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "build/$1/CMakeCache.txt"
+}
+
+# build_preset PRESET [TARGET...]: configures build/PRESET when it is new here and builds the targets, or everything.
 build_preset() {
   local preset=$1 target arguments=(--build --preset "$1")
   shift
   for target in "$@"; do
     arguments+=(--target "$target")
   done
-  if [[ ! -f build/$preset/build.ninja ]]; then
+  if ! configured_here "$preset"; then
     say "Configuring build/$preset"
-    quietly "configure-$preset" cmake --preset "$preset" || fail "build/$preset could not be configured."
+    quietly "configure-$preset" cmake --fresh --preset "$preset" || fail "build/$preset could not be configured."
   fi
   say "Building ${*:-everything} in build/$preset"
   if [[ -t 1 ]]; then

@@ -6,8 +6,11 @@ suite_targets=(SampleLogs VdDbg64 OrlDbMg VdFrwkSvc VdFrwkPs vdhelp)
 suite_folder=build/wine/drive_c/Zeptara
 sample_program=build/release/suite/SampleLogs.exe
 service_stamp=$suite_folder/.registered
+# By its name in the prefix, which holds wherever the checkout is moved or copied to.
+service_program='C:\Zeptara\VdFrwkSvc.exe'
 
-# Copies what the suite's programs load from its folder, and registers the service when that is new.
+# Copies what the suite's programs load from its folder, and registers the service when that is new or was registered
+# under another name.
 install_suite() {
   local file changed=
   mkdir -p "$suite_folder/Log"
@@ -18,12 +21,12 @@ install_suite() {
       changed+=" $file"
     fi
   done
-  if [[ -f $service_stamp && $changed != *VdFrwk* ]]; then
+  if [[ -f $service_stamp && $(<"$service_stamp") == "$service_program" && $changed != *VdFrwk* ]]; then
     return
   fi
   say "Registering the service"
-  quietly service tools/wine "$suite_folder/VdFrwkSvc.exe" /RegServer || fail "The service could not be registered."
-  : >"$service_stamp"
+  quietly service tools/wine "$service_program" /RegServer || fail "The service could not be registered."
+  printf '%s\n' "$service_program" >"$service_stamp"
 }
 
 # The sample logs of the last 30 days up to today, as daily files and in the event-log database; made anew each day.
