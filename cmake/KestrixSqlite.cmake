@@ -58,7 +58,7 @@ function(kestrix_fetch_sqlite_package path)
   set(part "${folder}/part-${part}")
   file(MAKE_DIRECTORY "${part}")
   execute_process(
-    COMMAND ${KESTRIX_NPM} pack --ignore-scripts --silent ${name}
+    COMMAND ${KESTRIX_NPM} pack --ignore-scripts --loglevel=error ${name} # quiet, but for the reason of a failure
     WORKING_DIRECTORY "${part}" RESULT_VARIABLE status OUTPUT_QUIET ERROR_VARIABLE errors)
   kestrix_has_hash("${part}/${file}" ${KESTRIX_SQLITE_PACKAGE_SHA256} whole)
   if(whole)
@@ -76,8 +76,9 @@ function(kestrix_fetch_sqlite_package path)
     message(FATAL_ERROR "${name} is not the package that was pinned: its SHA-256 differs. Nothing of it was used. "
       "Try again; if it stays so, somebody has changed the package.")
   endif()
+  string(REPLACE "\n" "\n  " errors "\n${errors}") # what is indented is printed as it stands
   message(FATAL_ERROR "${name} could not be fetched (npm ended with ${status}) and is not in ${folder}. Check the "
-    "network and npm's settings, or put the file ${file} there.\n${errors}")
+    "network and npm's settings, or put the file ${file} there.${errors}")
 endfunction()
 
 # Makes the target sqlite3: a static library with its include folder.
