@@ -26,11 +26,11 @@ std::wstring ReadInstallationValue(const wchar_t* name)
         pStorage->Close(false);
         return value;
     }
-    catch (Exception* failure)
+    catch (Exception* thrown)
     {
-        const std::unique_ptr<Exception> owned(failure);
+        const VdCommon::Exception::Caught caught(thrown);
         VD_TRACE(Error, L"*** Frwk::Utility::GetInstalledFolder() -  Got VdCommon::Storage::Exception(). [0x%08x]",
-                 owned->Code());
+                 caught->Code());
     }
     catch (const std::bad_alloc&)
     {

@@ -5,7 +5,6 @@
 #include "common/VdCommon/VdComn_String.h"
 
 #include <cstdarg>
-#include <memory>
 #include <string_view>
 
 namespace VdCommon
@@ -165,9 +164,9 @@ bool DebugLog::Write(const char* sourceFile, std::uint32_t line, TraceLevel leve
             va_end(arguments);
         }
     }
-    catch (const String::Exception* exception)
+    catch (String::Exception* thrown)
     {
-        delete exception;
+        const VdCommon::Exception::Caught caught(thrown);
         message.clear();
     }
     SYSTEMTIME time{};
@@ -195,9 +194,9 @@ std::wstring DebugLog::ComposeLine(const SYSTEMTIME& time, TraceLevel level, con
         String::Format(origin, L" - %s(%lu)\r\n", baseName, static_cast<unsigned long>(line));
         return stamp + identity + message + origin;
     }
-    catch (const String::Exception* exception)
+    catch (String::Exception* thrown)
     {
-        delete exception;
+        const VdCommon::Exception::Caught caught(thrown);
         return {};
     }
 }

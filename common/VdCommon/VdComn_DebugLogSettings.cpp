@@ -72,9 +72,9 @@ bool ReadDebugLogSettings(const Storage::Key& key, const std::wstring& moduleNam
         ReadValues(*storage, settings);
         storage->Close(false);
     }
-    catch (const Storage::Exception* exception)
+    catch (Storage::Exception* thrown)
     {
-        delete exception;
+        const VdCommon::Exception::Caught caught(thrown);
     }
     return true;
 }

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <source_location>
 #include <string>
 
-// The exceptions of the common foundation are made with new and thrown as pointers; whoever catches one deletes it.
+// The exceptions of the common foundation are made with new and thrown as pointers; whoever catches one owns it, by a
+// Caught.
 namespace VdCommon::Exception
 {
 
@@ -38,6 +40,22 @@ private:
     std::uint32_t m_nCode;
     std::uint32_t m_nLine;
     std::string m_strFile;
+};
+
+// The owner of a caught exception, made first thing by whoever catches one; it ends with the handler.
+//     catch (Exception* thrown)
+//     {
+//         const VdCommon::Exception::Caught caught(thrown);
+template <class Kind>
+class Caught
+{
+public:
+    explicit Caught(Kind* thrown) noexcept : m_pThrown(thrown) {}
+
+    const Kind* operator->() const noexcept { return m_pThrown.get(); }
+
+private:
+    std::unique_ptr<Kind> m_pThrown;
 };
 
 } // namespace VdCommon::Exception

@@ -3,7 +3,6 @@
 #include "common/VdCommon/VdComn_StorageText.h"
 #include "common/VdCommon/VdComn_String.h"
 
-#include <memory>
 #include <source_location>
 #include <utility>
 
@@ -94,10 +93,10 @@ bool IniFile::SetNumber(const std::wstring& name, std::uint32_t value)
     {
         String::Format(text, L"%u", value);
     }
-    catch (String::Exception* failure)
+    catch (String::Exception* thrown)
     {
-        const std::unique_ptr<String::Exception> owned(failure);
-        throw new Exception(owned->Code());
+        const VdCommon::Exception::Caught caught(thrown);
+        throw new Exception(caught->Code());
     }
     return Write(name.c_str(), text.c_str());
 }

@@ -5,7 +5,6 @@
 #include "common/VdCommon/VdComn_StorageText.h"
 
 #include <algorithm>
-#include <memory>
 #include <source_location>
 #include <utility>
 
@@ -57,10 +56,10 @@ Value ReadOrDefault(Value defaultValue, std::uint32_t* error, Read read)
     {
         return read();
     }
-    catch (Exception* failure)
+    catch (Exception* thrown)
     {
-        const std::unique_ptr<Exception> owned(failure);
-        StoreError(error, owned->Code());
+        const VdCommon::Exception::Caught caught(thrown);
+        StoreError(error, caught->Code());
         return defaultValue;
     }
 }
@@ -77,9 +76,9 @@ Registry::~Registry()
     {
         Registry::Close(false);
     }
-    catch (Exception* failure)
+    catch (Exception* thrown)
     {
-        delete failure;
+        const VdCommon::Exception::Caught caught(thrown);
     }
 }
 

@@ -125,9 +125,9 @@ SecurityAttributes::SecurityAttributes(std::uint32_t kind, bool inherit) noexcep
         m_descriptor = MakeDescriptor(AccessControl::MasksOf(kind));
         m_attributes = {sizeof m_attributes, m_descriptor.Data(), inherit};
     }
-    catch (VdCommon::Exception::Base* failure)
+    catch (VdCommon::Exception::Base* thrown)
     {
-        delete failure;
+        const VdCommon::Exception::Caught caught(thrown);
     }
     catch (...)
     {

@@ -4,8 +4,6 @@
 #include "common/VdCommon/VdComn_Registry.h"
 #include "common/VdCommon/VdComn_StorageText.h"
 
-#include <memory>
-
 namespace VdCommon::Storage
 {
 
@@ -82,9 +80,9 @@ std::uint32_t QueryValue(HKEY root, const wchar_t* path, const wchar_t* name, st
         return ReadBelow(root, path,
                          [&](Registry& registry) { return registry.QueryNumber(TextOf(name), defaultValue); });
     }
-    catch (Exception* failure)
+    catch (Exception* thrown)
     {
-        delete failure;
+        const VdCommon::Exception::Caught caught(thrown);
         return defaultValue;
     }
 }
@@ -95,9 +93,9 @@ std::wstring QueryValue(HKEY root, const wchar_t* path, const wchar_t* name, con
     {
         return ReadBelow(root, path, [&](Registry& registry) { return registry.QueryString(TextOf(name), {}); });
     }
-    catch (Exception* failure)
+    catch (Exception* thrown)
     {
-        delete failure;
+        const VdCommon::Exception::Caught caught(thrown);
         return TextOf(defaultValue);
     }
 }
@@ -110,14 +108,14 @@ bool QueryValue(HKEY root, const wchar_t* path, const wchar_t* name, ByteArray& 
         ReadBelow(root, path, [&](Registry& registry) { return registry.QueryBinary(TextOf(name), bytes); });
         return StoreError(error, ERROR_SUCCESS);
     }
-    catch (Exception* failure)
+    catch (Exception* thrown)
     {
-        const std::unique_ptr<Exception> owned(failure);
-        return StoreError(error, owned->Code());
+        const VdCommon::Exception::Caught caught(thrown);
+        return StoreError(error, caught->Code());
     }
-    catch (VdCommon::Exception::Base* failure)
+    catch (VdCommon::Exception::Base* thrown)
     {
-        delete failure;
+        const VdCommon::Exception::Caught caught(thrown);
     }
     catch (...)
     {

@@ -3,7 +3,6 @@
 #include "common/VdCommon/VdComn_Storage.h"
 
 #include <cstdint>
-#include <memory>
 
 // The code of the Storage::Exception that the operation throws, which is destroyed; 0 when it throws none.
 template <class Operation>
@@ -15,7 +14,8 @@ std::uint32_t ThrownCode(Operation operation)
     }
     catch (VdCommon::Storage::Exception* thrown)
     {
-        return std::unique_ptr<VdCommon::Storage::Exception>(thrown)->Code();
+        const VdCommon::Exception::Caught caught(thrown);
+        return caught->Code();
     }
     return 0;
 }

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string_view>
 #include <type_traits>
 
@@ -42,9 +41,9 @@ TEST(Exception, IsCaughtAsAPointerToTheRootAndDestroyedThroughIt)
     {
         throw new Counted(destroyed);
     }
-    catch (VdCommon::Exception::Base* caught)
+    catch (VdCommon::Exception::Base* thrown)
     {
-        delete caught;
+        const VdCommon::Exception::Caught caught(thrown);
     }
     EXPECT_EQ(destroyed, 1);
 }
@@ -61,15 +60,15 @@ TEST(Exception, OneKindIsNotCaughtAsAnother)
     {
         throw new Other(13);
     }
-    catch (VdCommon::String::Exception* wrong)
+    catch (VdCommon::String::Exception* thrown)
     {
-        delete wrong;
+        const VdCommon::Exception::Caught caught(thrown);
         FAIL() << "caught as a String::Exception";
     }
-    catch (VdCommon::Exception::Coded* caught)
+    catch (VdCommon::Exception::Coded* thrown)
     {
-        const std::unique_ptr<VdCommon::Exception::Coded> owned(caught);
-        EXPECT_EQ(owned->Code(), 13u);
+        const VdCommon::Exception::Caught caught(thrown);
+        EXPECT_EQ(caught->Code(), 13u);
     }
 }
 

@@ -9,7 +9,6 @@
 
 #include <malloc.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -131,9 +130,9 @@ TEST(SecurityAttributes, LookUpOfAnUnsupportedKindThrows50)
             MasksOf(kind);
             ADD_FAILURE() << "nothing was thrown";
         }
-        catch (VdCommon::AccessControl::Exception* caught)
+        catch (VdCommon::AccessControl::Exception* thrown)
         {
-            const std::unique_ptr<VdCommon::Exception::Base> owned(caught);
+            const VdCommon::Exception::Caught caught(thrown);
             EXPECT_EQ(caught->Code(), 50u);
             EXPECT_EQ(caught->File(), "common/VdCommon/VdComn_SecurityAttributes.cpp");
             EXPECT_NE(caught->Line(), 0u);

@@ -343,9 +343,9 @@ TYPED_TEST(EitherStorage, ExceptionTellsWhereItWasThrown)
     }
     catch (Exception* thrown)
     {
-        const std::unique_ptr<Exception> owned(thrown);
-        EXPECT_NE(owned->File().find("common/VdCommon/VdComn_"), std::string::npos);
-        EXPECT_GT(owned->Line(), 0u);
+        const VdCommon::Exception::Caught caught(thrown);
+        EXPECT_NE(caught->File().find("common/VdCommon/VdComn_"), std::string::npos);
+        EXPECT_GT(caught->Line(), 0u);
     }
 }
 

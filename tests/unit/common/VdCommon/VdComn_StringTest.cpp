@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <memory>
 
 namespace
 {
@@ -120,12 +119,12 @@ TEST_F(StringFormat, NoMemoryThrowsCode6AndLeavesTheText)
         Format(m_out, L"text");
         FAIL() << "no exception";
     }
-    catch (VdCommon::String::Exception* caught)
+    catch (VdCommon::String::Exception* thrown)
     {
-        const std::unique_ptr<VdCommon::String::Exception> owned(caught);
-        EXPECT_EQ(owned->Code(), 6u);
-        EXPECT_NE(owned->File().find("VdComn_String.cpp"), std::string::npos);
-        EXPECT_NE(owned->Line(), 0u);
+        const VdCommon::Exception::Caught caught(thrown);
+        EXPECT_EQ(caught->Code(), 6u);
+        EXPECT_NE(caught->File().find("VdComn_String.cpp"), std::string::npos);
+        EXPECT_NE(caught->Line(), 0u);
     }
     EXPECT_EQ(m_out, L"before");
 }
