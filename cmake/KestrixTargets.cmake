@@ -20,6 +20,8 @@ target_compile_options(kestrix_options INTERFACE
   $<$<CONFIG:Debug>:-fsanitize=undefined;-fno-sanitize=alignment;-fsanitize-undefined-trap-on-error>)
 target_link_options(kestrix_options INTERFACE
   -static
+  # The addresses of code and data differ from start to start, and no data is executed.
+  -Wl,--dynamicbase,--nxcompat,--high-entropy-va
   # Sections that begin with a page of the file can be mapped; with the usual 512 bytes Wine reads them all at the start.
   -Wl,--file-alignment,4096)
 
@@ -58,7 +60,8 @@ function(kestrix_resource_file name)
 endfunction()
 
 # kestrix_delayed_library(LIBRARY FUNCTION...): target LIBRARY_delayed has these functions of a system library, which is
-# loaded at the first call of one of them. For libraries that a start does not need; link it before the system's own.
+# loaded at the first call of one of them, from the system's folder. For libraries that a start does not need; link it
+# before the system's own.
 function(kestrix_delayed_library library)
   set(definitions ${CMAKE_CURRENT_BINARY_DIR}/${library}.def)
   set(archive ${CMAKE_CURRENT_BINARY_DIR}/lib${library}_delayed.a)
@@ -70,5 +73,7 @@ function(kestrix_delayed_library library)
   add_custom_target(${library}_delayed_archive DEPENDS ${archive})
   add_library(${library}_delayed INTERFACE)
   target_link_libraries(${library}_delayed INTERFACE ${archive} delayimp)
+  # Nothing else would make the linker take ours (platform/dialog/SystemLibrary.cpp) and not an empty one.
+  target_link_options(${library}_delayed INTERFACE -Wl,--undefined=__pfnDliNotifyHook2)
   add_dependencies(${library}_delayed ${library}_delayed_archive)
 endfunction()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/dialog/SystemLibrary.h"
+
 #include <windows.h>
 
 #include <cstdint>
@@ -23,8 +25,10 @@ public:
     // With `load` true looks the functions up, with false zeroes their pointers. Gives whether all were found.
     virtual bool Bind(bool load) noexcept;
 
-    // Loads the file and owns it. Codes in `error` (may be null): 5010 a module is held already, else the platform's.
-    bool Load(const wchar_t* fileName, std::uint32_t* error = nullptr, LoadFunction load = ::LoadLibraryW) noexcept;
+    // Loads the file, unless `load` says otherwise a library of the system, and owns it. Codes in `error` (may be
+    // null): 5010 a module is held already, else the platform's.
+    bool Load(const wchar_t* fileName, std::uint32_t* error = nullptr,
+              LoadFunction load = ::LoadSystemLibrary) noexcept;
     // Forgets the functions and the module, which is freed if it is owned.
     void Unload() noexcept;
 

@@ -2,6 +2,7 @@
 
 #include "common/VdCommon/VdComn_Platform.h"
 #include "common/VdCommon/VdComn_Procedure.h"
+#include "platform/dialog/SystemLibrary.h"
 #include "platform/dialog/UniqueHandle.h"
 
 #include <windows.h>
@@ -18,7 +19,7 @@ constexpr DWORD ServiceSession = 0;
 template <class Function>
 bool FindIn(UniqueModule& library, const wchar_t* libraryName, Function** function, const wchar_t* name) noexcept
 {
-    library.reset(::LoadLibraryW(libraryName));
+    library.reset(LoadSystemLibrary(libraryName));
     return GetProcedure(library.get(), function, name);
 }
 

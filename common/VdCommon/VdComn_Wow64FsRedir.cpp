@@ -62,7 +62,7 @@ bool CWow64FsRedir::LoadSystemLibrary(const wchar_t* fileName)
     {
         path += L'\\';
     }
-    return m_library.Load(path.append(fileName).c_str());
+    return m_library.Load(path.append(fileName).c_str(), nullptr, ::LoadLibraryW);
 }
 
 bool CWow64FsRedir::Disable() noexcept

@@ -8,7 +8,7 @@ class CWow64FsRedir
 {
 public:
     // load: loads kernel32.dll; asked again while the library is not ready for it.
-    explicit CWow64FsRedir(VdCommon::DynLib::LoadFunction load = ::LoadLibraryW) noexcept;
+    explicit CWow64FsRedir(VdCommon::DynLib::LoadFunction load = ::LoadSystemLibrary) noexcept;
     CWow64FsRedir(const CWow64FsRedir&) = delete;
     CWow64FsRedir& operator=(const CWow64FsRedir&) = delete;
     virtual ~CWow64FsRedir();

@@ -42,5 +42,6 @@
 #include "platform/dialog/OleDateTime.h"
 #include "platform/dialog/ResourceNumber.h"
 #include "platform/dialog/Semaphore.h"
+#include "platform/dialog/SystemLibrary.h"
 #include "platform/dialog/UniqueHandle.h"
 #include "platform/dialog/WinApp.h"

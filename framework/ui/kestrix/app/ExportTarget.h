@@ -6,7 +6,7 @@
 
 // The user's documents folder, where the export dialog opens: at most 259 characters, empty when nobody knows it.
 // load: loads the system's library that knows it; without that library the registry is asked.
-std::wstring DocumentsFolder(VdCommon::DynLib::LoadFunction load = ::LoadLibraryW);
+std::wstring DocumentsFolder(VdCommon::DynLib::LoadFunction load = ::LoadSystemLibrary);
 
 // The path with the extension of the dialog's filter, counted from 1. A path that has an extension keeps it, and so
 // does one with an index that no filter has.

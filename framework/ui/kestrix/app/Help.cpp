@@ -4,6 +4,7 @@
 #include "common/VdCommon/VdComn_FolderName.h"
 #include "common/VdCommon/VdComn_Storage.h"
 #include "framework/ui/kestrix/logs/LogKinds.h"
+#include "platform/dialog/SystemLibrary.h"
 
 #include <htmlhelp.h>
 
@@ -24,7 +25,7 @@ using HtmlHelpFunction = HWND WINAPI(HWND owner, const wchar_t* file, UINT comma
 // call after the first finds it loaded.
 HtmlHelpFunction* FindHtmlHelp()
 {
-    const HMODULE library = ::LoadLibraryW(L"hhctrl.ocx");
+    const HMODULE library = LoadSystemLibrary(L"hhctrl.ocx");
     if (library == nullptr)
     {
         return nullptr;

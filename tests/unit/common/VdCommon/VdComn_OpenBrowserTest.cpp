@@ -14,15 +14,17 @@ struct Call
     std::wstring verb;
     std::wstring file;
     std::wstring argument;
+    std::wstring folder;
     int show;
 };
 
 std::vector<Call> g_calls;
 std::vector<std::intptr_t> g_results; // one for each call to come
 
-HINSTANCE WINAPI Execute(HWND, LPCWSTR verb, LPCWSTR file, LPCWSTR argument, LPCWSTR, INT show)
+HINSTANCE WINAPI Execute(HWND, LPCWSTR verb, LPCWSTR file, LPCWSTR argument, LPCWSTR folder, INT show)
 {
-    g_calls.push_back({verb, file, argument == nullptr ? L"(none)" : argument, show});
+    g_calls.push_back(
+        {verb, file, argument == nullptr ? L"(none)" : argument, folder == nullptr ? L"(none)" : folder, show});
     return reinterpret_cast<HINSTANCE>(g_results.at(g_calls.size() - 1));
 }
 
@@ -56,6 +58,17 @@ TEST(OpenBrowser, ResultOf32IsAFailureAndTheAddressItselfIsOpened)
     EXPECT_EQ(g_calls[1].file, L"http://example.org/");
     EXPECT_EQ(g_calls[1].argument, L"(none)");
     EXPECT_EQ(g_calls[1].show, 1);
+}
+
+// Both were started without a folder, so that a program of the browser's name in the current one came first.
+TEST(OpenBrowser, TheBrowserStartsInTheSystemsFolder)
+{
+    wchar_t folder[MAX_PATH] = {};
+    ASSERT_NE(GetSystemDirectoryW(folder, MAX_PATH), 0u);
+    EXPECT_TRUE(Open(L"http://example.org/", {2, 42}));
+    ASSERT_EQ(g_calls.size(), 2u);
+    EXPECT_EQ(g_calls[0].folder, folder);
+    EXPECT_EQ(g_calls[1].folder, folder);
 }
 
 TEST(OpenBrowser, SystemWithoutInternetExplorerAndBrowserGivesFalse)

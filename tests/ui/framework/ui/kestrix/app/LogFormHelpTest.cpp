@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-extern "C" decltype(&::LoadLibraryW) __imp_LoadLibraryW;
+extern "C" decltype(&::LoadLibraryExW) __imp_LoadLibraryExW;
 extern "C" decltype(&::GetProcAddress) __imp_GetProcAddress;
 
 namespace
@@ -29,11 +29,11 @@ struct HelpCall
     friend bool operator==(const HelpCall&, const HelpCall&) = default;
 };
 
-// Stands in for the platform's help library.
+// Stands in for the platform's help library, which is asked for in the system's folder and nowhere else.
 class HelpDouble
 {
 public:
-    HelpDouble() : m_load(__imp_LoadLibraryW, &Load), m_find(__imp_GetProcAddress, &Find)
+    HelpDouble() : m_load(__imp_LoadLibraryExW, &Load), m_find(__imp_GetProcAddress, &Find)
     {
         s_calls.clear();
         s_window = nullptr;
@@ -49,13 +49,20 @@ public:
 private:
     static inline const HMODULE Module = reinterpret_cast<HMODULE>(0x4711);
 
-    static HMODULE WINAPI Load(const wchar_t* name)
+    static std::wstring LibraryPath()
     {
-        if (name == std::wstring(L"hhctrl.ocx"))
+        wchar_t folder[MAX_PATH] = {};
+        GetSystemDirectoryW(folder, MAX_PATH);
+        return std::wstring(folder) + L"\\hhctrl.ocx";
+    }
+
+    static HMODULE WINAPI Load(const wchar_t* path, HANDLE file, DWORD flags)
+    {
+        if (path == LibraryPath())
         {
             return s_installed ? Module : nullptr;
         }
-        return s_load(name);
+        return s_load(path, file, flags);
     }
 
     static FARPROC WINAPI Find(HMODULE module, const char* name)
@@ -74,10 +81,10 @@ private:
         return s_window;
     }
 
-    static inline decltype(&::LoadLibraryW) s_load = nullptr;
+    static inline decltype(&::LoadLibraryExW) s_load = nullptr;
     static inline decltype(&::GetProcAddress) s_find = nullptr;
 
-    const ImportPatch<decltype(&::LoadLibraryW)> m_load;
+    const ImportPatch<decltype(&::LoadLibraryExW)> m_load;
     const ImportPatch<decltype(&::GetProcAddress)> m_find;
 };
 
