@@ -180,6 +180,18 @@ TEST_F(BitmapDialogTest, AControlHasItsOwnTextColour)
     }
 }
 
+TEST_F(BitmapDialogTest, TheSystemDecidesColoursFirstAndTheControlsOwnStand)
+{
+    UseBackground(false);
+    const Colours before = Ask(WM_CTLCOLORSTATIC, IDC_SKIN_TEXT);
+    ASSERT_NE(before.text, Unset) << "the system sets a colour too";
+    m_dialog.SetTextColour(IDC_SKIN_TEXT, Red);
+    const Colours after = Ask(WM_CTLCOLORSTATIC, IDC_SKIN_TEXT);
+    EXPECT_EQ(after.text, Red);
+    EXPECT_EQ(after.ground, before.ground);
+    EXPECT_NE(after.ground, Unset);
+}
+
 TEST_F(BitmapDialogTest, AControlIsDrawnInItsOwnFont)
 {
     UseBackground(true);
