@@ -34,8 +34,8 @@ public:
     // failure, and events of the other one are let through all the same.
     HRESULT Initialize();
 
-    // Ends the connections, so that nothing of the framework reaches the object any more. Gives the result of the last
-    // one ended.
+    // Ends the connections, so that nothing of the framework reaches the object any more. Returns the result of the
+    // last one ended.
     HRESULT Uninitialize();
 
     HRESULT OnCommand(const Event& event) override;

@@ -11,7 +11,7 @@ namespace Frwk::DataTypes
 namespace
 {
 
-// How a value lies in a VARIANT: its type, the name of the type, and Load and Store, which give whether there was the
+// How a value lies in a VARIANT: its type, the name of the type, and Load and Store, which return whether there was the
 // memory for it.
 template <ElementValue Value>
 struct Element;

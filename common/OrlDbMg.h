@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
-// Request kind, sub kinds and the value that stands behind the period of a day list request.
+// Request kind, sub kinds and the value that stands after the period of a day list request.
 inline constexpr std::uint32_t OrlKindEventLog = 2;
 inline constexpr std::uint32_t OrlQueryRecords = 1;
 inline constexpr std::uint32_t OrlQueryDays = 2;
@@ -87,7 +87,7 @@ struct OrlVector
 {
     std::uint8_t reserved[8];
     const Entry* first;
-    const Entry* last; // behind the last entry
+    const Entry* last; // past the last entry
 };
 
 static_assert(offsetof(OrlVector<OrlLogEntry>, first) == 8);

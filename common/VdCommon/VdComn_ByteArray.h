@@ -15,7 +15,7 @@ public:
     ByteArray& operator=(ByteArray&& other) noexcept;
     virtual ~ByteArray();
 
-    // Makes a zeroed block. Gives false, and leaves the object as it is, with these codes in `error` (may be null):
+    // Makes a zeroed block. Returns false, and leaves the object as it is, with these codes in `error` (may be null):
     // 5010 there is a block already, 160 a size of 0, 6 no memory. Success stores 0.
     bool Allocate(const std::uint64_t& size, std::uint32_t* error = nullptr);
 

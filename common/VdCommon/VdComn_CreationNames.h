@@ -18,9 +18,9 @@ public:
 
     std::wstring GetLocalName() const { return m_strLocal; }
 
-    // Give the name with the prefix "Global\" or "Local\" in `out`: as it is when it holds the prefix anywhere, and on
-    // a platform before Windows 2000, which knows no prefixes. An empty name, and a platform whose version cannot be
-    // read, give false and an empty text.
+    // Put the name with the prefix "Global\" or "Local\" into `out`: as it is when it holds the prefix anywhere, and on
+    // a platform before Windows 2000, which knows no prefixes. Return false, with an empty text, for an empty name and
+    // where the platform's version cannot be read.
     static bool Global(std::wstring& out, const std::wstring& name, const Platform& platform = Platform());
     static bool Local(std::wstring& out, const std::wstring& name, const Platform& platform = Platform());
 
@@ -30,7 +30,7 @@ private:
     std::wstring m_strOther; // stays empty: no third scope has names
 };
 
-// Gives the name for this session in `out`, and whether there is one.
+// Puts the name for this session into `out`; returns whether there is one.
 bool GetCreationName(std::wstring& out, const std::wstring& name, const Platform& platform = Platform());
 
 } // namespace VdCommon

@@ -176,7 +176,7 @@ bool DebugLog::Write(const char* sourceFile, std::uint32_t line, TraceLevel leve
     return m_library.WriteLine(time, text.c_str());
 }
 
-// Gives an empty line when the memory for it is missing.
+// Returns an empty line when the memory for it is missing.
 std::wstring DebugLog::ComposeLine(const SYSTEMTIME& time, TraceLevel level, const std::wstring& message,
                                    const char* sourceFile, std::uint32_t line) const
 {

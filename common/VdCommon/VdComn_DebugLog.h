@@ -45,7 +45,7 @@ public:
     bool Uninitialize();
 
     // Writes one line in the manner of wprintf: numbers, and wide texts (pointers, strings and views) for %s. The
-    // arguments are looked at only when the line passes. Gives true when it was written or tracing is off, false
+    // arguments are looked at only when the line passes. Returns true when it was written or tracing is off, false
     // before the start, for a masked level and when the library refused; never throws.
     template <class... Arguments>
     bool Trace(const char* sourceFile, std::uint32_t line, TraceLevel level, const wchar_t* format,

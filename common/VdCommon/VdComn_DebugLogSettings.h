@@ -22,7 +22,7 @@ struct DebugLogSettings
 };
 
 // Reads the settings of this process's kind of session below the key. False for a kind of key that does not exist.
-// A setting that is missing or of the wrong form ends the reading: those before it stand, those behind it keep the
+// A setting that is missing or of the wrong form ends the reading: those before it stand, those after it keep the
 // values above, and what the registry lacks gets no default.
 bool ReadDebugLogSettings(const Storage::Key& key, const std::wstring& moduleName, DebugLogSettings& settings);
 

@@ -6,7 +6,7 @@ namespace VdCommon
 namespace
 {
 
-// What stands behind the escape mark for the separator; the mark itself is doubled.
+// What stands after the escape mark for the separator; the mark itself is doubled.
 constexpr wchar_t SeparatorCode = L'I';
 
 } // namespace

@@ -13,9 +13,9 @@ class DelimiterChanger
 public:
     virtual ~DelimiterChanger() = default;
 
-    // Gives 0 with the plain text in `out`, or -1 for an empty text with `out` as it was. `text` must not lie in `out`.
-    // A broken escape, "%" before any other character, gets the replacement of the last good escape of the text and
-    // skips as many characters as that has: nothing and none at first, then one. A "%" at the very end is dropped.
+    // Returns 0 with the plain text in `out`, or -1 for an empty text with `out` as it was. `text` must not lie in
+    // `out`. A broken escape, "%" before any other character, gets the replacement of the last good escape of the text
+    // and skips as many characters as that has: nothing and none at first, then one. A "%" at the very end is dropped.
     int Decode(std::wstring& out, std::wstring_view text) const;
 
 private:

@@ -22,7 +22,7 @@ public:
 
     // Whether every function of the derived class was found.
     virtual bool IsBound() const noexcept;
-    // With `load` true looks the functions up, with false zeroes their pointers. Gives whether all were found.
+    // With `load` true looks the functions up, with false zeroes their pointers. Returns whether all were found.
     virtual bool Bind(bool load) noexcept;
 
     // Loads the file, unless `load` says otherwise a library of the system, and owns it. Codes in `error` (may be

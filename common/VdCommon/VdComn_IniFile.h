@@ -5,8 +5,8 @@
 namespace VdCommon::Storage
 {
 
-// Values of a section of an INI file. An opening only remembers both names. The strict reads give their default when
-// the value is missing. The NoThrow reads never look into the file: they give the default.
+// Values of a section of an INI file. An opening only remembers both names. The strict reads return their default when
+// the value is missing. The NoThrow reads never look into the file: they return the default.
 class IniFile : public Base
 {
 public:

@@ -37,7 +37,7 @@ public:
     // Frees a bound library.
     ~Wrapper() override;
 
-    // With `load` true looks up every export of the library, also behind a failure; bound only if all are there.
+    // With `load` true looks up every export of the library, also after a failure; bound only if all are there.
     // With false zeroes them, which always succeeds. Implement it by BindLibrary.
     virtual bool Bind(bool load, std::uint32_t* error) = 0;
 

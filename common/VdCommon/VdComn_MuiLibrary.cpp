@@ -27,7 +27,7 @@ HRSRC FindConfiguration(HMODULE module) noexcept
     return ::FindResourceW(module, MAKEINTRESOURCEW(ConfigurationId), L"MUI");
 }
 
-// Gives false for a file without resource configuration data, or with data that is none.
+// Returns false for a file without resource configuration data, or with data that is none.
 bool ReadConfiguration(HMODULE module, MuiConfiguration& configuration) noexcept
 {
     const HRSRC resource = FindConfiguration(module);

@@ -47,12 +47,12 @@ UiLanguages DefaultUiLanguages() noexcept;
 // candidate of MuiCandidates whose checksum agrees is opened in its place.
 // convention: how the folder of a language is named, MUI_LANGUAGE_NAME ("en-US") or MUI_LANGUAGE_ID ("0409").
 // language: 0 for the default languages, else the one language that is looked for besides none.
-// Gives a module for resource functions alone, which the caller gives back to FreeMUILibrary; or null, with a last
+// Returns a module for resource functions alone, which the caller gives back to FreeMUILibrary; or null, with a last
 // error: 87 a wrong argument, 15100 (ERROR_MUI_FILE_NOT_FOUND) no candidate fits, else that of the opening.
 HMODULE LoadMUILibrary(const wchar_t* fileName, DWORD convention, LANGID language,
                        const UiLanguages& defaults = DefaultUiLanguages());
 
-// Releases what LoadMUILibrary gave. Gives whether the platform did so; else its last error stands.
+// Releases what LoadMUILibrary returned. Returns whether the platform did so; else its last error stands.
 bool FreeMUILibrary(HMODULE module) noexcept;
 
 // The places of the resources of a language neutral file, the first to be tried first: for each language a folder of

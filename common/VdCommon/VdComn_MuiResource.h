@@ -17,7 +17,7 @@ class MuiResource : public Base
 public:
     using ModulePathFunction = DWORD(WINAPI*)(HMODULE, wchar_t*, DWORD);
 
-    // modulePath: gives the program's own full path, in the manner of GetModuleFileName.
+    // modulePath: returns the program's own full path, in the manner of GetModuleFileName.
     explicit MuiResource(ModulePathFunction modulePath = ::GetModuleFileNameW) noexcept;
     // Releases the file.
     ~MuiResource() override;
@@ -34,7 +34,7 @@ public:
     void SetUseFallback(bool useFallback) noexcept { m_bUseFallback = useFallback; }
 
     // Finds and opens the file in place of one that is held; Module() is then the handle for all resources.
-    // Gives false when neither place has it, or the program's path has 260 characters or more.
+    // Returns false when neither place has it, or the program's path has 260 characters or more.
     bool Load();
 
 private:

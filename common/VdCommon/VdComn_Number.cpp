@@ -64,7 +64,7 @@ char Narrow(wchar_t c) noexcept
     return ::WideCharToMultiByte(CP_THREAD_ACP, 0, &c, 1, bytes, sizeof bytes, nullptr, nullptr) == 1 ? bytes[0] : '\0';
 }
 
-// Takes a sign from the front of the text. Gives whether it was a minus.
+// Takes a sign from the front of the text. Returns whether it was a minus.
 template <class ToNarrow>
 bool TakeSign(std::wstring_view& text, ToNarrow narrow) noexcept
 {
@@ -76,7 +76,7 @@ bool TakeSign(std::wstring_view& text, ToNarrow narrow) noexcept
     return sign == '-';
 }
 
-// Takes the prefix of the number from the front of the text. Gives the base of what follows.
+// Takes the prefix of the number from the front of the text. Returns the base of what follows.
 unsigned TakeBase(std::wstring_view& text, int base) noexcept
 {
     const bool zero = !text.empty() && Narrow(text.front()) == '0';

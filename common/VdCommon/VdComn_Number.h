@@ -7,7 +7,7 @@
 namespace VdCommon
 {
 
-// The decimal number at the start of the text, as wcstol reads it: behind leading white space and one sign, up to the
+// The decimal number at the start of the text, as wcstol reads it: after leading white space and one sign, up to the
 // first character that is no digit. 0 where there is no digit; a number out of range becomes the nearest one in range.
 std::int32_t WideToInteger(std::wstring_view text) noexcept;
 

@@ -14,7 +14,7 @@ namespace VdCommon
 // The export `name` of `module`, or null. The name is narrowed with the thread's ANSI code page.
 FARPROC FindProcedure(HMODULE module, const wchar_t* name, std::uint32_t* error = nullptr) noexcept;
 
-// The same into a typed pointer, which becomes null on a failure. Gives whether it was found.
+// The same into a typed pointer, which becomes null on a failure. Returns whether it was found.
 template <class Function>
 bool GetProcedure(HMODULE module, Function** procedure, const wchar_t* name, std::uint32_t* error = nullptr) noexcept
 {
@@ -36,8 +36,8 @@ struct Export
     Function** procedure;
 };
 
-// With `load` true looks up every export, also behind a failure, whose code replaces that of the one before; gives
-// whether all were found. With false zeroes the pointers and gives true.
+// With `load` true looks up every export, also after a failure, whose code replaces that of the one before; returns
+// whether all were found. With false zeroes the pointers and returns true.
 template <class... Function>
 bool BindExports(HMODULE module, bool load, std::uint32_t* error, const Export<Function>&... exports) noexcept
 {

@@ -48,7 +48,7 @@ LSTATUS CreateKey(HKEY root, const wchar_t* path, REGSAM access, HKEY* opened)
                              nullptr);
 }
 
-// What read() gives, or the default when it fails.
+// What read() returns, or the default when it fails.
 template <class Value, class Read>
 Value ReadOrDefault(Value defaultValue, std::uint32_t* error, Read read)
 {
@@ -261,7 +261,7 @@ bool Registry::ListValues(std::vector<std::wstring>& names)
     return List(::RegEnumValueW, names);
 }
 
-// enumerate: one of the platform's two functions that give the name at an index.
+// enumerate: one of the platform's two functions that return the name at an index.
 template <class Enumerate>
 bool Registry::List(Enumerate enumerate, std::vector<std::wstring>& names) const
 {

@@ -10,7 +10,7 @@ namespace VdCommon::Storage
 namespace
 {
 
-// Gives what read(registry) gives for the opened location.
+// Returns what read(registry) returns for the opened location.
 template <class Read>
 auto ReadBelow(HKEY root, const wchar_t* path, Read read)
 {

@@ -44,8 +44,8 @@ struct Key
     }
 };
 
-// One open location, for the thread that made the object. An operation without NoThrow in its name gives true or the
-// value, and throws Exception* on a failure. One that a kind of storage does not have gives false or the default.
+// One open location, for the thread that made the object. An operation without NoThrow in its name returns true or the
+// value, and throws Exception* on a failure. One that a kind of storage does not have returns false or the default.
 class Base
 {
 public:
@@ -64,7 +64,7 @@ public:
     virtual bool Flush() = 0;
 
     // A NoThrow read stores the code of an Exception in `error`, which may be null and is left alone by a success.
-    // `bytes` must be empty (else code 5010), and may hold a block behind a failure.
+    // `bytes` must be empty (else code 5010), and may hold a block after a failure.
     virtual bool QueryBinaryNoThrow(const std::wstring& name, ByteArray& bytes, std::uint32_t* error);
     virtual bool QueryBinary(const std::wstring& name, ByteArray& bytes);
     virtual std::wstring QueryStringNoThrow(const std::wstring& name, const std::wstring& defaultValue,
@@ -101,8 +101,8 @@ std::wstring QueryValue(HKEY root, const wchar_t* path, const wchar_t* name, con
 // QueryValue of bytes: the failure that is none of the storage's. As STG_E_UNKNOWN of the platform.
 constexpr std::uint32_t UnknownFailure = 0x800300FD;
 
-// Reads into `bytes`, which must be empty, and gives whether that worked. The code goes to `error` (may be null): 0 for
-// success, that of the Exception, or UnknownFailure. `reserved` has no meaning.
+// Reads into `bytes`, which must be empty, and returns whether that worked. The code goes to `error` (may be null): 0
+// for success, that of the Exception, or UnknownFailure. `reserved` has no meaning.
 bool QueryValue(HKEY root, const wchar_t* path, const wchar_t* name, ByteArray& bytes, std::uint32_t reserved,
                 std::uint32_t* error) noexcept;
 

@@ -10,7 +10,7 @@ namespace VdCommon::Storage
 // The text, empty for null.
 std::wstring TextOf(const wchar_t* text);
 
-// Both parts with one backslash between them, which also stands behind the first alone. A null part is skipped.
+// Both parts with one backslash between them, which also stands after the first alone. A null part is skipped.
 std::wstring JoinPath(const wchar_t* first, const wchar_t* second);
 
 // A zeroed text of that many characters. Throws Storage::Exception* (6) when memory is missing.

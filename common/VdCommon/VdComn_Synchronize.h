@@ -20,7 +20,7 @@ public:
     Base& operator=(const Base&) = delete;
     virtual ~Base() = default;
 
-    // Gives the result of the platform's wait: 0 (WAIT_OBJECT_0) when the lock is held from now on.
+    // Returns the result of the platform's wait: 0 (WAIT_OBJECT_0) when the lock is held from now on.
     virtual std::uint32_t Lock() noexcept = 0;
     virtual void Unlock() noexcept = 0;
 };
@@ -55,7 +55,7 @@ public:
 
     // Makes or opens the mutex of this name in the session. `exclusive`: only the first creation in the session
     // succeeds. `initialOwner`: a mutex made here is held by this thread at once; one that was there already is not.
-    // Gives false, and holds no more than before, for an object that has its mutex, for an empty name and when the
+    // Returns false, and holds no more than before, for an object that has its mutex, for an empty name and when the
     // platform refuses.
     bool Create(const std::wstring& name, const bool& exclusive, const bool& initialOwner);
 

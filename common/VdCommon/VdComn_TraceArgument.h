@@ -8,7 +8,7 @@ namespace VdCommon
 {
 
 // An argument of a trace call as a variable argument list takes it: texts as terminated pointers, the rest as it is.
-// What Value gives lives as long as the object.
+// What Value returns lives as long as the object.
 template <class T>
 struct TraceArgument
 {

@@ -19,7 +19,7 @@ public:
     // Loads a library from the system's 32-bit folder and holds it; to be done before redirection is off.
     bool LoadSystemLibrary(const wchar_t* fileName);
 
-    // Switches redirection off for this thread, until this object ends. Gives whether it is off.
+    // Switches redirection off for this thread, until this object ends. Returns whether it is off.
     bool Disable() noexcept;
 
 protected:
