@@ -9,7 +9,7 @@ public:
     using CWnd::Create;
     bool Create(DWORD style, const RECT& rect, HWND parent, int id);
 
-    int AddString(const std::wstring& text);               // gives the index
+    int AddString(const std::wstring& text);               // returns the index
     int InsertString(int index, const std::wstring& text); // index -1: at the end
     std::wstring GetLBText(int index) const;               // empty for an entry that does not exist
 

@@ -21,8 +21,8 @@ public:
     explicit CDialog(UINT templateId = 0, CWnd* parent = nullptr) : m_nTemplate(templateId), m_pParent(parent) {}
 
     // Shows the dialog, disables its owner and runs until EndDialog; the window is gone when the call returns.
-    // Gives EndDialog's result; -1 when there is no template or no window, when OnInitDialog threw, when the window was
-    // destroyed without EndDialog, or when WM_QUIT came, which is posted again for the loops outside.
+    // Returns EndDialog's result; -1 when there is no template or no window, when OnInitDialog threw, when the window
+    // was destroyed without EndDialog, or when WM_QUIT came, which is posted again for the loops outside.
     INT_PTR DoModal();
 
     // Makes a modeless dialog, or a child where the template says so. False when there is no template or no window, or

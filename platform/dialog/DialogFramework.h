@@ -4,10 +4,10 @@
 // Its conventions:
 //
 // Messages. A class states in its Map() which messages, commands and notifications it handles, one row each, and names
-//   its base's Map behind them. Handlers get decoded values. A row of a class hides its bases' rows for the same
+//   its base's Map after them. Handlers get decoded values. A row of a class hides its bases' rows for the same
 //   message; a handler reaches a base's handler by calling it by name.
 // Handled. A message with a row is handled: nothing else runs unless the handler calls Default(), which runs what comes
-//   behind the handler and gives its result. A message without a row reaches the window's own procedure unchanged.
+//   after the handler and returns its result. A message without a row reaches the window's own procedure unchanged.
 // Order. WM_COMMAND, WM_NOTIFY and WM_DRAWITEM go to the reflected rows of the control that sent them, then to the rows
 //   of the window that got them, then to default treatment. WM_CTLCOLOR... goes to the window's rows first, then to the
 //   control's. A command that no window answers goes to CWinApp::OnCommand.

@@ -10,7 +10,7 @@ namespace
 // The first words of a template of the extended form, where the plain form has its style.
 constexpr DWORD ExtendedMark = 0xFFFF0001;
 constexpr std::size_t PlainStyle = 0;
-constexpr std::size_t ExtendedStyle = 3; // behind the mark, the help number and the extended style
+constexpr std::size_t ExtendedStyle = 3; // after the mark, the help number and the extended style
 
 } // namespace
 

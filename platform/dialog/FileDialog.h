@@ -11,7 +11,7 @@ class CFileDialog
 {
 public:
     // defaultExtension: without a dot, for a name that has none. flags: those of OPENFILENAMEW, as they stand. filter:
-    // pairs of name and pattern with "|" between them and "||" behind the last. parent owns the dialog.
+    // pairs of name and pattern with "|" between them and "||" after the last. parent owns the dialog.
     CFileDialog(std::wstring defaultExtension, DWORD flags, std::wstring filter, HWND parent);
 
     // Shows the dialog, with no name in it. IDOK, or IDCANCEL for a dialog that was closed or could not be shown.

@@ -13,7 +13,7 @@
 class CWinApp;
 class WindowSubclass;
 
-// A window that has our procedure, and its own behind it.
+// A window that has our procedure, and its own after it.
 struct SubclassedWindow
 {
     WNDPROC original = nullptr;

@@ -21,7 +21,7 @@ public:
         return SendMessage(HDM_SETITEMW, column, reinterpret_cast<LPARAM>(&item));
     }
 
-    // The images stay the caller's; gives the list before.
+    // The images stay the caller's; returns the list before.
     HIMAGELIST SetImageList(HIMAGELIST images)
     {
         return reinterpret_cast<HIMAGELIST>(

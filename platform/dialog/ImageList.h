@@ -12,7 +12,8 @@ public:
     // Images of width by height; flags ILC_...; room for initial images, growing by grow. Deletes the list before.
     bool Create(int width, int height, UINT flags, int initial, int grow) noexcept;
 
-    // Adds the images of a strip, with mask as the colour that is not drawn. Gives the first's index; -1 when refused.
+    // Adds the images of a strip, with mask as the colour that is not drawn. Returns the first's index; -1 when
+    // refused.
     int Add(HBITMAP strip, COLORREF mask) noexcept;
 
     bool Draw(HDC dc, int image, POINT point, UINT style = ILD_NORMAL) const noexcept;

@@ -11,7 +11,7 @@ public:
     using CWnd::Create;
     bool Create(DWORD style, const RECT& rect, HWND parent, int id);
 
-    // format is LVCFMT_LEFT and so on, width in pixels. Gives the column's index; -1 when refused.
+    // format is LVCFMT_LEFT and so on, width in pixels. Returns the column's index; -1 when refused.
     int InsertColumn(int column, const std::wstring& title, int format, int width);
 
     bool DeleteColumn(int column) { return SendMessage(LVM_DELETECOLUMN, column); }
@@ -22,7 +22,7 @@ public:
 
     HWND GetHeaderCtrl() const { return reinterpret_cast<HWND>(SendMessage(LVM_GETHEADER)); }
 
-    int InsertItem(const LVITEMW& item); // gives the item's index; -1 when refused
+    int InsertItem(const LVITEMW& item); // returns the item's index; -1 when refused
     bool SetItemText(int item, int column, const std::wstring& text);
     std::wstring GetItemText(int item, int column) const; // at most 1,023 characters
     LPARAM GetItemData(int item) const;                   // 0 for an item that does not exist
@@ -40,7 +40,7 @@ public:
 
     bool EnsureVisible(int item) { return SendMessage(LVM_ENSUREVISIBLE, item, FALSE); }
 
-    // The next item behind from (-1: the first of all) with these LVNI_... flags; -1 when there is none.
+    // The next item after from (-1: the first of all) with these LVNI_... flags; -1 when there is none.
     int GetNextItem(int from, UINT flags) const
     {
         return static_cast<int>(SendMessage(LVM_GETNEXTITEM, from, static_cast<LPARAM>(flags)));
@@ -56,7 +56,7 @@ public:
 
     void SetExtendedStyle(DWORD style) { SendMessage(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, style); }
 
-    // kind is LVSIL_SMALL and so on; gives the list before. With LVS_SHAREIMAGELISTS the images stay the caller's, and
-    // this sets that style, so that the list view never destroys an image list that an object owns.
+    // kind is LVSIL_SMALL and so on; returns the list before. With LVS_SHAREIMAGELISTS the images stay the caller's,
+    // and this sets that style, so that the list view never destroys an image list that an object owns.
     HIMAGELIST SetImageList(HIMAGELIST images, int kind);
 };

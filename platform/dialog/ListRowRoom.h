@@ -10,9 +10,9 @@
 // after the last.
 //
 // The control has arrays of its rows that grow by ten rows at a time. They can grow where they are as long as nothing
-// else lies behind them; but in Wine's heap the rows themselves, four small blocks each, come to lie just there, and
+// else lies after them; but in Wine's heap the rows themselves, four small blocks each, come to lie just there, and
 // then the arrays have to be moved, byte by byte. With this room the rows find free pieces of a page each and leave the
-// place behind the arrays alone: 10,000 rows then take half as long. A heap that keeps small blocks apart by itself, as
+// place after the arrays alone: 10,000 rows then take half as long. A heap that keeps small blocks apart by itself, as
 // that of Windows does, needs none of this.
 class ListRowRoom
 {

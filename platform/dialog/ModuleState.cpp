@@ -42,7 +42,7 @@ namespace
 {
 
 // A block holds for each of its texts a word with its length and then its characters, without a terminator. A block
-// that the module does not have gives empty texts.
+// that the module does not have returns empty texts.
 std::unique_ptr<FrameworkState::TextBlock> ReadTextBlock(std::size_t index)
 {
     auto block = std::make_unique<FrameworkState::TextBlock>();

@@ -8,7 +8,7 @@
 // refuses.
 BOOL AfxOleInit();
 
-// Closes what AfxOleInit opened; AfxWinMain does it behind ExitInstance.
+// Closes what AfxOleInit opened; AfxWinMain does it after ExitInstance.
 void AfxOleTerm() noexcept;
 
 // The filter of the thread that called AfxOleInit.

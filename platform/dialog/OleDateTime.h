@@ -29,10 +29,10 @@ public:
 
     DateTimeStatus GetStatus() const noexcept { return m_status; }
 
-    // Gives false, and leaves time as it was, when the date is not valid.
+    // Returns false, and leaves time as it was, when the date is not valid.
     bool GetAsSystemTime(SYSTEMTIME& time) const noexcept;
 
-    // Reads a text in the form of the locale; flags are those of VarDateFromStr. Gives whether it was a date.
+    // Reads a text in the form of the locale; flags are those of VarDateFromStr. Returns whether it was a date.
     bool ParseDateTime(const std::wstring& text, DWORD flags = 0, LCID locale = LANG_USER_DEFAULT) noexcept;
 
     // The text in the form of the locale; flags are those of VarBstrFromDate, VAR_DATEVALUEONLY for the date alone.

@@ -11,7 +11,7 @@ public:
     using CWnd::Create;
     bool Create(DWORD style, const RECT& rect, HWND parent, int id);
 
-    int InsertItem(int index, const std::wstring& text); // gives the index; -1 when refused
+    int InsertItem(int index, const std::wstring& text); // returns the index; -1 when refused
     std::wstring GetItemText(int index) const;           // at most 260 characters
     RECT GetItemRect(int index) const;                   // in client coordinates; empty for no such tab
 
@@ -23,7 +23,7 @@ public:
 
     void SetCurFocus(int index) { SendMessage(TCM_SETCURFOCUS, index); } // notifies the parent
 
-    SIZE SetItemSize(SIZE size); // gives the size before
+    SIZE SetItemSize(SIZE size); // returns the size before
 
     int SetMinTabWidth(int width) { return static_cast<int>(SendMessage(TCM_SETMINTABWIDTH, 0, width)); }
 

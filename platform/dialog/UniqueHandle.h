@@ -96,7 +96,7 @@ public:
         LiveHandles::Of(Traits::Kind) += handle != Traits::Invalid();
     }
 
-    // Gives the handle to the caller, who closes it from now on.
+    // Leaves the handle to the caller, who closes it from now on.
     [[nodiscard]] Handle release() noexcept
     {
         LiveHandles::Of(Traits::Kind) -= m_handle != Traits::Invalid();

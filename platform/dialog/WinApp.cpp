@@ -38,7 +38,7 @@ CWinApp* AfxGetApp() noexcept
 namespace
 {
 
-// InitInstance and Run; an exception of either is reported and gives -1.
+// InitInstance and Run; an exception of either is reported and returns -1.
 int RunApplication(CWinApp& app)
 {
     try

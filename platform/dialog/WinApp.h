@@ -8,7 +8,7 @@
 // The command for help, which a window leaves to the application where it has no answer of its own.
 inline constexpr UINT ID_HELP = 57670;
 
-// The application. One object at a time; it is what AfxGetApp gives while it lives.
+// The application. One object at a time; it is what AfxGetApp returns while it lives.
 class CWinApp
 {
 public:
@@ -19,7 +19,7 @@ public:
 
     virtual BOOL InitInstance() { return TRUE; } // TRUE: go on with Run
 
-    virtual int Run(); // dispatches messages until WM_QUIT; gives its exit code
+    virtual int Run(); // dispatches messages until WM_QUIT; returns its exit code
 
     virtual int ExitInstance() { return m_nExitCode; }
 
@@ -31,7 +31,7 @@ public:
     virtual void OnHandlerException(const std::exception_ptr& exception);
 
     std::wstring m_pszAppName;
-    std::wstring m_strCmdLine;   // behind the program's name, as wWinMain gets it
+    std::wstring m_strCmdLine;   // after the program's name, as wWinMain gets it
     CWnd* m_pMainWnd = nullptr;  // not owned
     DWORD m_nThreadID = 0;       // of the user interface, once that has started
     int m_nShow = SW_SHOWNORMAL; // how the main window is to appear
@@ -41,7 +41,7 @@ public:
 // The application object; null when there is none.
 CWinApp* AfxGetApp() noexcept;
 
-// The whole life of the process: InitInstance, Run when it gave TRUE, and always ExitInstance, whose result it gives.
+// The whole life of the process: InitInstance, Run when it gave TRUE, and always ExitInstance, whose result it returns.
 // An exception is reported, and the end goes on. -1 when ExitInstance threw, and when there is no application object.
 int AfxWinMain(HINSTANCE instance, const wchar_t* commandLine, int show);
 

@@ -5,7 +5,7 @@
 #include <string>
 
 // A window's handle with the operations that everybody needs. It owns nothing and sees no message.
-// Without a window (a null handle) every operation does nothing and gives what is empty.
+// Without a window (a null handle) every operation does nothing and returns what is empty.
 class CWindow
 {
 public:
@@ -71,7 +71,7 @@ public:
     HFONT GetFont() const { return reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)); } // stays the window's
 
     void SetFont(HFONT font, bool redraw = true); // stays the caller's
-    HICON SetIcon(HICON icon, bool big);          // gives the icon before; both stay the caller's
+    HICON SetIcon(HICON icon, bool big);          // returns the icon before; both stay the caller's
 
     DWORD GetStyle() const { return static_cast<DWORD>(::GetWindowLongPtrW(m_hWnd, GWL_STYLE)); }
 

@@ -33,10 +33,10 @@ public:
     // The owner of the handler before this window; null when there is none.
     static void* OwnerAt(HWND window) noexcept;
 
-    // The window's procedure behind the handler. For handlers, also when they have removed their own object.
+    // The window's procedure after the handler. For handlers, also when they have removed their own object.
     static LRESULT CallOriginal(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
-    // Gives a window of this thread a message as sending it would, without the system in between: for very many of
+    // Hands a window of this thread a message as sending it would, without the system in between: for very many of
     // them. A procedure that somebody else has put before ours does not see it.
     static LRESULT Deliver(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     {

@@ -25,7 +25,8 @@ public:
     // none. The caller sees to it that the window outlives the use. Does nothing when the object has a window.
     void Attach(HWND window);
 
-    // Parts object and window, whatever joined them, and gives the window, whose owner is the caller if it was created.
+    // Parts object and window, whatever joined them, and returns the window, whose owner is the caller if it was
+    // created.
     HWND Detach();
 
     // Makes a window of this system class that the object owns and sees; rect in the parent's client coordinates.
@@ -52,8 +53,8 @@ protected:
     // Runs the message's rows and default treatment. An override calls the base's for what it leaves alone.
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
 
-    // For handlers: runs what comes behind this handler for the message being handled, with the message's own
-    // arguments, and gives its result. 0 outside of a handler.
+    // For handlers: runs what comes after this handler for the message being handled, with the message's own
+    // arguments, and returns its result. 0 outside of a handler.
     LRESULT Default();
 
     // For classes whose window the system makes: from now on the object destroys it when it goes.
