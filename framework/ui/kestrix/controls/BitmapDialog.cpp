@@ -124,7 +124,7 @@ void CBitmapDialog::SetCornerRegion(UINT)
     }
 }
 
-// The base sets colours in the context, so that the control's own come behind it.
+// The base sets colours in the context, so that the control's own come after it.
 HBRUSH CBitmapDialog::OnCtlColor(HDC dc, HWND control, UINT kind)
 {
     if (!m_bmpBackground.IsLoaded())

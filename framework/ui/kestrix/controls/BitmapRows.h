@@ -14,7 +14,7 @@ namespace BitmapRows
 // Bitmaps of more bits a pixel hold their colours in the pixels themselves.
 constexpr unsigned DeepestWithTable = 8;
 
-// The masks behind the header of a bitmap that names the bits of its colours, in bytes.
+// The masks after the header of a bitmap that names the bits of its colours, in bytes.
 constexpr DWORD MaskBytes = 3 * sizeof(DWORD);
 
 // The bytes of a row without padding, and with padding to a multiple of four. No width of 31 bits overflows.

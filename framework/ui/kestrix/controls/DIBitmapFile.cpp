@@ -23,7 +23,7 @@ std::uint64_t Position(HANDLE file)
     return static_cast<std::uint64_t>(position.QuadPart);
 }
 
-// How much of the file lies behind this position.
+// How much of the file lies after this position.
 std::uint64_t BytesFrom(HANDLE file, std::uint64_t position)
 {
     LARGE_INTEGER size{};

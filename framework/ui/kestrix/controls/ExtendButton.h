@@ -31,7 +31,7 @@ public:
     // The icon of the disabled button, from the language file, in the size of small icons. False when it is missing.
     bool SetThirdIcon(UINT icon);
 
-    // The icon above the text and not beside it; margin before the icon and gap behind it, in pixels. A text beside a
+    // The icon above the text and not beside it; margin before the icon and gap after it, in pixels. A text beside a
     // margin of 0 is centred.
     void SetLayout(bool vertical, int margin, int gap);
 

@@ -10,7 +10,7 @@ public:
     // A column that does not exist clears all arrows.
     void SetSortArrow(int column, int ascending);
 
-    // Makes the arrow images at the first call, and gives them to the header at every call.
+    // Makes the arrow images at the first call, and hands them to the header at every call.
     void SetArrowImages();
 
 private:
