@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -7,16 +8,26 @@
 namespace EventLog
 {
 
-// What the suite knows of a log kind: how it is named in file names, in queries and in orders to purge it.
-struct LogKind
+// The number of tokens that a complete line of a daily file has when the source of its record is in the range; the
+// database form has one more.
+struct FileForm
 {
-    std::wstring_view extension; // of its daily files
-    std::uint32_t subType;       // its number in queries and in the database
-    std::uint32_t purgeType;     // its number in an order to purge, the log's command code
-    std::uint32_t timeToken;     // the token of its lines that holds the time
+    std::uint32_t firstSource;
+    std::uint32_t lastSource;
+    std::ptrdiff_t tokens;
 };
 
-// All thirteen kinds.
+// What the suite knows of a kind of log: how it is named in file names, in queries and in orders to purge it, and how
+// its lines look. Each is a row of suite/kinds.tsv.
+struct LogKind
+{
+    std::wstring_view extension;         // of its daily files
+    std::uint32_t subType;               // its number in queries and in the database
+    std::uint32_t purgeType;             // its number in an order to purge, the log's command code
+    std::uint32_t timeToken;             // the token of its lines that holds the time
+    std::span<const FileForm> fileForms; // the first that fits counts; none when both forms are the same
+};
+
 std::span<const LogKind> AllLogKinds();
 
 // The kind with this extension in upper case, purge type or sub type; null when there is none.

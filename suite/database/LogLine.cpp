@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cwchar>
-#include <iterator>
 
 namespace EventLog
 {
@@ -14,24 +13,6 @@ namespace
 
 constexpr wchar_t Bar = L'|';
 constexpr std::size_t SourceToken = 2;
-
-// The tokens of a complete file line of the records whose source is in the range; the database form has one more.
-// The first row that fits counts. Kinds that are not here have no form of their own.
-struct FileForm
-{
-    std::wstring_view extension;
-    unsigned long firstSource;
-    unsigned long lastSource;
-    std::ptrdiff_t tokens;
-};
-
-constexpr unsigned long AnySource = 0xFFFFFFFF;
-constexpr FileForm FileForms[] = {
-    {L"VLG", 1, 3, 11},         {L"VLG", 0, AnySource, 12},
-    {L"SPG", 1, 3, 9},          {L"SPG", 0x10000000, 0x10000000, 15},
-    {L"SPG", 0, AnySource, 14}, {L"UFG", 0, AnySource, 8},
-    {L"PTG", 0, AnySource, 4},
-};
 
 // The token with this number, counted from 0; empty when the line ends before it.
 std::wstring_view TokenOf(std::wstring_view line, std::size_t number)
@@ -65,10 +46,9 @@ std::wstring DatabaseForm(std::uint32_t kind, std::wstring_view line)
         return form;
     }
     const unsigned long source = SourceOf(line);
-    const FileForm* const file = std::ranges::find_if(
-        FileForms, [&](const FileForm& row)
-        { return row.extension == known->extension && row.firstSource <= source && source <= row.lastSource; });
-    if (file != std::end(FileForms) && std::ranges::count(line, Bar) + 1 == file->tokens)
+    const auto file = std::ranges::find_if(known->fileForms, [source](const FileForm& row)
+                                           { return row.firstSource <= source && source <= row.lastSource; });
+    if (file != known->fileForms.end() && std::ranges::count(line, Bar) + 1 == file->tokens)
     {
         form += Bar;
     }

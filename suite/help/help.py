@@ -63,13 +63,13 @@ def compile_help(folder, table, target, chmcmd, chmls):
 def main(folder, texts_tsv, dialogs_rc, target, chmcmd="chmcmd", chmls="chmls"):
     folder = pathlib.Path(folder)
     try:
-        table = topics.read_table(folder / "topics.tsv")
+        table = topics.read_table(folder)
     except topics.MalformedTable as error:
         sys.exit(str(error))
     names = topics.screen_texts(pathlib.Path(texts_tsv), pathlib.Path(dialogs_rc))
     found = list(topics.violations(folder, table, names))
     if found:
-        sys.exit("\n".join(f"{folder.name}/{each}" for each in found))
+        sys.exit("\n".join(found))
     compile_help(folder, table, pathlib.Path(target), chmcmd, chmls)
 
 

@@ -1,8 +1,9 @@
 """The topics of the help: the table topics.tsv, the pieces of HTML in the folder topics, and the rules for both.
 
-topics.tsv has one line a topic, in the order of the contents:
+topics.tsv has one line a topic, in the order of the contents. Each kind of log has a topic, too: its columns stand in
+the table of the kinds, ../kinds.tsv, and it comes below the topic LOGS.
 
-    level     1, or 2 for a topic below the last one of level 1
+    after     the topic of a kind of log that this one follows, on its level; empty for a topic of the highest level
     contexts  the numbers with which the viewer asks for the topic, separated by blanks; none for most
     file      the name of the page and of its piece in topics/, without the ending
     title     the heading of the page and its line in the contents
@@ -15,18 +16,19 @@ dialogs. A link is the name of another page; nothing leads out of the help file.
 
 import collections
 import html.parser
+import pathlib
 import re
+import sys
 
-COLUMNS = ["level", "contexts", "file", "title", "keywords"]
-Topic = collections.namedtuple("Topic", "line level contexts file title keywords")
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent))
+import kinds  # noqa: E402
+import tables  # noqa: E402
+from tables import MalformedTable  # noqa: E402
 
-# The numbers that the viewer asks for: one a log, a second one for the logs in the window with the report, and that of
-# the report.
-CONTEXTS = {
-    210, 211, 212, 213, 217, 230, 231, 232, 237, 265, 272, 299, 311,
-    307, 308, 309, 310, 312, 313, 314, 315, 316, 317,
-    241,
-}
+COLUMNS = ["after", "contexts", "file", "title", "keywords"]
+Topic = collections.namedtuple("Topic", "place level contexts file title keywords")
+
+LOGS = "logs"
 
 TAGS = {"a", "b", "code", "h2", "i", "li", "ol", "p", "table", "td", "th", "tr", "ul"}
 
@@ -34,25 +36,24 @@ TAGS = {"a", "b", "code", "h2", "i", "li", "ol", "p", "table", "td", "th", "tr",
 USUAL_CAPTIONS = {"OK", "Cancel", "Yes", "No"}
 
 
-class MalformedTable(Exception):
-    pass
+def make_topic(place, level, contexts, file, title, keywords):
+    if not re.fullmatch(r"(\d+( \d+)*)?", contexts):
+        raise MalformedTable(f"{place}: the contexts are no numbers")
+    return Topic(place, level, [int(each) for each in contexts.split()], file, title,
+                 [each for each in keywords.split("; ") if each])
 
 
-def read_table(path):
+def read_table(folder):
     """The topics in the order of the contents."""
-    lines = path.read_text(encoding="utf-8").splitlines()
-    if not lines or lines[0].split("\t") != COLUMNS:
-        raise MalformedTable(f"{path.name}:1: the columns must be {', '.join(COLUMNS)}")
     topics = []
-    for number, line in enumerate(lines[1:], 2):
-        cells = line.split("\t")
-        if len(cells) != len(COLUMNS):
-            raise MalformedTable(f"{path.name}:{number}: {len(cells)} columns instead of {len(COLUMNS)}")
-        level, contexts, file, title, keywords = cells
-        if level not in ("1", "2") or not re.fullmatch(r"(\d+( \d+)*)?", contexts):
-            raise MalformedTable(f"{path.name}:{number}: level or contexts are no numbers")
-        topics.append(Topic(number, int(level), [int(each) for each in contexts.split()], file, title,
-                            [each for each in keywords.split("; ") if each]))
+    for place, (after, *cells) in tables.read(folder / "topics.tsv", COLUMNS):
+        files = [topic.file for topic in topics]
+        if after and after not in files:
+            raise MalformedTable(f"{place}: there is no topic '{after}' before this one")
+        topics.insert(files.index(after) + 1 if after else len(topics), make_topic(place, 2 if after else 1, *cells))
+        if topics[-1].file == LOGS:
+            topics += [make_topic(kind.place, 2, kind.contexts, kind.topic, kind.title, kind.keywords)
+                       for kind in kinds.read(folder.parent / "kinds.tsv")]
     return topics
 
 
@@ -102,29 +103,22 @@ class Piece(html.parser.HTMLParser):
 
 
 def table_violations(topics):
-    if not topics or topics[0].level != 1:
-        yield 2, "the first topic must have the level 1"
     for name, values in (("context", [(number, topic) for topic in topics for number in topic.contexts]),
                          ("file", [(topic.file, topic) for topic in topics]),
                          ("title", [(topic.title, topic) for topic in topics])):
         seen = set()
         for value, topic in values:
             if value in seen:
-                yield topic.line, f"the {name} {value} stands twice"
+                yield topic.place, f"the {name} {value} stands twice"
             seen.add(value)
-        if name == "context":
-            for number in sorted(CONTEXTS - seen):
-                yield 1, f"the context {number} is missing"
-            for number in sorted(seen - CONTEXTS):
-                yield 1, f"the viewer asks for no context {number}"
     for topic in topics:
         # The compiler takes both as they are.
         if not re.fullmatch("[a-z]+", topic.file):
-            yield topic.line, f"the file '{topic.file}' is not of small letters alone"
+            yield topic.place, f"the file '{topic.file}' is not of small letters alone"
         if not re.fullmatch("[A-Za-z ]+", topic.title):
-            yield topic.line, f"the title '{topic.title}' is not of letters and blanks alone"
+            yield topic.place, f"the title '{topic.title}' is not of letters and blanks alone"
         if not topic.keywords:
-            yield topic.line, f"the index has nothing for '{topic.title}'"
+            yield topic.place, f"the index has nothing for '{topic.title}'"
 
 
 def piece_violations(text, pages, names):
@@ -140,14 +134,14 @@ def piece_violations(text, pages, names):
 
 def violations(folder, topics, names):
     """All that breaks a rule, one line each; `names` are the texts of the viewer."""
-    for line, message in table_violations(topics):
-        yield f"topics.tsv:{line}: {message}"
+    for place, message in table_violations(topics):
+        yield f"{place}: {message}"
     pages = {topic.file + ".html" for topic in topics}
     pieces = {path.name for path in (folder / "topics").iterdir()}
     for name in sorted(pages - pieces):
         yield f"topics/{name}: the file is missing"
     for name in sorted(pieces - pages):
-        yield f"topics/{name}: topics.tsv does not name it"
+        yield f"topics/{name}: no topic has it"
     for name in sorted(pages & pieces):
         text = (folder / "topics" / name).read_text(encoding="utf-8")
         for message in piece_violations(text, pages, names):

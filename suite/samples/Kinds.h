@@ -24,7 +24,7 @@ struct Rhythm
     const HourWeights* hours;
 };
 
-// A log kind: the extension of its daily files and how its records are made.
+// How the records of a kind of log are made. The extension leads to all else that is known of it, see LogKinds.h.
 struct Kind
 {
     std::wstring_view extension;
@@ -32,7 +32,7 @@ struct Kind
     Rhythm rhythm;
 };
 
-// All thirteen kinds.
+// One of each kind of log.
 std::span<const Kind> AllKinds();
 
 // The kind of an extension in upper case, or null.

@@ -27,7 +27,7 @@ public:
     virtual void Fill(const Moment& moment, Line& line) = 0;
 };
 
-// The sources of the thirteen kinds. Each keeps `random`, which must outlive it.
+// The sources of the kinds. Each keeps `random`, which must outlive it.
 std::unique_ptr<RecordSource> MakeVirusRecords(Random& random);
 std::unique_ptr<RecordSource> MakeUpdateRecords(Random& random);
 std::unique_ptr<RecordSource> MakeUrlFilterRecords(Random& random);

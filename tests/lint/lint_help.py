@@ -7,7 +7,8 @@ import lint
 
 VIEWER = "framework/ui/kestrix/logs/LogKinds.cpp"
 REPORT = "framework/ui/kestrix/app/Help.h"
-HELP = "suite/help/topics.tsv"
+KINDS = "suite/kinds.tsv"
+TOPICS = "suite/help/topics.tsv"
 
 ROW = re.compile(r"\.help = (\d+)(?:,\s*\.helpBesideReport = (\d+))?")
 REPORT_NUMBER = re.compile(r"\bHelpNumberOfReport\s*=\s*(\d+)")
@@ -27,9 +28,13 @@ def asked(root, findings):
 
 
 def answered(root):
-    """The line of each number in the table of topics."""
-    rows = lint.read(root, HELP).splitlines()
-    return {number: line for line, row in enumerate(rows, 1) if line > 1 for number in row.split("\t")[1].split()}
+    """The table and the line of each number in the tables of topics."""
+    places = {}
+    for table in (KINDS, TOPICS):
+        columns, *rows = (row.split("\t") for row in lint.read(root, table).splitlines())
+        for line, row in enumerate(rows, 2):
+            places |= {number: (table, line) for number in row[columns.index("contexts")].split()}
+    return places
 
 
 def main():
@@ -38,11 +43,11 @@ def main():
     viewer, topics = asked(root, findings), answered(root)
     for path, line, numbers in viewer:
         for number in numbers - topics.keys():
-            findings.add(path, line, f"the help has no page for {number}; give a topic of {HELP} this number")
+            findings.add(path, line, f"the help has no page for {number}; give a row of {KINDS} or {TOPICS} this number")
         if len({topics[number] for number in numbers & topics.keys()}) > 1:
-            findings.add(path, line, f"the two numbers lead to two topics; give them to one in {HELP}")
+            findings.add(path, line, f"the two numbers lead to two topics; give them to one in {KINDS}")
     for number in topics.keys() - set().union(*(numbers for _, _, numbers in viewer)):
-        findings.add(HELP, topics[number], f"the viewer never asks for {number}; remove it, or add it to {VIEWER}")
+        findings.add(*topics[number], f"the viewer never asks for {number}; remove it, or add it to {VIEWER}")
     findings.finish()
 
 

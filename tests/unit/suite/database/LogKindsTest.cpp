@@ -2,28 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-
 namespace EventLog
 {
-
-TEST(LogKindsTest, ThereAreThirteenAndNoNumberIsUsedTwice)
-{
-    std::set<std::wstring_view> extensions;
-    std::set<std::uint32_t> subTypes;
-    std::set<std::uint32_t> purgeTypes;
-    for (const LogKind& kind : AllLogKinds())
-    {
-        extensions.insert(kind.extension);
-        subTypes.insert(kind.subType);
-        purgeTypes.insert(kind.purgeType);
-    }
-    EXPECT_EQ(extensions.size(), 13u);
-    EXPECT_EQ(subTypes.size(), 13u);
-    EXPECT_EQ(*subTypes.begin(), 2u);
-    EXPECT_EQ(*subTypes.rbegin(), 14u);
-    EXPECT_EQ(purgeTypes.size(), 13u);
-}
 
 TEST(LogKindsTest, AKindIsFoundByEachOfItsNames)
 {

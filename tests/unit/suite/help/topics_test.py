@@ -14,7 +14,7 @@ ROOT = pathlib.Path(sys.argv.pop(1)).resolve()
 sys.path.insert(0, str(ROOT / "suite/help"))
 import topics  # noqa: E402
 
-VIRUS_ROW = "2\t211 316\tvirus\tVirus log\tviruses\n"
+VIRUS_TOPIC = "\t211 316\tvirus\tVirus log\tviruses\n"
 
 
 class TopicsTest(unittest.TestCase):
@@ -23,16 +23,22 @@ class TopicsTest(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name, "help")
         shutil.copytree(ROOT / "suite/help", self.folder)
-        self.table = self.folder / "topics.tsv"
+        self.kinds = shutil.copy(ROOT / "suite/kinds.tsv", folder.name)
 
     def violations(self):
         names = topics.screen_texts(ROOT / "resource/texts.tsv", ROOT / "resource/en-US/Kestrix.rc")
-        return list(topics.violations(self.folder, topics.read_table(self.table), names))
+        return list(topics.violations(self.folder, topics.read_table(self.folder), names))
 
-    def in_table(self, old, new):
-        text = self.table.read_text()
+    def in_kinds(self, old, new):
+        self.replace(pathlib.Path(self.kinds), old, new)
+
+    def in_topics(self, old, new):
+        self.replace(self.folder / "topics.tsv", old, new)
+
+    def replace(self, table, old, new):
+        text = table.read_text()
         self.assertIn(old, text)
-        self.table.write_text(text.replace(old, new, 1))
+        table.write_text(text.replace(old, new, 1))
 
     def with_piece(self, piece):
         (self.folder / "topics/virus.html").write_text(piece)
@@ -41,47 +47,48 @@ class TopicsTest(unittest.TestCase):
     def test_the_topics_as_they_are_pass(self):
         self.assertEqual(self.violations(), [])
 
-    def test_a_missing_context(self):
-        self.in_table("211 316", "211")
-        self.assertEqual(self.violations(), ["topics.tsv:1: the context 316 is missing"])
+    def test_the_kinds_of_log_stand_below_their_heading_and_what_follows_one_after_it(self):
+        contents = [(topic.level, topic.file) for topic in topics.read_table(self.folder)]
+        logs = contents.index((1, "logs"))
+        self.assertEqual(contents[logs + 1:logs + 7],
+                         [(2, "virus"), (2, "spyware"), (2, "updates"), (2, "firewall"), (2, "allow"),
+                          (2, "webthreats")])
+        self.assertEqual(contents[-2:], [(2, "skipped"), (1, "messages")])
 
     def test_a_context_that_stands_twice(self):
-        self.in_table("265 312", "265 312 316")
-        self.assertEqual(self.violations(), ["topics.tsv:11: the context 316 stands twice"])
-
-    def test_a_context_that_nobody_asks_for(self):
-        self.in_table("211 316", "211 316 999")
-        self.assertEqual(self.violations(), ["topics.tsv:1: the viewer asks for no context 999"])
+        self.in_kinds("265 312", "265 312 316")
+        self.assertEqual(self.violations(), ["kinds.tsv:3: the context 316 stands twice"])
 
     def test_a_title_that_stands_twice(self):
-        self.in_table("Spyware log", "Virus log")
-        self.assertEqual(self.violations(), ["topics.tsv:11: the title Virus log stands twice"])
+        self.in_kinds("Spyware log", "Virus log")
+        self.assertEqual(self.violations(), ["kinds.tsv:3: the title Virus log stands twice"])
 
     def test_a_file_that_stands_twice(self):
-        self.in_table("\tvirus\t", "\tspyware\t")
-        self.assertIn("topics.tsv:11: the file spyware stands twice", self.violations())
+        self.in_topics("\tstart\t", "\tspyware\t")
+        self.assertIn("kinds.tsv:3: the file spyware stands twice", self.violations())
 
     def test_a_title_that_the_compiler_would_misread(self):
-        self.in_table("Spyware log", "Spyware & more")
+        self.in_topics("Export entries", "Export & more")
         self.assertEqual(self.violations(),
-                         ["topics.tsv:11: the title 'Spyware & more' is not of letters and blanks alone"])
+                         ["topics.tsv:4: the title 'Export & more' is not of letters and blanks alone"])
 
     def test_a_topic_that_the_index_lacks(self):
-        self.in_table(VIRUS_ROW, VIRUS_ROW.replace("viruses", ""))
-        self.assertEqual(self.violations(), ["topics.tsv:10: the index has nothing for 'Virus log'"])
+        self.in_kinds(VIRUS_TOPIC, VIRUS_TOPIC.replace("viruses", ""))
+        self.assertEqual(self.violations(), ["kinds.tsv:2: the index has nothing for 'Virus log'"])
 
-    def test_contents_that_begin_below_nothing(self):
-        self.in_table("1\t\tstart", "2\t\tstart")
-        self.assertEqual(self.violations(), ["topics.tsv:2: the first topic must have the level 1"])
+    def test_a_topic_that_follows_none(self):
+        self.in_topics("firewall\t\tallow", "walls\t\tallow")
+        with self.assertRaisesRegex(topics.MalformedTable, "topics.tsv:10: there is no topic 'walls' before this one"):
+            self.violations()
 
     def test_a_line_with_a_column_too_few(self):
-        self.in_table(VIRUS_ROW, "2\t211 316\tvirus\tVirus log\n")
-        with self.assertRaisesRegex(topics.MalformedTable, "topics.tsv:10: 4 columns instead of 5"):
+        self.in_topics("export\tExport entries\t", "export\tExport entries")
+        with self.assertRaisesRegex(topics.MalformedTable, "topics.tsv:4: 4 columns instead of 5"):
             self.violations()
 
     def test_a_context_that_is_no_number(self):
-        self.in_table("211 316", "211, 316")
-        with self.assertRaisesRegex(topics.MalformedTable, "topics.tsv:10: level or contexts are no numbers"):
+        self.in_kinds("211 316", "211, 316")
+        with self.assertRaisesRegex(topics.MalformedTable, "kinds.tsv:2: the contexts are no numbers"):
             self.violations()
 
     def test_a_piece_that_is_missing(self):
@@ -90,7 +97,7 @@ class TopicsTest(unittest.TestCase):
 
     def test_a_piece_that_no_line_names(self):
         (self.folder / "topics/more.html").write_text("<p>More.</p>\n")
-        self.assertEqual(self.violations(), ["topics/more.html: topics.tsv does not name it"])
+        self.assertEqual(self.violations(), ["topics/more.html: no topic has it"])
 
     def test_a_link_that_leads_nowhere(self):
         for link in ("more.html", "https://www.example.com/", "Spyware.html"):
