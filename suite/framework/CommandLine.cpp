@@ -26,17 +26,7 @@ constexpr TaskRow Tasks[] = {
     {L"?", Task::Help},
 };
 
-struct TimeRow
-{
-    std::wstring_view name;
-    std::chrono::milliseconds Options::*time;
-};
-
-constexpr TimeRow Times[] = {
-    {L"idle:", &Options::idle},
-    {L"limit:", &Options::limit},
-};
-
+constexpr std::wstring_view Idle = L"idle:";
 constexpr std::size_t MostDigits = 8; // a day and more in milliseconds
 
 std::string Narrow(const std::wstring& text)
@@ -53,23 +43,20 @@ std::string Narrow(const std::wstring& text)
     throw BadCommandLine("\"" + Narrow(argument) + "\" is no argument. VdFrwkSvc /? lists them.");
 }
 
-bool ReadTime(Options& options, std::wstring_view word)
+bool ReadIdle(Options& options, std::wstring_view word)
 {
-    for (const TimeRow& row : Times)
+    if (!word.starts_with(Idle))
     {
-        if (word.starts_with(row.name))
-        {
-            const std::wstring digits(word.substr(row.name.size()));
-            const bool isNumber = !digits.empty() && digits.size() <= MostDigits &&
-                                  digits.find_first_not_of(L"0123456789") == std::wstring::npos;
-            if (isNumber)
-            {
-                options.*row.time = std::chrono::milliseconds(std::stoul(digits));
-            }
-            return isNumber;
-        }
+        return false;
     }
-    return false;
+    const std::wstring digits(word.substr(Idle.size()));
+    const bool isNumber =
+        !digits.empty() && digits.size() <= MostDigits && digits.find_first_not_of(L"0123456789") == std::wstring::npos;
+    if (isNumber)
+    {
+        options.idle = std::chrono::milliseconds(std::stoul(digits));
+    }
+    return isNumber;
 }
 
 bool ReadTask(Options& options, std::wstring_view word)
@@ -94,7 +81,7 @@ Options ParseCommandLine(std::span<const std::wstring> arguments)
         std::ranges::transform(word, word.begin(), std::towlower);
         const bool isOption = word.starts_with(L'/') || word.starts_with(L'-');
         word.erase(0, 1);
-        if (!isOption || !(ReadTask(options, word) || ReadTime(options, word)))
+        if (!isOption || !(ReadTask(options, word) || ReadIdle(options, word)))
         {
             Refuse(argument);
         }
@@ -105,12 +92,9 @@ Options ParseCommandLine(std::span<const std::wstring> arguments)
 std::wstring ServiceCommandLine(const std::wstring& program, const Options& options)
 {
     std::wstring line = L"\"" + program + L"\"";
-    for (const TimeRow& row : Times)
+    if (options.idle != Options().idle)
     {
-        if (options.*row.time != Options().*row.time)
-        {
-            line += L" /" + std::wstring(row.name) + std::to_wstring((options.*row.time).count());
-        }
+        line += L" /" + std::wstring(Idle) + std::to_wstring(options.idle.count());
     }
     return line;
 }
@@ -119,7 +103,7 @@ std::string HelpText()
 {
     return "VdFrwkSvc is the service framework's process. Clients start it through COM.\n"
            "\n"
-           "usage: VdFrwkSvc /RegServer [/Idle:MS] [/Limit:MS]\n"
+           "usage: VdFrwkSvc /RegServer [/Idle:MS]\n"
            "       VdFrwkSvc /UnregServer\n"
            "       VdFrwkSvc /Exit\n"
            "\n"
@@ -127,7 +111,6 @@ std::string HelpText()
            "  /UnregServer  takes both out of the registry\n"
            "  /Exit         has the service that runs tell its clients to exit; without one nothing is done\n"
            "  /Idle:MS      milliseconds that the service stays unused before it ends; 5000 without it\n"
-           "  /Limit:MS     milliseconds that a client may take for an event before it gets no more; 3000 without it\n"
            "\n"
            "exit status: 0 done, 1 something failed, 2 wrong command line\n";
 }

@@ -20,8 +20,7 @@ enum class Task
 struct Options
 {
     Task task = Task::Serve;
-    std::chrono::milliseconds idle{5000};  // how long the service stays when nobody uses it any more
-    std::chrono::milliseconds limit{3000}; // how long a client may take to answer an event
+    std::chrono::milliseconds idle{5000}; // how long the service stays when nobody uses it any more
 };
 
 // A command line that is none; the text says how to do it right.
@@ -33,7 +32,7 @@ class BadCommandLine : public std::runtime_error
 // Reads the arguments behind the program's name. Throws BadCommandLine.
 Options ParseCommandLine(std::span<const std::wstring> arguments);
 
-// The command line that starts the service as options.idle and options.limit say.
+// The command line that starts the service as options.idle says.
 std::wstring ServiceCommandLine(const std::wstring& program, const Options& options);
 
 // The text of /?.

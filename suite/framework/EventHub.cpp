@@ -6,10 +6,8 @@
 
 #include <algorithm>
 #include <condition_variable>
-#include <deque>
 #include <map>
 #include <mutex>
-#include <optional>
 #include <utility>
 
 namespace Framework
@@ -18,9 +16,7 @@ namespace Framework
 namespace
 {
 
-using Moment = std::chrono::steady_clock::time_point;
-
-// Results of a call that no client gave: there is none behind the interface any more.
+// Results of a call that do not come from the client: there is none at the other end any more.
 constexpr HRESULT Gone[] = {
     RPC_E_DISCONNECTED,
     RPC_E_SERVER_DIED,
@@ -51,8 +47,7 @@ struct EventHub::Subscription
     const void* owner;
     IID iid;
     Suite::ComPtr<IUnknown> sink; // let go by its own thread, since that can be a call to the client
-    std::deque<CommandEvent> queue{};
-    std::optional<Moment> deadline{}; // of the call that the client has not answered yet
+    EventQueue queue{};
     bool isDropped = false;
     std::condition_variable changed{};
 };
@@ -79,64 +74,21 @@ struct EventHub::Core
         }
     }
 
-    // Drops the sinks that are past their deadline, until the hub ends.
-    void Watch()
-    {
-        std::unique_lock lock(mutex);
-        while (!isEnding)
-        {
-            std::optional<Moment> next;
-            for (const auto& [cookie, subscription] : subscriptions)
-            {
-                const std::optional<Moment>& deadline = subscription->deadline;
-                next = !next || (deadline && *deadline < *next) ? deadline : next;
-            }
-            if (!next)
-            {
-                changed.wait(lock);
-            }
-            else if (changed.wait_until(lock, *next) == std::cv_status::timeout)
-            {
-                const Moment now = std::chrono::steady_clock::now();
-                DropIf(
-                    [now](const Subscription& subscription)
-                    {
-                        const bool hangs = subscription.deadline && *subscription.deadline <= now;
-                        if (hangs)
-                        {
-                            Trace("A client does not answer; it gets no more events.");
-                        }
-                        return hangs;
-                    });
-            }
-        }
-    }
-
-    const std::chrono::milliseconds limit;
     std::mutex mutex{}; // guards all that follows, and the subscriptions
     std::map<DWORD, std::shared_ptr<Subscription>> subscriptions{};
     DWORD lastCookie = 0;
-    bool isEnding = false;
     int threads = 0;
     int calls = 0;                     // threads that wait for a client, who may never answer
-    std::condition_variable changed{}; // a deadline, a number of threads or calls, or the end
+    std::condition_variable changed{}; // the number of threads or calls
 };
 
-EventHub::EventHub(std::chrono::milliseconds limit)
-    : m_core(new Core{limit}), m_watcher([core = m_core] { core->Watch(); })
-{
-}
+EventHub::EventHub() : m_core(new Core) {}
 
 EventHub::~EventHub()
 {
-    {
-        std::unique_lock lock(m_core->mutex);
-        m_core->DropIf([](const Subscription&) { return true; });
-        m_core->isEnding = true;
-        m_core->changed.notify_all();
-        m_core->changed.wait(lock, [this] { return m_core->threads == m_core->calls; });
-    }
-    m_watcher.join();
+    std::unique_lock lock(m_core->mutex);
+    m_core->DropIf([](const Subscription&) { return true; });
+    m_core->changed.wait(lock, [this] { return m_core->threads == m_core->calls; });
 }
 
 DWORD EventHub::Advise(const void* owner, const IID& iid, Suite::ComPtr<IUnknown> sink)
@@ -192,14 +144,21 @@ std::vector<AdvisedSink> EventHub::Sinks(const void* owner, const IID& iid) cons
 
 void EventHub::Raise(const CommandEvent& event)
 {
-    const std::lock_guard guard(m_core->mutex);
-    for (const auto& [cookie, subscription] : m_core->subscriptions)
+    bool isOneLost = false;
     {
-        if (subscription->iid == __uuidof(IVdFrwkLocalEvents))
+        const std::lock_guard guard(m_core->mutex);
+        for (const auto& [cookie, subscription] : m_core->subscriptions)
         {
-            subscription->queue.push_back(event);
-            subscription->changed.notify_all();
+            if (subscription->iid == __uuidof(IVdFrwkLocalEvents))
+            {
+                isOneLost = !subscription->queue.Push(event) || isOneLost;
+                subscription->changed.notify_all();
+            }
         }
+    }
+    if (isOneLost)
+    {
+        Trace("Too many events wait for a client that does not answer; it does not get the oldest.");
     }
 }
 
@@ -210,21 +169,18 @@ void EventHub::Serve(std::shared_ptr<Core> core, std::shared_ptr<Subscription> s
         const Apartment apartment;
         while (true)
         {
-            subscription->changed.wait(lock, [&] { return subscription->isDropped || !subscription->queue.empty(); });
+            subscription->changed.wait(lock, [&] { return subscription->isDropped || !subscription->queue.IsEmpty(); });
             if (subscription->isDropped)
             {
                 break;
             }
-            const CommandEvent event = subscription->queue.front();
-            subscription->queue.pop_front();
-            subscription->deadline = std::chrono::steady_clock::now() + core->limit;
+            const CommandEvent event = subscription->queue.Pop();
             ++core->calls;
             core->changed.notify_all();
             lock.unlock();
             const HRESULT result = Deliver(*subscription->sink.Get(), event);
             lock.lock();
             --core->calls;
-            subscription->deadline.reset();
             if (IsGone(result))
             {
                 core->DropIf([&](const Subscription& other) { return &other == subscription.get(); });

@@ -137,7 +137,7 @@ void Serve(const Options& options)
     ValueStore store(folder);
     DatabaseLogs logs(folder);
     const LocalCalendar calendar;
-    Service service(objects, store, logs, calendar, options.limit);
+    Service service(objects, store, logs, calendar);
     const auto factory = Suite::ComPtr<ClassFactory>::Attach(new ClassFactory(service));
     {
         const ClassRegistration registration(*factory.Get());

@@ -30,9 +30,8 @@ std::optional<std::uint32_t> FirstNumber(const std::optional<List>& list)
 
 } // namespace
 
-Service::Service(ObjectTable& objects, ValueStore& store, EventLogs& logs, const Calendar& calendar,
-                 std::chrono::milliseconds clientLimit)
-    : m_objects(objects), m_store(store), m_logs(logs), m_calendar(calendar), m_profile(store), m_events(clientLimit)
+Service::Service(ObjectTable& objects, ValueStore& store, EventLogs& logs, const Calendar& calendar)
+    : m_objects(objects), m_store(store), m_logs(logs), m_calendar(calendar), m_profile(store)
 {
 }
 
@@ -51,7 +50,8 @@ HRESULT Service::DoCommand(const ValueKey& command, const List& list)
         [this, purge = *purge, lock = ServiceLock(m_objects)]
         {
             const HRESULT result = Delete(purge.kind, purge.day) ? Success : E_FAIL;
-            m_events.Raise({CompletionEvent, Purge.type, Purge.subType, static_cast<std::uint32_t>(result)});
+            m_events.Raise(
+                {CompletionEvent, Purge.type, Purge.subType, static_cast<std::uint32_t>(result), purge.kind});
         });
     return Success;
 }

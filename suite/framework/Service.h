@@ -37,9 +37,8 @@ public:
 class Service
 {
 public:
-    // All that it is given must outlive it. clientLimit: see EventHub.
-    Service(ObjectTable& objects, ValueStore& store, EventLogs& logs, const Calendar& calendar,
-            std::chrono::milliseconds clientLimit);
+    // All that it is given must outlive it.
+    Service(ObjectTable& objects, ValueStore& store, EventLogs& logs, const Calendar& calendar);
 
     ObjectTable& Objects() { return m_objects; }
 

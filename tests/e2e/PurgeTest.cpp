@@ -45,6 +45,25 @@ protected:
 
 using ViewerAndServiceTest = PurgeTest;
 
+// Stops the thread of a window, which takes no messages then, as one that is busy.
+class StoppedThread
+{
+public:
+    explicit StoppedThread(HWND window)
+        : m_thread(OpenThread(THREAD_SUSPEND_RESUME, FALSE, GetWindowThreadProcessId(window, nullptr)))
+    {
+        EXPECT_EQ(SuspendThread(m_thread.get()), 0u);
+    }
+
+    ~StoppedThread() { ResumeThread(m_thread.get()); }
+
+    StoppedThread(const StoppedThread&) = delete;
+    StoppedThread& operator=(const StoppedThread&) = delete;
+
+private:
+    const UniqueKernelHandle m_thread;
+};
+
 } // namespace
 
 TEST_F(PurgeTest, APurgeByAnotherClientTakesItsDatesFromTheListAndShowsTheNewestDate)
@@ -70,6 +89,29 @@ TEST_F(PurgeTest, APurgeOfAllDatesLeavesAnEmptyPageThatFillsAgainWithTheNextOne)
     EXPECT_EQ(OrderPurge(session.Controller(), VirusPurgeType, 20261120), Framework::Success);
     ExpectPage({DateText(20261121)}, {L"later"});
     EXPECT_EQ(m_viewer->Close(), 0u);
+}
+
+// The service dropped a viewer that did not answer for 3 s, as one that loads a large day: it missed all events from
+// then on, and nobody said so.
+TEST_F(PurgeTest, AViewerThatIsBusyForHalfAMinuteDelaysNobodyAndGetsItsEventsAfterwards)
+{
+    constexpr ULONGLONG halfAMinute = 30'000;
+    ServiceSession session;
+    {
+        const StoppedThread busy(m_viewer->Form());
+        const ULONGLONG start = GetTickCount64();
+        EXPECT_EQ(OrderPurge(session.Controller(), VirusPurgeType, 20261118), Framework::Success);
+        EXPECT_TRUE(PumpUntil([&] { return session.events.size() == 1; }));
+        EXPECT_TRUE(WaitUntil([&] { return GetTickCount64() - start >= halfAMinute; }, 2 * halfAMinute));
+        EXPECT_EQ(OrderPurge(session.Controller(), VirusPurgeType, 20261119), Framework::Success);
+        EXPECT_TRUE(PumpUntil([&] { return session.events.size() == 2; }));
+    }
+    ExpectPage({DateText(20261120)}, {L"newest"});
+    m_logs.Append(VirusSubType, 20261121, {VirusLine(L"1000", L"later")});
+    EXPECT_EQ(OrderPurge(session.Controller(), VirusPurgeType, 20261120), Framework::Success);
+    ExpectPage({DateText(20261121)}, {L"later"});
+    EXPECT_EQ(Service::Run(L"/Exit"), 0u);
+    EXPECT_EQ(m_viewer->Program().ExitCode(), 0u);
 }
 
 TEST_F(PurgeTest, AfterThePurgeTheViewerEndsAsAlways)

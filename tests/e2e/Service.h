@@ -13,7 +13,7 @@ class Service
 {
 public:
     // arguments: what follows /RegServer. Throws std::runtime_error when it cannot be registered.
-    explicit Service(const std::wstring& arguments = L"/Idle:300 /Limit:1000");
+    explicit Service(const std::wstring& arguments = L"/Idle:300");
     ~Service();
     Service(const Service&) = delete;
     Service& operator=(const Service&) = delete;

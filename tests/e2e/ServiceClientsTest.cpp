@@ -152,7 +152,7 @@ TEST_F(ServiceClientsTest, AClientThatWasKilledStopsNobodyAndKeepsNothing)
     EXPECT_TRUE(Service::HasEnded());
 }
 
-TEST_F(ServiceClientsTest, AClientThatHangsIsDroppedAndTheOthersGetTheirEvents)
+TEST_F(ServiceClientsTest, AClientThatHangsDelaysNeitherTheOthersNorTheEndOfTheService)
 {
     const OtherClient other(L"hang", m_service.Installed().File(L"other.txt"));
     {

@@ -32,25 +32,25 @@ TEST(CommandLineTest, TasksHaveEitherMarkAndAnyCase)
     EXPECT_EQ(Parse({L"/?"}).task, Task::Help);
 }
 
-TEST(CommandLineTest, TimesAreMilliseconds)
+TEST(CommandLineTest, TheIdleTimeIsMilliseconds)
 {
-    const Options options = Parse({L"/RegServer", L"/Idle:250", L"/limit:99999999"});
+    const Options options = Parse({L"/RegServer", L"/Idle:250"});
     EXPECT_EQ(options.task, Task::Register);
     EXPECT_EQ(options.idle, 250ms);
-    EXPECT_EQ(options.limit, 99'999'999ms);
+    EXPECT_EQ(Parse({L"/idle:99999999"}).idle, 99'999'999ms);
 }
 
 TEST(CommandLineTest, WhatIsNoArgumentIsRefused)
 {
     for (const wchar_t* const argument : {L"", L"/", L"RegServer", L"/RegSever", L"/Idle", L"/Idle:", L"/Idle:-1",
-                                          L"/Idle:5s", L"/Limit:100000000", L"/RegServer2"})
+                                          L"/Idle:5s", L"/Idle:100000000", L"/RegServer2"})
     {
         EXPECT_THROW(Parse({argument}), BadCommandLine) << argument;
     }
 }
 
-TEST(CommandLineTest, TheServicesCommandLineHasTheQuotedPathAndTheTimesThatDiffer)
+TEST(CommandLineTest, TheServicesCommandLineHasTheQuotedPathAndAnIdleTimeThatDiffers)
 {
     EXPECT_EQ(ServiceCommandLine(L"C:\\a b\\s.exe", {}), L"\"C:\\a b\\s.exe\"");
-    EXPECT_EQ(ServiceCommandLine(L"s.exe", {Task::Register, 1ms, 2ms}), L"\"s.exe\" /idle:1 /limit:2");
+    EXPECT_EQ(ServiceCommandLine(L"s.exe", {Task::Register, 1ms}), L"\"s.exe\" /idle:1");
 }

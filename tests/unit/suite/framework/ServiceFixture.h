@@ -78,5 +78,5 @@ protected:
     Framework::ValueStore m_store{m_folder.Path()};
     EventLogsDouble m_logs;
     FixedCalendar m_calendar;
-    Framework::Service m_service{m_objects, m_store, m_logs, m_calendar, std::chrono::seconds(10)};
+    Framework::Service m_service{m_objects, m_store, m_logs, m_calendar};
 };

@@ -82,7 +82,7 @@ TEST_F(ServiceTest, TheNextProcessKnowsOfThePurgeOfTheDay)
     WritePurgeSettings({7, 1});
     EXPECT_EQ(ScheduledPurge(), 20261112u);
     ValueStore store(m_folder.Path());
-    Service next(m_objects, store, m_logs, m_calendar, 10s);
+    Service next(m_objects, store, m_logs, m_calendar);
     const std::size_t before = m_logs.Done().size();
     next.PurgeIfDue();
     EXPECT_TRUE(WaitUntilIdle());
@@ -96,7 +96,7 @@ TEST_F(ServiceTest, AFailedScheduledPurgeIsLeftToTheNextProcessOrDay)
     EXPECT_EQ(ScheduledPurge(), 20261112u);
     EXPECT_EQ(ScheduledPurge(), 0u);
     m_logs.fails = false;
-    Service next(m_objects, m_store, m_logs, m_calendar, 10s);
+    Service next(m_objects, m_store, m_logs, m_calendar);
     const std::size_t before = m_logs.Done().size();
     next.PurgeIfDue();
     EXPECT_TRUE(WaitUntilIdle());
