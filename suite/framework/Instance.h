@@ -2,8 +2,17 @@
 
 #include "suite/common/KernelHandle.h"
 
+#include <chrono>
+#include <stdexcept>
+
 namespace Framework
 {
+
+// Somebody keeps this process from being the service; the text says who, and what to do.
+class InstanceBlocked : public std::runtime_error
+{
+    using std::runtime_error::runtime_error;
+};
 
 // The service is one process in a session, as the events go to all clients; this is how its processes know of one
 // another. It belongs to the thread that made it.
@@ -16,9 +25,9 @@ public:
     Instance(const Instance&) = delete;
     Instance& operator=(const Instance&) = delete;
 
-    // Makes this process the service, after one that is just ending has ended. False when another one is the service,
-    // or the one that ends takes longer than a minute.
-    bool Acquire();
+    // Makes this process the service, after one that is just ending has ended. False when another one is the service.
+    // Throws InstanceBlocked when none is after the time: the client that started this process waits with it.
+    bool Acquire(std::chrono::milliseconds longestWait = std::chrono::seconds(5));
 
     // Says whether this process, which is the service, takes clients.
     void SetRunning(bool isRunning);

@@ -4,10 +4,12 @@
 #include "suite/common/InstalledFolder.h"
 #include "suite/framework/Apartment.h"
 #include "suite/framework/ClassFactory.h"
+#include "suite/framework/ComObject.h"
 #include "suite/framework/DatabaseLogs.h"
 #include "suite/framework/Instance.h"
 #include "suite/framework/ProgramPath.h"
 #include "suite/framework/Service.h"
+#include "suite/framework/Trace.h"
 
 #include <algorithm>
 #include <system_error>
@@ -24,6 +26,7 @@ using SteadyClock = std::chrono::steady_clock;
 constexpr milliseconds FirstClient{30'000};    // how long the client that started the service may take to come
 constexpr milliseconds BetweenLooks{60'000};   // at the date
 constexpr milliseconds PendingActivation{300}; // between getting the class object and using it
+constexpr milliseconds Refusal{3000};          // of clients, which look for the class once a second
 
 class LocalCalendar : public Calendar
 {
@@ -43,6 +46,25 @@ void Require(HRESULT result, const char* what)
         throw std::system_error(result, std::system_category(), what);
     }
 }
+
+// Refuses whoever comes.
+class RefusingFactory : public ComObject<IClassFactory>
+{
+public:
+    explicit RefusingFactory(ObjectTable& table) : ComObject(table) {}
+
+    STDMETHODIMP CreateInstance(IUnknown*, REFIID, void** object) override
+    {
+        if (object == nullptr)
+        {
+            return E_POINTER;
+        }
+        *object = nullptr;
+        return CO_E_SERVER_EXEC_FAILURE;
+    }
+
+    STDMETHODIMP LockServer(BOOL) override { return CO_E_SERVER_EXEC_FAILURE; }
+};
 
 // The class, as clients find it while the object lives.
 class ClassRegistration
@@ -121,6 +143,30 @@ void ServeLateClients(ObjectTable& objects)
     }
 }
 
+// Not every system tells a client that the server it waits for has ended: it would wait for half a minute.
+void RefuseClients()
+{
+    ObjectTable objects;
+    const auto factory = Suite::ComPtr<RefusingFactory>::Attach(new RefusingFactory(objects));
+    const ClassRegistration registration(*factory.Get());
+    Sleep(Timeout(Refusal));
+}
+
+// False when another process is the service.
+bool BecomeTheService(Instance& instance)
+{
+    try
+    {
+        return instance.Acquire();
+    }
+    catch (const InstanceBlocked& blocked)
+    {
+        Trace(blocked.what());
+        RefuseClients();
+        throw;
+    }
+}
+
 } // namespace
 
 void Serve(const Options& options)
@@ -128,7 +174,7 @@ void Serve(const Options& options)
     const Apartment apartment;
     Require(apartment.Result(), "COM cannot be used");
     Instance instance;
-    if (!instance.Acquire())
+    if (!BecomeTheService(instance))
     {
         return;
     }

@@ -2,8 +2,11 @@
 
 #include "suite/framework/SafeArray.h"
 #include "suite/framework/ValueSource.h"
+#include "tests/e2e/EventLogs.h"
 #include "tests/e2e/Process.h"
 #include "tests/e2e/ServiceFixture.h"
+#include "tests/e2e/Viewer.h"
+#include "tests/support/LanguageFile.h"
 
 #include <atomic>
 #include <filesystem>
@@ -51,6 +54,21 @@ private:
     const Process m_process;
 };
 
+// The mutex of the service, held by this program, which is none.
+class HeldMutex
+{
+public:
+    HeldMutex() : m_mutex(CreateMutexW(nullptr, TRUE, L"Local\\VdFrwkSvc-Instance")) {}
+
+    ~HeldMutex() { ReleaseMutex(m_mutex.get()); }
+
+    HeldMutex(const HeldMutex&) = delete;
+    HeldMutex& operator=(const HeldMutex&) = delete;
+
+private:
+    const UniqueKernelHandle m_mutex;
+};
+
 } // namespace
 
 TEST_F(ServiceClientsTest, StartsOnDemandAndEndsWhenUnused)
@@ -80,6 +98,30 @@ TEST_F(ServiceClientsTest, AClientThatComesWhileItEndsGetsTheNextOne)
         // Until another process may be the service, while this one still waits for late clients.
         EXPECT_TRUE(WaitUntil([] { return !Service::IsRunning(); }));
     }
+}
+
+// The service waited for a minute, and said nothing.
+TEST_F(ServiceClientsTest, AServiceWhoseMutexIsHeldEndsInSecondsAndSaysWhatIsInTheWay)
+{
+    const HeldMutex held;
+    const DebuggerOutput output(ProgramFolder() + L"VdFrwkSvc.exe", L"-Embedding", 30'000);
+    EXPECT_TRUE(output.ended);
+    EXPECT_EQ(output.exitCode, 1u);
+    EXPECT_TRUE(
+        output.Has("VdFrwkSvc: A program other than the service holds the mutex Local\\VdFrwkSvc-Instance, so the "
+                   "service cannot start. End that program, or sign out and in again.\n"))
+        << testing::PrintToString(output.lines);
+}
+
+// It waited without a window for as long as the system waits for a server, twice.
+TEST_F(ServiceClientsTest, AViewerWhoseServiceCannotStartHasItsWindowAllTheSame)
+{
+    const LanguageFile language;
+    const EventLogs logs(m_service.Installed());
+    const HeldMutex held;
+    const Viewer viewer(DatabaseCommandLine(VirusLog));
+    EXPECT_NE(viewer.Form(), nullptr); // within half a minute
+    EXPECT_EQ(viewer.Close(), 0u);
 }
 
 TEST_F(ServiceClientsTest, ACallOfAServiceThatIsKilledMeanwhileFails)

@@ -2,6 +2,8 @@
 
 #include "tests/e2e/EventRecorder.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
@@ -10,11 +12,20 @@
 #include <vector>
 
 // A sink for the threads of the service: keeps what arrives, and answers with `answer`. While `hangs` is set a call
-// does not return.
+// does not return. Its end waits for the service to let it go, since the service waits for no client.
 class Inbox
 {
 public:
     explicit Inbox(HRESULT answer = S_OK, bool hangs = false) : m_hrAnswer(answer), m_bHangs(hangs) {}
+
+    ~Inbox()
+    {
+        LetGo();
+        EXPECT_TRUE(WaitUntilReleased());
+    }
+
+    Inbox(const Inbox&) = delete;
+    Inbox& operator=(const Inbox&) = delete;
 
     IUnknown* Sink() { return &m_recorder; }
 
