@@ -3,6 +3,7 @@
 #include "common/VdFrwk.h"
 #include "suite/common/InstalledFolder.h"
 #include "suite/framework/Apartment.h"
+#include "suite/framework/CallerAccess.h"
 #include "suite/framework/ClassFactory.h"
 #include "suite/framework/ComObject.h"
 #include "suite/framework/DatabaseLogs.h"
@@ -45,6 +46,15 @@ void Require(HRESULT result, const char* what)
     {
         throw std::system_error(result, std::system_category(), what);
     }
+}
+
+// To be called once, before the first use of COM.
+void SecureCom()
+{
+    CallerAccess access;
+    Require(CoInitializeSecurity(access.Descriptor(), -1, nullptr, nullptr, RPC_C_AUTHN_LEVEL_PKT_PRIVACY,
+                                 RPC_C_IMP_LEVEL_IDENTIFY, nullptr, EOAC_NONE, nullptr),
+            "COM cannot be closed to strangers");
 }
 
 // Refuses whoever comes.
@@ -173,6 +183,7 @@ void Serve(const Options& options)
 {
     const Apartment apartment;
     Require(apartment.Result(), "COM cannot be used");
+    SecureCom();
     Instance instance;
     if (!BecomeTheService(instance))
     {
