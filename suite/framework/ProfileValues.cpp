@@ -26,6 +26,11 @@ List FirstReportSettings()
     return {std::uint32_t{7}, std::uint32_t{0}, std::uint32_t{0}};
 }
 
+PurgeSettings SettingsOf(const List& list)
+{
+    return {std::get<std::uint32_t>(list[0]), std::get<std::uint32_t>(list[1])};
+}
+
 constexpr ValueKey FirewallRules{48, 5};
 constexpr ValueKey ReportSettings{112, 1};
 constexpr ValueKey PurgeSettingsKey{113, 2};
@@ -45,15 +50,13 @@ constexpr Row Rows[] = {
     {ReportSettings, [](const List& list) { return HasShape(list, ThreeNumbers); },
      [](const ValueStore& store) { return store.Get(ReportSettings).value_or(FirstReportSettings()); },
      [](ValueStore& store, const List& list) { store.Set(ReportSettings, list); }},
-    {PurgeSettingsKey, [](const List& list) { return HasShape(list, TwoNumbers); },
+    {PurgeSettingsKey, [](const List& list) { return HasShape(list, TwoNumbers) && AreSensible(SettingsOf(list)); },
      [](const ValueStore&)
      {
          const PurgeSettings settings = ReadPurgeSettings();
          return List{settings.days, settings.flag};
      },
-     [](ValueStore&, const List& list) {
-         WritePurgeSettings({std::get<std::uint32_t>(list[0]), std::get<std::uint32_t>(list[1])});
-     }},
+     [](ValueStore&, const List& list) { WritePurgeSettings(SettingsOf(list)); }},
 };
 
 const Row* Find(const ValueKey& key)

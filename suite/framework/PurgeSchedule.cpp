@@ -9,7 +9,6 @@ namespace
 {
 
 constexpr std::uint32_t SwitchedOn = 1;
-constexpr std::chrono::year_month_day FirstDay(std::chrono::year(1601), std::chrono::month(1), std::chrono::day(1));
 
 } // namespace
 
@@ -17,8 +16,7 @@ std::optional<std::uint32_t> DuePurge(const PurgeSettings& settings, std::option
                                       std::chrono::year_month_day today)
 {
     const std::chrono::sys_days now = today;
-    const auto age = (now - std::chrono::sys_days(FirstDay)).count();
-    if (settings.flag != SwitchedOn || last == DayOf(today) || settings.days >= age)
+    if (settings.flag != SwitchedOn || last == DayOf(today) || !AreSensible(settings))
     {
         return std::nullopt;
     }

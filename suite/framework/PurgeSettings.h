@@ -14,6 +14,13 @@ struct PurgeSettings
     bool operator==(const PurgeSettings&) const = default;
 };
 
+// Whether they can be meant: a day to a hundred years, and a flag that is 0 or 1.
+constexpr bool AreSensible(const PurgeSettings& settings)
+{
+    constexpr std::uint32_t hundredYears = 36'525;
+    return settings.days >= 1 && settings.days <= hundredYears && settings.flag <= 1;
+}
+
 // A value that is missing, or no number, has its default.
 PurgeSettings ReadPurgeSettings();
 

@@ -120,6 +120,14 @@ TEST_F(ServiceTest, PurgeSettingsGoIntoTheTwoRegistryValues)
     EXPECT_EQ(QueryProfile(*Connect().Get(), PurgeKey), (List{45u, 0u}));
 }
 
+TEST_F(ServiceTest, PurgeSettingsThatMakeNoSenseAreRefusedAndLeaveTheRegistryAsItWas)
+{
+    EXPECT_EQ(SetProfile(*Connect().Get(), PurgeKey, List{0u, 1u}), E_INVALIDARG);
+    EXPECT_EQ(SetProfile(*Connect().Get(), PurgeKey, List{0xFFFFFFFFu, 1u}), E_INVALIDARG);
+    EXPECT_EQ(Number(L"EventLogPurgeFre"), 30u);
+    EXPECT_EQ(Number(L"EventLogPurgeFlag"), 0u);
+}
+
 TEST_F(ServiceTest, ThePropertyTellsTheConnectionAndTheCategoryGroups)
 {
     const auto controller = Connect();

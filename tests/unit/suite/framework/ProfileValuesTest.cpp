@@ -85,6 +85,32 @@ TEST_F(ProfileValuesTest, ListsOfAnotherLengthOrTypeChangeNothing)
     EXPECT_EQ(Get(Purge), (List{30u, 1u}));
 }
 
+TEST_F(ProfileValuesTest, AllPurgeSettingsThatTheViewerOffersAreTaken)
+{
+    for (const std::uint32_t days : {7u, 14u, 30u, 45u, 60u})
+    {
+        for (const std::uint32_t flag : {0u, 1u})
+        {
+            EXPECT_EQ(m_values.Set(Purge, {days, flag}), Success);
+            EXPECT_EQ(ReadPurgeSettings(), (PurgeSettings{days, flag}));
+        }
+    }
+}
+
+TEST_F(ProfileValuesTest, PurgeSettingsThatMakeNoSenseAreRefusedAndNotStored)
+{
+    EXPECT_EQ(m_values.Set(Purge, {45u, 1u}), Success);
+    const List refused[] = {{0u, 1u},          {0u, 0u},  {36'526u, 1u},     {0xFFFFFFFFu, 1u},
+                            {0xFFFFFFFFu, 0u}, {30u, 2u}, {30u, 0xFFFFFFFFu}};
+    for (const List& list : refused)
+    {
+        EXPECT_EQ(m_values.Set(Purge, list), E_INVALIDARG);
+        EXPECT_EQ(ReadPurgeSettings(), (PurgeSettings{45, 1}));
+    }
+    EXPECT_EQ(m_values.Set(Purge, {1u, 1u}), Success);
+    EXPECT_EQ(m_values.Set(Purge, {36'525u, 1u}), Success);
+}
+
 TEST_F(ProfileValuesTest, OtherTypesAndSubTypesAreUnknown)
 {
     List list{5u};

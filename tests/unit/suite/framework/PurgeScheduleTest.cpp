@@ -16,7 +16,8 @@ TEST(PurgeScheduleTest, TheDayOfTheSetAgeStaysAndTheOneBeforeGoes)
 {
     EXPECT_EQ(DuePurge({7, 1}, std::nullopt, Today), 20261112u);
     EXPECT_EQ(DuePurge({30, 1}, std::nullopt, 2026y / 3 / 1), 20260129u);
-    EXPECT_EQ(DuePurge({0, 1}, std::nullopt, Today), 20261119u);
+    EXPECT_EQ(DuePurge({1, 1}, std::nullopt, Today), 20261118u);
+    EXPECT_EQ(DuePurge({36'525, 1}, std::nullopt, Today), 19261119u);
 }
 
 TEST(PurgeScheduleTest, OnlyTheFlagOneSwitchesItOn)
@@ -36,8 +37,11 @@ TEST(PurgeScheduleTest, APurgeThatAWrongClockNotedAheadHoldsNobodyUp)
     EXPECT_EQ(DuePurge({7, 1}, 20361120, Today), 20261112u);
 }
 
-TEST(PurgeScheduleTest, MoreDaysThanThereWereTakeNothing)
+// A retention of 0 that somebody had written into the registry took all but the events of the day.
+TEST(PurgeScheduleTest, SettingsThatMakeNoSenseTakeNothing)
 {
-    EXPECT_EQ(DuePurge({0xFFFFFFFF, 1}, std::nullopt, Today), std::nullopt);
-    EXPECT_EQ(DuePurge({200'000, 1}, std::nullopt, Today), std::nullopt);
+    for (const std::uint32_t days : {0u, 36'526u, 200'000u, 0xFFFFFFFFu})
+    {
+        EXPECT_EQ(DuePurge({days, 1}, std::nullopt, Today), std::nullopt) << days;
+    }
 }
