@@ -61,6 +61,34 @@ TEST_F(ControllerTest, AFailureOfTheDiskIsTheResultOfTheCall)
               HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED));
 }
 
+// Whatever is ordered or set with them, known or not.
+TEST_F(ControllerTest, ArraysOfAnotherFormAreRefusedFirst)
+{
+    Suite::ComPtr<IVdFrwkProfile> profile;
+    ASSERT_EQ(m_controller->GetActiveProfile(profile.Put()), Success);
+    SAFEARRAYBOUND bounds[] = {{1, 0}, {1, 0}};
+    const UniqueSafeArray arrays[] = {UniqueSafeArray(), UniqueSafeArray(SafeArrayCreateVector(VT_UI4, 0, 3)),
+                                      UniqueSafeArray(SafeArrayCreateVector(VT_VARIANT, 1, 3)),
+                                      UniqueSafeArray(SafeArrayCreateVector(VT_VARIANT, 0, 1)),
+                                      UniqueSafeArray(SafeArrayCreate(VT_VARIANT, 2, bounds))};
+    ULONG word = 0;
+    ULONG result = 0;
+    for (const UniqueSafeArray& array : arrays)
+    {
+        for (const ULONG type : {22u, 99u})
+        {
+            EXPECT_EQ(m_controller->DoCommand(type, 1, 0, 0, &word, &result, array.get()), E_INVALIDARG);
+        }
+        for (const ULONG type : {112u, 99u})
+        {
+            EXPECT_EQ(profile->SetValue(type, 1, 0, 0, &word, &result, array.get()), E_INVALIDARG);
+        }
+    }
+    const UniqueSafeArray good = MakeArray({1u});
+    EXPECT_EQ(m_controller->DoCommand(99, 1, 0, 0, &word, &result, good.get()), Unknown);
+    EXPECT_EQ(profile->SetValue(99, 1, 0, 0, &word, &result, good.get()), Unknown);
+}
+
 TEST_F(ControllerTest, OnlyTheEventInterfacesHaveConnectionPoints)
 {
     Suite::ComPtr<IConnectionPoint> point;
