@@ -7,7 +7,7 @@
 #include <string>
 
 // A sink of the service's events for clients of a test. Calls a function for each command event with its event, message
-// type and sub type, in decimal with blanks between, and answers what it gives; other events are an error. References
+// type and sub type, in decimal with blanks between, and answers what it returns; other events are an error. References
 // count, but its owner holds it: the object may not go while somebody else has it.
 class EventRecorder : public IVdFrwkLocalEvents
 {
@@ -26,9 +26,13 @@ public:
 
     STDMETHODIMP_(ULONG) Release() override { return --m_nReferences; }
 
-    STDMETHODIMP OnCommandEvent(ULONG event, ULONG messageType, ULONG messageSubType, ULONG, ULONG, ULONG, ULONG,
+    // The first word of the last command event.
+    ULONG LastWord() const { return m_nLastWord; }
+
+    STDMETHODIMP OnCommandEvent(ULONG event, ULONG messageType, ULONG messageSubType, ULONG word1, ULONG, ULONG, ULONG,
                                 VdFrwkBlock, VdFrwkBlock, LPSAFEARRAY) override
     {
+        m_nLastWord = word1;
         return m_take(std::to_string(event) + " " + std::to_string(static_cast<long>(messageType)) + " " +
                       std::to_string(messageSubType));
     }
@@ -54,4 +58,5 @@ public:
 private:
     const std::function<HRESULT(const std::string&)> m_take;
     std::atomic<ULONG> m_nReferences = 0;
+    std::atomic<ULONG> m_nLastWord = 0;
 };

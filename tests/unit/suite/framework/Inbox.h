@@ -42,6 +42,9 @@ public:
         return m_events;
     }
 
+    // The first word of the last event, as a result.
+    HRESULT LastResult() const { return static_cast<HRESULT>(m_recorder.LastWord()); }
+
     // Lets a call that hangs return.
     void LetGo()
     {

@@ -44,17 +44,19 @@ TEST_F(ServiceTest, APurgeDeletesTheKindUpToTheDayAndThenRaisesTheEvent)
     ASSERT_TRUE(inbox.WaitFor(1));
     EXPECT_EQ(m_logs.Done(), (Deletions{{2, 20261119}}));
     EXPECT_EQ(inbox.Events(), (std::vector<std::string>{"4 22 1"}));
+    EXPECT_EQ(inbox.LastResult(), Success);
     m_service.Events().UnadviseAll(this);
     EXPECT_TRUE(inbox.WaitUntilReleased());
 }
 
-TEST_F(ServiceTest, AFailedPurgeRaisesTheEventToo)
+TEST_F(ServiceTest, AFailedPurgeRaisesTheEventTooAndTellsTheFailure)
 {
     m_logs.fails = true;
     Inbox inbox;
     Advise(inbox);
     EXPECT_EQ(m_service.DoCommand(Purge, {20261119u, 0u, 1u}), Success);
     EXPECT_TRUE(inbox.WaitFor(1));
+    EXPECT_EQ(inbox.LastResult(), E_FAIL);
     m_service.Events().UnadviseAll(this);
     EXPECT_TRUE(inbox.WaitUntilReleased());
 }
