@@ -32,7 +32,7 @@ public:
     DWORD Error() const { return m_nError; }
 
 private:
-    // One byte far behind the end of any log, so that those who read the file never meet the lock.
+    // One byte far beyond the end of any log, so that those who read the file never meet the lock.
     static OVERLAPPED Place()
     {
         OVERLAPPED place{};

@@ -17,7 +17,7 @@ public:
     DWORD Open();
 
     // Appends the line to the file, as UTF-8, and sends it to the debugger output when the settings ask for that, be
-    // the file written or not. Nothing is done for an empty line. Gives what LogFile::Append gives.
+    // the file written or not. Nothing is done for an empty line. Returns what LogFile::Append returns.
     DWORD Write(const SYSTEMTIME& time, const wchar_t* line);
 
 private:

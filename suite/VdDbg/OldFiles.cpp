@@ -35,7 +35,7 @@ bool RetireCurrent(const LogName& name)
     {
         Discard(name, --number);
     }
-    // Nothing is moved over a name that is taken: a file that somebody holds in its place stops all behind it.
+    // Nothing is moved over a name that is taken: a file that somebody holds in its place stops all after it.
     for (; number > 1; --number)
     {
         MoveFileW(name.Old(number - 1).c_str(), name.Old(number).c_str());

@@ -51,7 +51,7 @@ public:
 
     explicit operator bool() const { return m_pObject != nullptr; }
 
-    // The place for a function that gives a reference; the one that was held is released.
+    // The place for a function that returns a reference; the one that was held is released.
     Interface** Put()
     {
         Reset();

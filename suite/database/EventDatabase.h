@@ -52,20 +52,20 @@ public:
     // The same, but makes the file when there is none. Its folder must exist.
     static EventDatabase Create(const std::filesystem::path& path, std::chrono::milliseconds busyTimeout = BusyTimeout);
 
-    // Adds events of a day behind those that are there, in one transaction.
+    // Adds events of a day after those that are there, in one transaction.
     void Append(std::uint32_t kind, Day day, std::span<const std::wstring> lines);
 
     // The same in the place of the events that are there.
     void ReplaceDay(std::uint32_t kind, Day day, std::span<const std::wstring> lines);
 
-    // Gives the lines of a period to the function, oldest day first and within a day as they were added. A view is
+    // Passes the lines of a period to the function, oldest day first and within a day as they were added. A view is
     // valid during the call. What the function throws ends the reading and arrives at the caller.
     void ReadPeriod(std::uint32_t kind, const Period& period, const std::function<void(std::wstring_view)>& take) const;
 
     // The days that have events, newest first.
     std::vector<Day> Days(std::uint32_t kind) const;
 
-    // Deletes the events of a kind up to and including a day; gives their number.
+    // Deletes the events of a kind up to and including a day; returns their number.
     std::uint64_t DeleteThrough(std::uint32_t kind, Day day);
 
 private:

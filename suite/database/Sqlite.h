@@ -48,7 +48,7 @@ public:
 
     sqlite3* Handle() const { return m_database.get(); }
 
-    // Runs statements that give no rows.
+    // Runs statements that return no rows.
     void Execute(const char* statements) const;
 
     // The number in the first column of the first row.
@@ -79,7 +79,7 @@ public:
     // The characters as they lie in memory; they must stay until the next Step has returned.
     void Bind(int parameter, std::wstring_view text);
 
-    // Goes to the next row; false behind the last one, ready to be run again.
+    // Goes to the next row; false after the last one, ready to be run again.
     bool Step();
 
     // Leaves the current row: parameters can be bound again, and the next Step begins at the first row.

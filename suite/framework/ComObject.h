@@ -56,7 +56,7 @@ protected:
     virtual ~ComObject() = default;
 };
 
-// Runs a method of an interface, which gives an HRESULT; what it throws becomes one.
+// Runs a method of an interface, which returns an HRESULT; what it throws becomes one.
 template <class Work>
 HRESULT WithoutExceptions(Work work) noexcept
 {

@@ -29,7 +29,7 @@ class BadCommandLine : public std::runtime_error
     using std::runtime_error::runtime_error;
 };
 
-// Reads the arguments behind the program's name. Throws BadCommandLine.
+// Reads the arguments after the program's name. Throws BadCommandLine.
 Options ParseCommandLine(std::span<const std::wstring> arguments);
 
 // The command line that starts the service as options.idle says.

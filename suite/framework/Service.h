@@ -50,7 +50,8 @@ public:
 
     // Takes the purge command 22, 1. The deletion follows on a thread of its own, and then the event 4, 22, 1: also
     // when the deletion failed, since the client waits for it to show what is there. Its first word is the result,
-    // Success or E_FAIL. Gives Success, Unknown for another command, or E_INVALIDARG for another list (PurgeCommand.h).
+    // Success or E_FAIL. Returns Success, Unknown for another command, or E_INVALIDARG for another list, see
+    // PurgeCommand.h.
     HRESULT DoCommand(const ValueKey& command, const List& list);
 
     // Tells all clients to exit, by the event 1 of type -1.

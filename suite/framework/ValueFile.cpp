@@ -63,7 +63,7 @@ private:
     std::string m_bytes;
 };
 
-// Each Take gives false when the bytes end too early or say something that is never written.
+// Each Take returns false when the bytes end too early or say something that is never written.
 class Reader
 {
 public:

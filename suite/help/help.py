@@ -35,7 +35,7 @@ def stamp(chm, listing):
     """Replaces the time in the file by a number made of its contents: the same topics make the same file."""
     content, = struct.unpack_from("<Q", chm, 0x58)
     system = re.search(r"^ *0 +(\d+) +\d+ +/#SYSTEM$", listing, re.MULTILINE)
-    place = content + int(system[1]) + 4  # behind the version
+    place = content + int(system[1]) + 4  # after the version
     kind, length = struct.unpack_from("<HH", chm, place)
     if chm[:4] != b"ITSF" or (kind, length) != (10, 4):
         sys.exit("The help compiler writes the time elsewhere than fp-utils-3.2.2 does.")

@@ -55,7 +55,7 @@ Date ParseDate(const std::wstring& option, const std::wstring& text)
         const std::chrono::year_month_day date(std::chrono::year(std::stoi(text.substr(0, 4))),
                                                std::chrono::month(std::stoi(text.substr(4, 2))),
                                                std::chrono::day(std::stoi(text.substr(6))));
-        // The longest stretch of days back from here still lies behind 1900, where dates begin for most calendars.
+        // The longest stretch of days back from here still lies after 1900, where dates begin for most calendars.
         if (date.ok() && static_cast<int>(date.year()) >= 1911)
         {
             return date;

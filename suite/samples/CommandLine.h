@@ -27,7 +27,7 @@ struct Options
     std::uint64_t seed = 1;
 };
 
-// Reads the arguments behind the program's name. `today` is the end date when none is given.
+// Reads the arguments after the program's name. `today` is the end date when none is given.
 // Throws Failure with ExitCode::BadCommandLine and a text that says how to do it right.
 Options ParseCommandLine(std::span<const std::wstring> arguments, Date today);
 

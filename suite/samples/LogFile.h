@@ -8,7 +8,7 @@
 namespace Samples
 {
 
-// A log file being written: UTF-16 little endian behind a byte order mark, each line ended by CR LF.
+// A log file being written: UTF-16 little endian after a byte order mark, each line ended by CR LF.
 // Every operation throws Failure, with the remedy, when the file cannot be made or written.
 class LogFile
 {

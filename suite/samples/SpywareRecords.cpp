@@ -140,7 +140,7 @@ private:
     }
 
     // The last token of the long record forms, by which the reader knows that the record has ended. The reader keeps
-    // its text for the records behind it that have none of their own.
+    // its text for the records after it that have none of their own.
     void AddDetail(std::wstring_view detail, Line& line)
     {
         line.Text(detail);

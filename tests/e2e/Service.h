@@ -36,7 +36,7 @@ public:
     static void Freeze();
     static void Thaw();
 
-    // Runs its program with these arguments; gives the exit code.
+    // Runs its program with these arguments; returns the exit code.
     static DWORD Run(const std::wstring& arguments);
 
 private:

@@ -9,7 +9,7 @@ namespace Samples
 namespace
 {
 
-// Starts the program, and gives its exit status or, when it is not waited for, its handle.
+// Starts the program, and returns its exit status or, when it is not waited for, its handle.
 intptr_t RunProgram(const std::vector<std::wstring>& arguments, int mode = _P_WAIT)
 {
     const std::wstring program = std::filesystem::path(SAMPLE_LOGS_PROGRAM).make_preferred().wstring();
