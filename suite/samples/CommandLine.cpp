@@ -161,7 +161,7 @@ Options ParseCommandLine(std::span<const std::wstring> arguments, Date today)
         const Setter set = FindOption(arguments[i]);
         if (i + 1 == arguments.size())
         {
-            Refuse(Utf8(arguments[i]) + " needs a value behind it.");
+            Refuse(Utf8(arguments[i]) + " needs a value after it.");
         }
         set(options, arguments[i], arguments[i + 1]);
     }
