@@ -1,15 +1,45 @@
 // Reads a daily file of the virus log and exports it.
 //
-// usage: ExportDay DAILY_FILE EXPORT_FILE
+// usage: ExportDay DAILY_FILE EXPORT_FILE [killed]
 //
 // Prints the writer's result and its error code, and ends with 0 whatever they are; with 2 when the daily file cannot
-// be read.
+// be read. With "killed" the process ends without a word as soon as a part of the export is written.
 
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
+#include "tests/support/ImportPatch.h"
 #include "tests/support/LanguageFile.h"
+
+#include <windows.h>
 
 #include <cstdio>
 #include <exception>
+#include <optional>
+
+extern "C" decltype(&::WriteFile) __imp_WriteFile;
+
+namespace
+{
+
+// Ends the process with the first write to a file, in the way of a task manager.
+class KilledByWrite
+{
+public:
+    KilledByWrite() : m_patch(__imp_WriteFile, &Write) { s_write = m_patch.Original(); }
+
+private:
+    static BOOL WINAPI Write(HANDLE file, const void* data, DWORD bytes, DWORD* written, OVERLAPPED* overlapped)
+    {
+        s_write(file, data, bytes, written, overlapped);
+        TerminateProcess(GetCurrentProcess(), 1);
+        return FALSE;
+    }
+
+    inline static decltype(&::WriteFile) s_write = nullptr;
+
+    ImportPatch<decltype(&::WriteFile)> m_patch;
+};
+
+} // namespace
 
 int wmain(int argc, wchar_t** argv)
 {
@@ -18,10 +48,15 @@ int wmain(int argc, wchar_t** argv)
         const LanguageFile language;
         CZPTLogVir log;
         log.m_bUseDBMgr = false;
-        if (argc != 3 || !log.ReadLogW(argv[1]))
+        if (argc < 3 || !log.ReadLogW(argv[1]))
         {
             std::fputs("ExportDay: the daily file cannot be read\n", stderr);
             return 2;
+        }
+        std::optional<KilledByWrite> killed;
+        if (argc > 3)
+        {
+            killed.emplace();
         }
         std::uint32_t error = 0;
         const bool done = log.ExportLog(argv[2], LogTypeVirus, L"31/12/2008", L"192.0.2.1", &error);

@@ -26,10 +26,16 @@ def write_day(path, records):
 
 def export(runner, program, folder, day, target):
     """The writer's result and error code. folder is that of the built program, with the language file."""
-    done = subprocess.run([runner, program, windows(day), windows(target)], cwd=folder, capture_output=True, text=True,
-                          check=True)
+    done = run(runner, program, folder, day, target)
+    done.check_returncode()
     result, code = map(int, done.stdout.split())
     return result, code
+
+
+def run(runner, program, folder, day, target, *options):
+    """The ended process of an export."""
+    return subprocess.run([runner, program, windows(day), windows(target), *options], cwd=folder, capture_output=True,
+                          text=True)
 
 
 def arguments():

@@ -7,6 +7,9 @@
 namespace
 {
 
+constexpr wchar_t PartSuffix[] = L".kestrix-part";
+constexpr wchar_t AsideSuffix[] = L".kestrix-old";
+
 std::wstring FullPath(const std::wstring& path)
 {
     std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
@@ -25,20 +28,76 @@ std::wstring SystemPath(const std::wstring& path)
     return full.starts_with(L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
 }
 
+// Whether a new file may take the place of this one: a plain file that everybody who has it open lets go of, or none.
+// Named streams and links, attributes that a new file would not have, and devices are left to the system.
+bool CanBeReplaced(const std::wstring& path)
+{
+    constexpr DWORD special =
+        FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_REPARSE_POINT;
+    const UniqueFile file(CreateFileW(path.c_str(), GENERIC_WRITE | DELETE,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                                      FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+    if (!file)
+    {
+        return GetLastError() == ERROR_FILE_NOT_FOUND && path.find(L':', path.find_last_of(L"\\/") + 1) == path.npos;
+    }
+    BY_HANDLE_FILE_INFORMATION information{};
+    return GetFileType(file.get()) == FILE_TYPE_DISK && GetFileInformationByHandle(file.get(), &information) &&
+           (information.dwFileAttributes & special) == 0 && information.nNumberOfLinks == 1;
+}
+
+// Who may do what with the file, as a security descriptor; empty when there is none or nobody says.
+std::vector<std::byte> RightsOf(const std::wstring& path)
+{
+    DWORD size = 0;
+    GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+    std::vector<std::byte> rights(size);
+    if (!GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, rights.data(), size, &size))
+    {
+        rights.clear();
+    }
+    return rights;
+}
+
 } // namespace
 
 bool ExportStream::Open(const std::wstring& path)
 {
-    m_strPath = SystemPath(path);
+    m_strTarget = SystemPath(path);
+    m_strPart = SystemPath(path + PartSuffix);
+    m_strAside = SystemPath(path + AsideSuffix);
+    m_arrBlock.resize(BlockSize);
+    m_arrBlock[0] = L'\xFEFF';
+    m_nUsed = 1;
+    if (!CanBeReplaced(m_strTarget))
+    {
+        return MakeInPlace();
+    }
+    // On a full disk the file that stands there would be lost for nothing.
+    return MakePart() || (GetLastError() != ERROR_DISK_FULL && MakeInPlace());
+}
+
+// With the rights of the file that it is to replace. What an earlier export left behind, when it was killed, goes.
+bool ExportStream::MakePart()
+{
+    std::vector<std::byte> rights = RightsOf(m_strTarget);
+    SECURITY_ATTRIBUTES attributes{sizeof attributes, rights.empty() ? nullptr : rights.data(), FALSE};
+    DeleteFileW(m_strPart.c_str());
     m_hFile.reset(
-        CreateFileW(m_strPath.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+        CreateFileW(m_strPart.c_str(), GENERIC_WRITE, 0, &attributes, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return static_cast<bool>(m_hFile);
+}
+
+// In the way of the C library, whose files others may read and write meanwhile.
+bool ExportStream::MakeInPlace()
+{
+    m_strPart.clear();
+    m_hFile.reset(CreateFileW(m_strTarget.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                              CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (m_hFile && GetFileType(m_hFile.get()) != FILE_TYPE_DISK)
     {
         m_hFile.reset();
     }
-    m_arrBlock.resize(BlockSize);
-    m_arrBlock[0] = L'\xFEFF';
-    m_nUsed = 1;
     return static_cast<bool>(m_hFile);
 }
 
@@ -55,7 +114,7 @@ bool ExportStream::Write(std::wstring_view text)
             }
             text.remove_prefix(1);
         }
-        else if (!text.empty() && !Flush())
+        else if (!text.empty() && !WriteBlock())
         {
             return false;
         }
@@ -70,16 +129,34 @@ bool ExportStream::WriteLabel(std::wstring_view text, wchar_t end)
 
 bool ExportStream::Flush()
 {
-    const auto bytes = static_cast<DWORD>(m_nUsed * sizeof(wchar_t));
-    DWORD written = 0;
-    m_nUsed = 0;
-    return WriteFile(m_hFile.get(), m_arrBlock.data(), bytes, &written, nullptr) && written == bytes;
+    return WriteBlock() && FlushFileBuffers(m_hFile.get());
+}
+
+bool ExportStream::Close()
+{
+    m_hFile.reset();
+    return m_strPart.empty() ||
+           MoveFileExW(m_strPart.c_str(), m_strTarget.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) ||
+           ReplaceOpenTarget();
 }
 
 bool ExportStream::Delete()
 {
-    Close();
-    return DeleteFileW(m_strPath.c_str());
+    m_hFile.reset();
+    return DeleteFileW(m_strPart.empty() ? m_strTarget.c_str() : m_strPart.c_str());
+}
+
+// The target steps aside for those who have it open, and is deleted when the last one closes it.
+bool ExportStream::ReplaceOpenTarget() const
+{
+    if (!ReplaceFileW(m_strTarget.c_str(), m_strPart.c_str(), m_strAside.c_str(), REPLACEFILE_IGNORE_MERGE_ERRORS,
+                      nullptr, nullptr))
+    {
+        MoveFileExW(m_strAside.c_str(), m_strTarget.c_str(), 0);
+        return false;
+    }
+    DeleteFileW(m_strAside.c_str());
+    return true;
 }
 
 // Takes what stands before the first line feed, as far as there is room, and gives the number of characters. One pass
@@ -111,10 +188,18 @@ std::size_t ExportStream::CopyToLineFeed(std::wstring_view text)
 
 bool ExportStream::Put(wchar_t character)
 {
-    if (m_nUsed == BlockSize && !Flush())
+    if (m_nUsed == BlockSize && !WriteBlock())
     {
         return false;
     }
     m_arrBlock[m_nUsed++] = character;
     return true;
+}
+
+bool ExportStream::WriteBlock()
+{
+    const auto bytes = static_cast<DWORD>(m_nUsed * sizeof(wchar_t));
+    DWORD written = 0;
+    m_nUsed = 0;
+    return WriteFile(m_hFile.get(), m_arrBlock.data(), bytes, &written, nullptr) && written == bytes;
 }

@@ -8,11 +8,16 @@
 
 // Writes a UTF-16 text file with byte order mark. Every line feed comes out as carriage return and line feed.
 // Text is gathered in a block, so that a full disk may show only at a later write or at Flush.
+//
+// The file grows beside its target, as TARGET.kestrix-part, and takes the target's place at the end: the name holds the
+// file that stood there or the new one, whole, also when the program is killed or the power fails. A target that cannot
+// be replaced is written in place: one that others have open and do not share for deletion, that is hidden or a link,
+// or beside which no file can be made.
 class ExportStream
 {
 public:
-    // Makes the file, in place of one that stands there; false when that is not possible, and for what is no file: a
-    // device or a folder. A path of any length will do. Nobody else can open the file until Close.
+    // Makes the file; false when that is not possible, and for what is no file: a device or a folder. A path of any
+    // length will do. Nobody else can open the file beside the target.
     bool Open(const std::wstring& path);
 
     // False when the text could not be written.
@@ -21,23 +26,31 @@ public:
     // Writes the text in double quotes, with what stands behind it: a tab or a line feed.
     bool WriteLabel(std::wstring_view text, wchar_t end);
 
-    // Writes what is still in memory to the file; false when that failed.
+    // Writes what is still in memory, all of it to the disk; false when that failed.
     bool Flush();
 
-    // Closes the file without writing what is still in memory.
-    void Close() { m_hFile.reset(); }
+    // Closes the file without writing what is still in memory, and puts it in the place of what stood there, also while
+    // others have that open and share it for deletion. False when that is not possible: then Delete is to follow.
+    bool Close();
 
-    // Closes and deletes the file that Open made; false when it stays.
+    // Closes and deletes the file that Open made; false when it stays. What stood there before stays with it, unless
+    // it was written in place.
     bool Delete();
 
 private:
     static constexpr std::size_t BlockSize = 64 * 1024; // characters
 
+    bool MakePart();
+    bool MakeInPlace();
+    bool ReplaceOpenTarget() const;
     std::size_t CopyToLineFeed(std::wstring_view text);
     bool Put(wchar_t character);
+    bool WriteBlock();
 
     UniqueFile m_hFile;
-    std::wstring m_strPath; // as the system takes it
+    std::wstring m_strTarget; // these three as the system takes them
+    std::wstring m_strPart;   // empty when the target is written in place
+    std::wstring m_strAside;  // of a target that others have open
     std::vector<wchar_t> m_arrBlock;
     std::size_t m_nUsed = 0; // characters of the block
 };

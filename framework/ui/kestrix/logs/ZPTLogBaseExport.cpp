@@ -25,7 +25,7 @@ std::wstring LabelText(const ExportLabel& label)
     return text;
 }
 
-// Deletes the file again, whatever ended the export, unless it is complete.
+// Deletes the new file again, whatever ended the export, unless it is complete and has taken its place.
 class ExportGuard
 {
 public:
@@ -43,11 +43,7 @@ public:
     ExportGuard(const ExportGuard&) = delete;
     ExportGuard& operator=(const ExportGuard&) = delete;
 
-    void Complete()
-    {
-        m_stream.Close();
-        m_bComplete = true;
-    }
+    bool Complete() { return m_bComplete = m_stream.Close(); }
 
 private:
     ExportStream& m_stream;
@@ -96,14 +92,17 @@ private:
         return true;
     }
 
+    // Without a copy of a field that has no quote to double, as nearly none has.
     bool WriteField(std::wstring_view field, bool isLast)
     {
-        m_strField = field;
-        if (!m_strField.empty())
+        const wchar_t* const fieldEnd = field.data() + field.size();
+        if (FindCharacter(field.data(), fieldEnd, L'"') != fieldEnd)
         {
+            m_strField = field;
             m_log.EscapeQuote(m_strField);
+            field = m_strField;
         }
-        return m_stream.WriteLabel(m_strField, isLast ? L'\n' : L'\t');
+        return m_stream.WriteLabel(field, isLast ? L'\n' : L'\t');
     }
 
     const CZPTLogBase& m_log;
@@ -151,8 +150,7 @@ bool CZPTLogBase::ExportLog(const std::wstring& path, std::uint32_t logType, con
         }
         return false;
     }
-    guard.Complete();
-    return true;
+    return guard.Complete();
 }
 
 bool CZPTLogBase::ExportRecords(ExportStream& stream, std::uint32_t logType) const

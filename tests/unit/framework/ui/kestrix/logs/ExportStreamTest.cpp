@@ -7,26 +7,37 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 extern "C" decltype(&::CreateFileW) __imp_CreateFileW;
 
 namespace
 {
 
-std::wstring g_askedFor;
+std::vector<std::wstring> g_askedFor;
 
-HANDLE WINAPI RefuseFile(LPCWSTR path, DWORD, DWORD, SECURITY_ATTRIBUTES*, DWORD, DWORD, HANDLE)
+HANDLE WINAPI RefuseFile(LPCWSTR path, DWORD, DWORD, SECURITY_ATTRIBUTES*, DWORD disposition, DWORD, HANDLE)
 {
-    g_askedFor = path;
+    if (disposition != OPEN_EXISTING)
+    {
+        g_askedFor.push_back(path);
+    }
+    SetLastError(ERROR_FILE_NOT_FOUND);
     return INVALID_HANDLE_VALUE;
 }
 
-// The name under which the stream makes the file of this path.
-std::wstring PathAskedFor(const std::wstring& path)
+// The names under which the stream tries to make the file of this path: beside it, then in place.
+std::vector<std::wstring> PathsAskedFor(const std::wstring& path)
 {
     const ImportPatch<decltype(&::CreateFileW)> refuse(__imp_CreateFileW, &RefuseFile);
+    g_askedFor.clear();
     ExportStream().Open(path);
     return g_askedFor;
+}
+
+std::vector<std::wstring> BesideAndInPlace(const std::wstring& path)
+{
+    return {path + L".kestrix-part", path};
 }
 
 class ExportStreamTest : public ::testing::Test
@@ -137,7 +148,8 @@ TEST_F(ExportStreamTest, APathOf259And260And300CharactersCanBeWrittenAndDeleted)
         EXPECT_TRUE(stream.Write(L"text") && stream.Flush());
         stream.Close();
         EXPECT_EQ(ReadUtf16(L"\\\\?\\" + path), L"text");
-        EXPECT_TRUE(stream.Delete());
+        EXPECT_TRUE(stream.Open(path) && stream.Delete()) << length;
+        EXPECT_TRUE(std::filesystem::remove(L"\\\\?\\" + path));
         EXPECT_TRUE(std::filesystem::is_empty(folder)) << length;
     }
 }
@@ -147,23 +159,35 @@ TEST_F(ExportStreamTest, APathOf259And260And300CharactersCanBeWrittenAndDeleted)
 TEST_F(ExportStreamTest, ALongPathIsMadeWholeAndGetsThePrefixThatLiftsTheLimit)
 {
     const std::wstring name(250, L'n');
-    EXPECT_EQ(PathAskedFor(L"C:\\a\\..\\b/" + name + L"\\x"), L"\\\\?\\C:\\b\\" + name + L"\\x");
-    EXPECT_EQ(PathAskedFor(L"\\\\server\\share\\" + name), L"\\\\?\\UNC\\server\\share\\" + name);
-    EXPECT_EQ(PathAskedFor(L"\\\\?\\C:\\b\\" + name), L"\\\\?\\C:\\b\\" + name);
-    EXPECT_EQ(PathAskedFor(L"C:\\a\\..\\b"), L"C:\\a\\..\\b") << "a short one stays as it is";
+    EXPECT_EQ(PathsAskedFor(L"C:\\a\\..\\b/" + name + L"\\x"), BesideAndInPlace(L"\\\\?\\C:\\b\\" + name + L"\\x"));
+    EXPECT_EQ(PathsAskedFor(L"\\\\server\\share\\" + name), BesideAndInPlace(L"\\\\?\\UNC\\server\\share\\" + name));
+    EXPECT_EQ(PathsAskedFor(L"\\\\?\\C:\\b\\" + name), BesideAndInPlace(L"\\\\?\\C:\\b\\" + name));
+    EXPECT_EQ(PathsAskedFor(L"C:\\a\\..\\b"), BesideAndInPlace(L"C:\\a\\..\\b")) << "a short one stays as it is";
 }
 
-TEST_F(ExportStreamTest, NobodyElseOpensTheFileUntilItIsClosed)
+TEST_F(ExportStreamTest, AFileWhoseNeighbourIsTooLongWithoutThePrefixGetsItForThatOne)
+{
+    const std::wstring path = L"C:\\b\\" + std::wstring(250, L'n');
+    EXPECT_EQ(PathsAskedFor(path), (std::vector<std::wstring>{L"\\\\?\\" + path + L".kestrix-part", path}));
+}
+
+TEST_F(ExportStreamTest, ANamedStreamOfAFileIsMadeInPlace)
+{
+    EXPECT_EQ(PathsAskedFor(L"C:\\b\\a.csv:stream"), std::vector<std::wstring>{L"C:\\b\\a.csv:stream"});
+}
+
+TEST_F(ExportStreamTest, NobodyElseOpensTheNewFileUntilItIsClosed)
 {
     ExportStream stream;
     ASSERT_TRUE(stream.Open(m_path));
-    const auto canRead = [&]
+    const auto canRead = [](const std::wstring& path)
     {
         return static_cast<bool>(
-            UniqueFile(CreateFileW(m_path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+            UniqueFile(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                    nullptr, OPEN_EXISTING, 0, nullptr)));
     };
-    EXPECT_FALSE(canRead()) << "a reader would keep a failed export from being deleted";
+    ASSERT_TRUE(std::filesystem::exists(m_path + L".kestrix-part"));
+    EXPECT_FALSE(canRead(m_path + L".kestrix-part")) << "a reader would keep a failed export from being deleted";
     stream.Close();
-    EXPECT_TRUE(canRead());
+    EXPECT_TRUE(canRead(m_path));
 }

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <new>
 #include <string>
 
@@ -19,6 +20,7 @@ public:
 
     bool WriteExportHeader(ExportStream& stream) override
     {
+        m_atLabels();
         return m_bHeaderWorks && stream.WriteLabel(L"first", L'\t') && stream.WriteLabel(L"last", L'\n');
     }
 
@@ -33,6 +35,7 @@ public:
 
     bool m_bHeaderWorks = true;
     bool m_bEscapeThrows = false;
+    std::function<void()> m_atLabels = [] {}; // called while the export is under way
 };
 
 constexpr wchar_t LabelLine[] = L"\"first\"\t\"last\"\r\n";

@@ -1,4 +1,4 @@
-// Exports that fail: what is told, and that no file is left.
+// Exports that fail: what is told, and that no file is left but the one that stood there.
 
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 
@@ -7,6 +7,8 @@
 #include "tests/unit/framework/ui/kestrix/logs/ExportTest.h"
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
 #include <new>
 #include <string>
 #include <vector>
@@ -116,15 +118,64 @@ TEST_F(ZPTLogBaseExportFailureTest, ADiskThatIsFullAtTheVeryEndGivesErrorCode100
         const SmallDisk disk(size);
         EXPECT_TRUE(Export()) << "exactly enough";
     }
+    std::filesystem::remove(m_path);
     const SmallDisk disk(size - 1);
     EXPECT_FALSE(Export());
     EXPECT_EQ(m_nError, 10000u);
     EXPECT_FALSE(FileExists());
 }
 
-TEST_F(ZPTLogBaseExportFailureTest, AnExceptionLeavesNoFileEither)
+// The new export was written over the old one, which was lost whatever went wrong.
+TEST_F(ZPTLogBaseExportFailureTest, TheFileThatStoodThereSurvivesEveryFailure)
+{
+    Put(L"a \"quoted\" field");
+    const auto fullDisk = [this]
+    {
+        const SmallDisk disk(10);
+        EXPECT_FALSE(Export());
+    };
+    const auto labels = [this]
+    {
+        m_log.m_bHeaderWorks = false;
+        EXPECT_FALSE(Export());
+        m_log.m_bHeaderWorks = true;
+    };
+    const auto exception = [this]
+    {
+        m_log.m_bEscapeThrows = true;
+        EXPECT_THROW(Export(), std::bad_alloc);
+    };
+    for (const std::function<void()>& fail : {std::function<void()>(fullDisk), {labels}, {exception}})
+    {
+        WriteBytes(m_path, "precious");
+        const TraceRecorder trace;
+        fail();
+        EXPECT_EQ(ReadBytes(m_path), "precious");
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_folder.Path()), {}), 1) << "nothing beside it";
+        EXPECT_EQ(trace.Texts(VdCommon::TraceLevel::Flow), std::vector{L"DeleteFile(" + m_path + L") returned 1"});
+    }
+}
+
+TEST_F(ZPTLogBaseExportFailureTest, AFileThatSomebodyTakesMeanwhileIsAFailureWithoutErrorCode)
 {
     Put(L"a");
+    WriteBytes(m_path, "precious");
+    UniqueFile user;
+    m_log.m_atLabels = [&]
+    {
+        user.reset(CreateFileW(m_path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+        ASSERT_TRUE(static_cast<bool>(user));
+    };
+    const TraceRecorder trace;
+    EXPECT_FALSE(Export());
+    EXPECT_EQ(m_nError, Untouched);
+    EXPECT_EQ(trace.Texts(), std::vector{L"DeleteFile(" + m_path + L") returned 1"});
+    EXPECT_EQ(ReadBytes(m_path), "precious");
+}
+
+TEST_F(ZPTLogBaseExportFailureTest, AnExceptionLeavesNoFileEither)
+{
+    Put(L"a \"quoted\" field");
     m_log.m_bEscapeThrows = true;
     EXPECT_THROW(Export(), std::bad_alloc);
     EXPECT_FALSE(FileExists());
