@@ -24,10 +24,11 @@ def arguments(text):
 
 
 def is_file_filter(text):
+    """The export's own extensions are in capitals, and the save dialog adds what the pattern says before they are."""
     parts = text.split("|")
     pairs = parts[:-2]
     return (text.endswith("||") and len(pairs) >= 4 and len(pairs) % 2 == 0 and all(pairs)
-            and pairs[1] == "*.csv" and pairs[3] == "*.txt")
+            and pairs[1] == "*.CSV" and pairs[3] == "*.TXT")
 
 
 # What the column `format` may hold, and the test that a text of this format passes.

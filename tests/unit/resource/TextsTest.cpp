@@ -85,5 +85,5 @@ TEST(Texts, LeadingAndTrailingBlanksStay)
 TEST(Texts, PercentSignsAndBarsComeThroughTheResourceCompiler)
 {
     EXPECT_EQ(L"%Y-%m-%d", LanguageText(82));
-    EXPECT_EQ(L"CSV files (*.csv)|*.csv|Text files (*.txt)|*.txt|All files (*.*)|*.*||", LanguageText(61));
+    EXPECT_EQ(L"CSV files (*.csv)|*.CSV|Text files (*.txt)|*.TXT|All files (*.*)|*.*||", LanguageText(61));
 }

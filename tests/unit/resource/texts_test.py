@@ -59,7 +59,10 @@ class TextsTest(unittest.TestCase):
     def test_formats_of_values(self):
         self.expect_error("'x1' does not have the format 'numeric'", "1\tr\tnumeric\t\tx1\t1")
         self.expect_error("'12,0,9' does not have the format 'font style'", "1\tr\tfont style\t\t12,0,9\t1,0,9")
-        self.expect_error("does not have the format 'file filter'", "1\tr\tfile filter\t\tA|*.csv||\tB")
+        self.expect_error("does not have the format 'file filter'", "1\tr\tfile filter\t\tA|*.CSV||\tB")
+        self.expect_error("does not have the format 'file filter'",
+                          "1\tr\tfile filter\t\tA|*.CSV|B|*.txt||\tA|*.CSV|B|*.TXT||")
+        self.assertIn("STRINGTABLE", self.run_with("1\tr\tfile filter\t\tA|*.CSV|B|*.TXT||\tA|*.CSV|B|*.TXT||"))
         self.expect_error("does not have the format 'wcsftime'", "1\tr\twcsftime\t\t%Y\t%H")
 
     def test_constraints_of_one_text(self):

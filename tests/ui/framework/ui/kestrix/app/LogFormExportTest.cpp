@@ -110,9 +110,9 @@ TEST_F(LogFormExportTest, TheFiltersAreCsvTxtAndAllFiles)
     std::ranges::replace(text, L'|', L'\0');
     ASSERT_EQ(m_dialog.Requests().size(), 1u);
     EXPECT_EQ(m_dialog.Requests()[0].filter, text);
-    EXPECT_NE(text.find(L"\0*.csv\0"s), text.npos);
-    EXPECT_LT(text.find(L"\0*.csv\0"s), text.find(L"\0*.txt\0"s));
-    EXPECT_LT(text.find(L"\0*.txt\0"s), text.find(L"\0*.*\0"s));
+    EXPECT_NE(text.find(L"\0*.CSV\0"s), text.npos);
+    EXPECT_LT(text.find(L"\0*.CSV\0"s), text.find(L"\0*.TXT\0"s));
+    EXPECT_LT(text.find(L"\0*.TXT\0"s), text.find(L"\0*.*\0"s));
     EXPECT_TRUE(text.ends_with(L"\0*.*\0"s));
 }
 
