@@ -93,9 +93,8 @@ std::wstring_view LogFileReader::NextPiece()
 {
     for (;;)
     {
-        const wchar_t* const text = m_arrBuffer.data() + m_nBegin;
         const std::size_t available = std::min(m_nEnd - m_nBegin, LongestLine);
-        std::size_t length = FindLineFeed(text, available);
+        std::size_t length = FindLineFeed(m_arrBuffer.data() + m_nBegin, available);
         if (length == 0)
         {
             if (available < LongestLine && ReadBlock())
@@ -104,8 +103,10 @@ std::wstring_view LogFileReader::NextPiece()
             }
             length = available;
         }
+        // Only now: what is left of the file has moved to the front when nothing more came.
+        const std::wstring_view piece(m_arrBuffer.data() + m_nBegin, length);
         m_nBegin += length;
-        return {text, length};
+        return piece;
     }
 }
 

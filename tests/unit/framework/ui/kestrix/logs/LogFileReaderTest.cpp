@@ -375,3 +375,19 @@ TEST_F(LogFileReaderTest, AFileWithAnOddNumberOfBytesBeforeABlockEndKeepsItsChar
     }
     ExpectAsReference("\xFF\xFE" + Utf16Bytes(text) + "\n", "odd end");
 }
+
+// What was left of the file had moved to the front of the buffer when it was given out at its old place, which held
+// other characters by then: a piece that begins with a NUL, and so is nothing, was taken for the start of a line.
+TEST_F(LogFileReaderTest, APieceThatIsNothingAtTheEndOfAFileIsNothingWhenTheFileGrows)
+{
+    const std::wstring start = L"first\r\n" + std::wstring(L"\0a piece that is longer than the line", 37);
+    WriteUtf16(m_path, start);
+    LogFileReader reader;
+    std::wstring_view line;
+    ASSERT_TRUE(reader.Open(m_path) && reader.NextLine(line));
+    EXPECT_EQ(line, L"first");
+    EXPECT_FALSE(reader.NextLine(line)) << "the end of the file, for now";
+    WriteUtf16(m_path, start + L"last\r\n");
+    ASSERT_TRUE(reader.NextLine(line));
+    EXPECT_EQ(line, L"last");
+}
