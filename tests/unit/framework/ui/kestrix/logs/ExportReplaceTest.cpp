@@ -74,6 +74,26 @@ std::vector<std::byte> Rights(const std::wstring& path)
     return rights;
 }
 
+// Leaves the file to the user of this process alone.
+void LetOnlyTheUserIn(const std::wstring& path)
+{
+    HANDLE token = nullptr;
+    ASSERT_TRUE(OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token));
+    alignas(TOKEN_USER) std::byte user[256];
+    DWORD size = 0;
+    ASSERT_TRUE(GetTokenInformation(token, TokenUser, user, sizeof user, &size));
+    CloseHandle(token);
+    alignas(ACL) std::byte bytes[512];
+    auto* const list = reinterpret_cast<ACL*>(bytes);
+    SECURITY_DESCRIPTOR rights{};
+    ASSERT_TRUE(
+        InitializeAcl(list, sizeof bytes, ACL_REVISION) &&
+        AddAccessAllowedAce(list, ACL_REVISION, FILE_ALL_ACCESS, reinterpret_cast<TOKEN_USER*>(user)->User.Sid) &&
+        InitializeSecurityDescriptor(&rights, SECURITY_DESCRIPTOR_REVISION) &&
+        SetSecurityDescriptorDacl(&rights, TRUE, list, FALSE) &&
+        SetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, &rights));
+}
+
 // Stands for CreateFileW while no new file can be made, with this error.
 class NoNewFiles
 {
@@ -281,8 +301,11 @@ TEST_F(ExportReplaceTest, TwoExportsToOneFileDoNotMix)
 
 TEST_F(ExportReplaceTest, TheNewFileHasTheRightsOfTheOldOne)
 {
-    std::filesystem::permissions(m_path, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    const std::vector<std::byte> usual = Rights(m_path);
+    LetOnlyTheUserIn(m_path);
     const std::vector<std::byte> before = Rights(m_path);
+    ASSERT_NE(before, usual);
     EXPECT_TRUE(Export());
     EXPECT_EQ(Rights(m_path), before);
+    EXPECT_EQ(ReadUtf16(m_path), L"new");
 }
