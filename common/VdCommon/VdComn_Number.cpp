@@ -53,7 +53,8 @@ constexpr unsigned NarrowDigit(char c) noexcept
     return lower >= 'a' && lower <= 'z' ? static_cast<unsigned>(lower - 'a' + 10) : NoDigit;
 }
 
-// One character in the 8-bit code page, which may have a look-alike for it; 0 where it becomes more than one byte.
+// One character in the 8-bit code page of the system, which may have a look-alike for it; 0 where it becomes more than
+// one byte.
 char Narrow(wchar_t c) noexcept
 {
     if (c <= 0x7F)
@@ -61,7 +62,7 @@ char Narrow(wchar_t c) noexcept
         return static_cast<char>(c);
     }
     char bytes[8];
-    return ::WideCharToMultiByte(CP_THREAD_ACP, 0, &c, 1, bytes, sizeof bytes, nullptr, nullptr) == 1 ? bytes[0] : '\0';
+    return ::WideCharToMultiByte(CP_ACP, 0, &c, 1, bytes, sizeof bytes, nullptr, nullptr) == 1 ? bytes[0] : '\0';
 }
 
 // Takes a sign from the front of the text. Returns whether it was a minus.

@@ -26,7 +26,7 @@ std::int32_t LibraryInteger(const std::wstring& text)
 std::uint32_t LibraryUnsigned(const std::wstring& text, int base)
 {
     std::string narrow(text.size() * 4 + 1, '\0');
-    ::WideCharToMultiByte(CP_THREAD_ACP, 0, text.c_str(), -1, narrow.data(), static_cast<int>(narrow.size()), nullptr,
+    ::WideCharToMultiByte(CP_ACP, 0, text.c_str(), -1, narrow.data(), static_cast<int>(narrow.size()), nullptr,
                           nullptr);
     return std::strtoul(narrow.c_str(), nullptr, base);
 }
