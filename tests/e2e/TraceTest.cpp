@@ -4,13 +4,13 @@
 #include "tests/e2e/ServiceFixture.h"
 #include "tests/e2e/Tracing.h"
 #include "tests/e2e/Viewer.h"
+#include "tests/support/KeptText.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <regex>
 #include <sstream>
@@ -40,25 +40,13 @@ std::string Normalised(const std::string& trace, const std::wstring& folder)
     return result;
 }
 
-std::string Kept(const std::string& name)
-{
-    std::ifstream file(std::filesystem::path(KESTRIX_GOLDEN_TRACES) / (name + ".golden"), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-// Writes what came out to where tools/update-traces finds it.
+// Leaves what came out where tools/update-traces finds it.
 void ExpectTrace(const std::string& actual, const std::string& name)
 {
-    const std::filesystem::path folder = KESTRIX_TRACE_OUTPUT;
-    const std::filesystem::path found = folder / (name + ".golden");
-    std::filesystem::remove(found);
-    const std::string kept = Kept(name);
-    if (actual != kept)
-    {
-        std::filesystem::create_directories(folder);
-        std::ofstream(found, std::ios::binary) << actual;
-    }
-    EXPECT_EQ(actual, kept) << "tools/update-traces shows the difference and keeps the new sequence";
+    const std::string file = name + ".golden";
+    EXPECT_TRUE(IsKeptText(actual, std::filesystem::path(KESTRIX_GOLDEN_TRACES) / file,
+                           std::filesystem::path(KESTRIX_TRACE_OUTPUT) / file))
+        << "tools/update-traces shows the difference and keeps the new sequence";
 }
 
 class TraceTest : public ::testing::Test

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "framework/ui/kestrix/logs/ExportStream.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "tests/support/InfoPaneDouble.h"
 #include "tests/support/LanguageFile.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -54,6 +56,20 @@ protected:
     int CompareDown(const LogRec& first, const LogRec& second, int column) const
     {
         return Compare(m_log.m_pfnCompareDn, first, second, column);
+    }
+
+    // The line of labels of an export, as the file has it.
+    std::wstring LabelLine()
+    {
+        const TemporaryFolder folder;
+        const std::wstring path = folder.File(L"labels.csv");
+        ExportStream stream;
+        if (!stream.Open(path) || !m_log.WriteExportHeader(stream) || !stream.Flush())
+        {
+            throw std::runtime_error("the labels cannot be written");
+        }
+        stream.Close();
+        return ReadUtf16(path);
     }
 
     const LanguageFile m_language;

@@ -1,6 +1,7 @@
 // Whole export files, compared byte for byte with those kept in golden/.
 
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
+#include "tests/support/KeptText.h"
 #include "tests/unit/framework/ui/kestrix/logs/ExportTest.h"
 
 #include <filesystem>
@@ -29,22 +30,15 @@ protected:
         }
     }
 
-    // Exports the log and leaves what came out in the build folder when it is not what is kept.
+    // Exports the log and compares what came out with what is kept.
     void ExpectGolden(CZPTLogBase& log, std::uint32_t logType, const std::string& name)
     {
         ASSERT_TRUE(log.ExportLog(m_path, logType, L"31/12/2008", L"192.0.2.1", &m_nError));
         EXPECT_EQ(m_nError, Untouched);
-        const std::filesystem::path kept = std::filesystem::path(KESTRIX_GOLDEN_EXPORTS) / (name + ".utf16");
-        const std::filesystem::path found = std::filesystem::path(KESTRIX_EXPORT_OUTPUT) / (name + ".utf16");
-        std::filesystem::remove(found);
-        const std::string actual = ReadBytes(m_path);
-        const bool same = actual == ReadBytes(kept.wstring());
-        if (!same)
-        {
-            std::filesystem::create_directories(found.parent_path());
-            WriteBytes(found.wstring(), actual);
-        }
-        EXPECT_TRUE(same) << "compare " << found << " with " << kept << " and copy it there if it is right";
+        const std::string file = name + ".utf16";
+        EXPECT_TRUE(IsKeptText(ReadBytes(m_path), std::filesystem::path(KESTRIX_GOLDEN_EXPORTS) / file,
+                               std::filesystem::path(KESTRIX_EXPORT_OUTPUT) / file))
+            << "copy it there if it is right";
     }
 };
 

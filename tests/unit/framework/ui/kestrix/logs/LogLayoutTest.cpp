@@ -2,7 +2,7 @@
 
 #include "framework/ui/kestrix/logs/ColumnOrder.h"
 #include "resource/resource.h"
-#include "tests/support/InfoPaneDouble.h"
+#include "tests/support/LogFixture.h"
 #include "tests/unit/framework/ui/kestrix/logs/ExportTest.h"
 
 #include <stdexcept>
@@ -41,39 +41,13 @@ public:
     }
 };
 
-class LogLayoutTest : public ::testing::Test
-{
-protected:
-    LogLayoutTest() { m_log.SetInfoDialog(&m_pane); }
-
-    LogRec* Put(std::wstring_view line)
-    {
-        EXPECT_TRUE(m_log.PutRecode(line, CZPTLogBase::AnyLine));
-        return m_log.GetLogRecord(m_log.GetLogCount() - 1);
-    }
-
-    std::wstring Cell(const LogRec* record, int column) const
-    {
-        std::wstring text = L"before";
-        m_log.GetColumnText(record, text, column);
-        return text;
-    }
-
-    int Up(const LogRec* first, const LogRec* second, int column) const
-    {
-        return m_log.m_pfnCompareUp(reinterpret_cast<LPARAM>(first), reinterpret_cast<LPARAM>(second), column);
-    }
-
-    const LanguageFile m_language;
-    TableLog m_log;
-    InfoPaneDouble m_pane;
-};
+using LogLayoutTest = LogFixture<TableLog>;
 
 } // namespace
 
 TEST_F(LogLayoutTest, AColumnShowsItsFieldAndOneThatIsNotThereLeavesTheText)
 {
-    const LogRec* const record = Put(L"a|b|c|d|e");
+    const LogRec& record = Put(L"a|b|c|d|e");
     EXPECT_EQ(Cell(record, 0), L"a");
     EXPECT_EQ(Cell(record, 1), L"c");
     EXPECT_EQ(Cell(record, 2), L"before");
@@ -89,21 +63,20 @@ TEST_F(LogLayoutTest, AColumnOfAShorterRecordIsTheVectorsOutOfRangeError)
 
 TEST_F(LogLayoutTest, AColumnIsSortedByTheFieldThatItsTableNames)
 {
-    const LogRec* const first = Put(L"1|b|x|1|1");
-    const LogRec* const second = Put(L"2|a|y|1|2");
-    EXPECT_LT(Up(first, second, 0), 0);
-    EXPECT_GT(Up(first, second, 1), 0) << "by field 1, although field 2 is shown";
-    EXPECT_EQ(Up(first, second, 3), 0) << "a column without a row is sorted by the field of its number";
-    EXPECT_LT(Up(first, second, 4), 0);
-    EXPECT_EQ(Up(first, second, 5), 0) << "no such field";
-    EXPECT_GT(m_log.m_pfnCompareDn(reinterpret_cast<LPARAM>(first), reinterpret_cast<LPARAM>(second), 0), 0);
+    const LogRec& first = Put(L"1|b|x|1|1");
+    const LogRec& second = Put(L"2|a|y|1|2");
+    EXPECT_LT(CompareUp(first, second, 0), 0);
+    EXPECT_GT(CompareUp(first, second, 1), 0) << "by field 1, although field 2 is shown";
+    EXPECT_EQ(CompareUp(first, second, 3), 0) << "a column without a row is sorted by the field of its number";
+    EXPECT_LT(CompareUp(first, second, 4), 0);
+    EXPECT_EQ(CompareUp(first, second, 5), 0) << "no such field";
+    EXPECT_GT(CompareDown(first, second, 0), 0);
 }
 
 TEST_F(LogLayoutTest, ARowShowsItsFieldInTheWayOfItsTable)
 {
     const std::wstring longText(200, L'x');
-    m_log.SetInfoLabel();
-    m_log.SetLogInfo(Put(L"threat|whole|" + longText + L"|d|last"));
+    Show(L"threat|whole|" + longText + L"|d|last");
     EXPECT_TRUE(m_pane[0].isLink);
     EXPECT_EQ(m_pane[0].text, L"threat");
     EXPECT_EQ(m_pane[0].toolTip, L"threat");
@@ -118,8 +91,7 @@ TEST_F(LogLayoutTest, ARowShowsItsFieldInTheWayOfItsTable)
 
 TEST_F(LogLayoutTest, ARowWithoutAFieldStaysAndAnEmptyFieldHasItsText)
 {
-    m_log.SetInfoLabel();
-    m_log.SetLogInfo(Put(Text(IDS_UNKNOWN_THREAT_NAME) + L"|b|c||e"));
+    Show(Text(IDS_UNKNOWN_THREAT_NAME) + L"|b|c||e");
     EXPECT_FALSE(m_pane[4].isSet);
     EXPECT_EQ(m_pane[3].text, Text(IDS_UNKNOWN_THREAT));
     EXPECT_FALSE(m_pane[0].isLink);

@@ -1,8 +1,7 @@
 // What the virus log writes into the detail pane.
 
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
-#include "tests/support/InfoPaneDouble.h"
-#include "tests/support/LanguageFile.h"
+#include "tests/support/LogFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -12,21 +11,7 @@
 namespace
 {
 
-class ZPTLogVirInfoTest : public ::testing::Test
-{
-protected:
-    ZPTLogVirInfoTest() { m_log.SetInfoDialog(&m_pane); }
-
-    void Show(std::wstring_view line)
-    {
-        ASSERT_TRUE(m_log.PutRecode(line, CZPTLogBase::AnyLine));
-        m_log.SetLogInfo(m_log.GetLogRecord(m_log.GetLogCount() - 1));
-    }
-
-    const LanguageFile m_language;
-    CZPTLogVir m_log;
-    InfoPaneDouble m_pane;
-};
+using ZPTLogVirInfoTest = LogFixture<CZPTLogVir>;
 
 } // namespace
 
@@ -80,7 +65,7 @@ TEST_F(ZPTLogVirInfoTest, ALongLocationIsCutInTheRowAndWholeInToolTipAndInfoText
 
 TEST_F(ZPTLogVirInfoTest, WithoutADetailTheLastRowShowsTheSecondAction)
 {
-    m_log.m_bUseDBMgr = false;
+    UseFiles();
     Show(L"x|103015|1048576|x|0|0|name|C:\\a.exe|1|1|0|0");
     EXPECT_TRUE(m_pane[6].isSet);
     EXPECT_EQ(m_pane[6].text, L"");
@@ -92,7 +77,7 @@ TEST_F(ZPTLogVirInfoTest, WithoutARecordOrAPageNothingIsShown)
 {
     m_log.SetLogInfo(nullptr);
     EXPECT_TRUE(m_pane.IsUntouched());
-    ASSERT_TRUE(m_log.PutRecode(L"x|103015|1|x|0|0|6|1|1|0|0|d", CZPTLogBase::AnyLine));
+    ASSERT_TRUE(Accepts(L"x|103015|1|x|0|0|6|1|1|0|0|d"));
     m_log.SetInfoDialog(nullptr);
     m_log.SetLogInfo(m_log.GetLogRecord(0));
     EXPECT_TRUE(m_pane.IsUntouched());

@@ -1,11 +1,10 @@
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
 
-#include "tests/support/LanguageFile.h"
+#include "tests/support/LogFixture.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -88,17 +87,10 @@ std::string StoryOf(const Event& event)
            std::to_string(event.action2) + " result " + std::to_string(event.result2);
 }
 
-class ZPTLogVirTest : public ::testing::Test
+class ZPTLogVirTest : public LogFixture<CZPTLogVir>
 {
 protected:
-    const LogRec& Put(std::wstring_view line)
-    {
-        if (!m_log.PutRecode(line, CZPTLogBase::AnyLine))
-        {
-            throw std::runtime_error("the line was refused");
-        }
-        return *m_log.GetLogRecord(m_log.GetLogCount() - 1);
-    }
+    using LogFixture::Put;
 
     const LogRec& Put(const Event& event) { return Put(LineOf(event)); }
 
@@ -110,20 +102,10 @@ protected:
         EXPECT_EQ(record.nImage, event.result2 == 1 ? second.doneImage : second.failedImage) << StoryOf(event);
     }
 
-    std::wstring ResultColumn(const LogRec& record) const
-    {
-        std::wstring text;
-        m_log.GetColumnText(&record, text, 1);
-        return text;
-    }
-
     std::wstring TypeOf(std::uint32_t source, std::uint32_t token5)
     {
         return std::wstring(Put(Event{source, token5}).Field(2));
     }
-
-    const LanguageFile m_language;
-    CZPTLogVir m_log;
 };
 
 } // namespace
@@ -141,12 +123,12 @@ TEST_F(ZPTLogVirTest, AScanFormLineOfTheProvider)
     EXPECT_EQ(record.Field(7), L"detail");
     EXPECT_EQ(record.strData.size(), 8u);
     EXPECT_EQ(record.nImage, 1u);
-    EXPECT_EQ(ResultColumn(record), Text(802));
+    EXPECT_EQ(Cell(record, 1), Text(802));
 }
 
 TEST_F(ZPTLogVirTest, TheSameLineInFileModeWithoutTheLastTokenIsValidAndHasNoField7)
 {
-    m_log.m_bUseDBMgr = false;
+    UseFiles();
     const LogRec& record = Put(L"x|103015|1048576|x|0|0|name|C:\\a.exe|1|1|0|0");
     EXPECT_EQ(record.strData.size(), 7u);
     EXPECT_EQ(record.Field(5), Text(802));
@@ -236,7 +218,7 @@ TEST_F(ZPTLogVirTest, EveryRowOfTheFirstActionWithEveryResultInEveryForm)
     }
 }
 
-TEST_F(ZPTLogVirTest, EveryRowOfTheSecondActionBehindAFailedFirstOneOf2Or3)
+TEST_F(ZPTLogVirTest, EveryRowOfTheSecondActionAfterAFailedFirstOneOf2Or3)
 {
     for (const ActionRow& first : {Actions1[2], Actions1[3]})
     {
@@ -260,7 +242,7 @@ TEST_F(ZPTLogVirTest, AFailedQuarantineFollowedByARename)
     EXPECT_EQ(record.Field(5), Text(805));
     EXPECT_EQ(record.Field(6), Text(802));
     EXPECT_EQ(record.nImage, 1u);
-    EXPECT_EQ(ResultColumn(record), Text(802));
+    EXPECT_EQ(Cell(record, 1), Text(802));
 }
 
 TEST_F(ZPTLogVirTest, AFailedCleaningFollowedByAction3HasNoSecondTextAndIcon2)
@@ -268,7 +250,7 @@ TEST_F(ZPTLogVirTest, AFailedCleaningFollowedByAction3HasNoSecondTextAndIcon2)
     const LogRec& record = Put(Event{RealTime, 0, 3, 0, 3, 0});
     EXPECT_EQ(record.Field(6), L"");
     EXPECT_EQ(record.nImage, 2u);
-    EXPECT_EQ(ResultColumn(record), Text(807));
+    EXPECT_EQ(Cell(record, 1), Text(807));
 }
 
 TEST_F(ZPTLogVirTest, TheCleanTextFollowsFromTheSourceAndToken5)
@@ -295,23 +277,23 @@ TEST_F(ZPTLogVirTest, ANumberStopsAtItsFirstWrongCharacterAndATokenThatIsNoneCou
 
 TEST_F(ZPTLogVirTest, AProviderLineWithoutItsDetailTokenIsInvalid)
 {
-    EXPECT_FALSE(m_log.PutRecode(L"x|103015|1048576|x|0|0|name|C:\\a.exe|1|1|0|0", CZPTLogBase::AnyLine));
-    EXPECT_FALSE(m_log.PutRecode(L"x|103015|1|x|0|0|6|1|1|0|0", CZPTLogBase::AnyLine));
+    EXPECT_FALSE(Accepts(L"x|103015|1048576|x|0|0|name|C:\\a.exe|1|1|0|0"));
+    EXPECT_FALSE(Accepts(L"x|103015|1|x|0|0|6|1|1|0|0"));
     EXPECT_EQ(m_log.GetLogCount(), 0u);
 }
 
 TEST_F(ZPTLogVirTest, AFileLineIsValidFromItsSecondResultOnAndNotBefore)
 {
-    m_log.m_bUseDBMgr = false;
-    EXPECT_TRUE(m_log.PutRecode(L"x|103015|1|x|0|0|6|1|1|0|0", CZPTLogBase::AnyLine));
-    EXPECT_FALSE(m_log.PutRecode(L"x|103015|1|x|0|0|6|1|1|0", CZPTLogBase::AnyLine));
-    EXPECT_TRUE(m_log.PutRecode(L"x|103015|1048576|x|0|0|6|7|1|1|0|0", CZPTLogBase::AnyLine));
-    EXPECT_FALSE(m_log.PutRecode(L"x|103015|1048576|x|0|0|6|7|1|1|0", CZPTLogBase::AnyLine));
+    UseFiles();
+    EXPECT_TRUE(Accepts(L"x|103015|1|x|0|0|6|1|1|0|0"));
+    EXPECT_FALSE(Accepts(L"x|103015|1|x|0|0|6|1|1|0"));
+    EXPECT_TRUE(Accepts(L"x|103015|1048576|x|0|0|6|7|1|1|0|0"));
+    EXPECT_FALSE(Accepts(L"x|103015|1048576|x|0|0|6|7|1|1|0"));
 }
 
 TEST_F(ZPTLogVirTest, AFileLineThatHasADetailTokenShowsIt)
 {
-    m_log.m_bUseDBMgr = false;
+    UseFiles();
     EXPECT_EQ(Put(L"x|103015|1|x|0|0|6|1|1|0|0|detail").Field(7), L"detail");
 }
 
@@ -319,7 +301,7 @@ TEST_F(ZPTLogVirTest, AFileLineThatHasADetailTokenShowsIt)
 TEST_F(ZPTLogVirTest, TheDetailOfARecordStaysForALineThatBringsNone)
 {
     Put(Event{});
-    m_log.m_bUseDBMgr = false;
+    UseFiles();
     EXPECT_EQ(Put(L"x|103015|1|x|0|0|6|1|1|0|0").Field(7), L"detail");
     EXPECT_EQ(Put(L"x|103015|1|x|0|0|6|1|1|0|0|").strData.size(), 7u) << "an empty token is a detail too";
 }
@@ -333,7 +315,7 @@ TEST_F(ZPTLogVirTest, TokensBehindTheDetailAreIgnored)
 
 TEST_F(ZPTLogVirTest, WhatAnInvalidLineLeftDoesNotShowInTheNextRecord)
 {
-    EXPECT_FALSE(m_log.PutRecode(L"x|103015|1048576|x|0|0|6|7|2|1|1|1", CZPTLogBase::AnyLine));
+    EXPECT_FALSE(Accepts(L"x|103015|1048576|x|0|0|6|7|2|1|1|1"));
     EXPECT_EQ(Put(Event{RealTime, 0, 2, 0, 1, 0}).Field(6), Text(803));
     EXPECT_EQ(m_log.GetLogText(0, 5), Text(805));
 }
