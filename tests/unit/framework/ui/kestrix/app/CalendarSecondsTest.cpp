@@ -1,7 +1,6 @@
 #include "framework/ui/kestrix/app/CalendarSeconds.h"
 
 #include "platform/dialog/Exceptions.h"
-#include "tests/support/PacificTime.h"
 
 #include <gtest/gtest.h>
 
@@ -24,13 +23,6 @@ HRESULT StatusOf(const SYSTEMTIME& time)
 constexpr auto Failure = static_cast<HRESULT>(0x80004005);
 
 } // namespace
-
-TEST(CalendarSeconds, ATimeIsThatOfTheZoneInSummerAsInWinter)
-{
-    const PacificTime zone;
-    EXPECT_EQ(CalendarSeconds({2026, 1, 0, 1, 12, 0, 0, 0}), 1767297600);
-    EXPECT_EQ(CalendarSeconds({2026, 7, 0, 1, 12, 0, 0, 0}), 1782932400);
-}
 
 TEST(CalendarSeconds, EveryFieldDownToTheSecondsCountsAndTheMillisecondsDoNot)
 {
