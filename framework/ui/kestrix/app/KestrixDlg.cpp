@@ -1,50 +1,19 @@
 #include "framework/ui/kestrix/app/KestrixDlg.h"
 
 #include "common/VdCommon/VdComn_DebugLog.h"
-#include "framework/ui/kestrix/app/HeadingLook.h"
 #include "framework/ui/kestrix/app/LogFactory.h"
+#include "framework/ui/kestrix/app/ProductName.h"
 #include "framework/ui/kestrix/app/PushButtonSkin.h"
 #include "framework/ui/kestrix/app/page/PageHost.h"
-#include "framework/ui/kestrix/logs/LogKinds.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "resource/resource.h"
-
-#include <iterator>
 
 namespace
 {
 
-// The rows of the detail pane. A text shares the place of the first value, the link; the type of the log decides.
-constexpr UINT InfoLabels[CLogInfoPage::InfoRows] = {
-    IDC_INFO_LABEL_0, IDC_INFO_LABEL_1, IDC_INFO_LABEL_2, IDC_INFO_LABEL_3,
-    IDC_INFO_LABEL_4, IDC_INFO_LABEL_5, IDC_INFO_LABEL_6,
-};
-constexpr UINT InfoValues[CLogInfoPage::InfoRows] = {
-    IDC_INFO_VALUE_0_LINK, IDC_INFO_VALUE_1, IDC_INFO_VALUE_2, IDC_INFO_VALUE_3,
-    IDC_INFO_VALUE_4,      IDC_INFO_VALUE_5, IDC_INFO_VALUE_6,
-};
-
-// A heading and its colours; the frame of the detail pane is a heading without text and ground.
-struct Heading
-{
-    UINT control;
-    UINT text;
-    COLORREF ground;
-    COLORREF frame;
-};
-
-constexpr UINT NoText = 0;
-
-constexpr Heading Headings[] = {
-    {IDC_HEADING_ENTRIES, IDS_HEADING_ENTRIES, 0xEFEAE8, 0xAC8473},
-    {IDC_HEADING_DATES, IDS_HEADING_DATES, 0xEFEAE8, 0xAC8473},
-    {IDC_HEADING_DETAILS, IDS_HEADING_DETAILS, 0xE7E2DF, 0xDAC9C0},
-    {IDC_DETAIL_FRAME, NoText, CColorText::NoColour, 0xDAC9C0},
-};
-
 constexpr COLORREF LinkColour = RGB(0, 0, 255);
-constexpr int TallRows = 3;
 constexpr COLORREF PageColour = RGB(255, 255, 255);
+
 } // namespace
 
 CKestrixDlg::CKestrixDlg() : CBitmapDialog(IDD_LOG_PAGE) {}
@@ -72,14 +41,10 @@ void CKestrixDlg::DoDataExchange(CDataExchange& exchange)
     DDX_Control(exchange, IDC_DATE_LIST, m_DateList);
     DDX_Control(exchange, IDC_RECORD_LIST, m_RecordList);
     DDX_Control(exchange, IDC_LOG_TYPE, m_TypeCombo);
-    DDX_Control(exchange, IDC_INFO_VALUE_0_LINK, m_InfoLink);
-    DDX_Control(exchange, IDC_INFO_VALUE_2, m_MoreInfo);
+    m_DetailPane.DoDataExchange(exchange);
     DDX_Control(exchange, IDC_VIEW, m_ViewButton);
     DDX_Control(exchange, IDC_SETTING, m_SettingButton);
-    for (std::size_t i = 0; i < std::size(Headings); ++i)
-    {
-        DDX_Control(exchange, static_cast<int>(Headings[i].control), m_arrHeading[i]);
-    }
+    m_Headings.DoDataExchange(exchange);
 }
 
 BOOL CKestrixDlg::OnInitDialog()
@@ -90,30 +55,17 @@ BOOL CKestrixDlg::OnInitDialog()
     SetBackground(IDB_BACKGROUND);
     m_SolidBrush.CreateSolidBrush(PageColour);
     m_bSolidBackground = true;
-    SetHeadings();
-    SetButtons();
+    m_Headings.Start();
+    SetSkin(m_ViewButton, true);
+    SetSkin(m_SettingButton, true);
     SetFonts();
-    m_rcInfoValue = CWindow(GetDlgItem(IDC_INFO_VALUE_0_TEXT)).GetWindowRect();
-    for (const UINT hidden : {IDC_INFO_VALUE_0_TEXT, IDC_INFO_VALUE_0_LINK, IDC_ALLOW, IDC_ALLOW_LABEL})
-    {
-        ShowInfo(hidden, false);
-    }
-    if (!TakeProvider())
-    {
-        return FALSE;
-    }
-    if (!MakeLog())
-    {
-        return FALSE;
-    }
-    SetUpLog();
-    FillDate();
-    if (!ShowFirstDate())
+    m_DetailPane.Start();
+    if (!TakeProvider() || !MakeLog() || !ShowFirstDate())
     {
         return FALSE;
     }
     FillLogTypeCombo();
-    SelectLogType(m_nLogType);
+    m_TypeCombo.Select(m_nLogType);
     if (!m_bIsLocal)
     {
         m_DeleteButton.EnableWindow(false);
@@ -137,12 +89,6 @@ bool CKestrixDlg::TakeProvider()
     return true;
 }
 
-void CKestrixDlg::SetFormButtons(HWND exportButton, HWND deleteButton)
-{
-    m_ExportButton.Attach(exportButton);
-    m_DeleteButton.Attach(deleteButton);
-}
-
 // While another window has the keyboard nothing is to be done: the form asks again when it comes back.
 void CKestrixDlg::KeepFocusUsable()
 {
@@ -157,139 +103,207 @@ void CKestrixDlg::KeepFocusUsable()
     }
 }
 
-void CKestrixDlg::SetHeadings()
-{
-    CColorText::FontLook look = HeadingLook();
-    look.weight = FW_BOLD;
-    for (std::size_t i = 0; i < std::size(Headings); ++i)
-    {
-        const Heading& heading = Headings[i];
-        CColorText& label = m_arrHeading[i];
-        label.SetFontLook(look);
-        label.SetBackground(heading.ground, heading.ground != CColorText::NoColour);
-        label.SetFrame(heading.frame, true);
-        label.SetAlignment(CColorText::Horizontal::Left, CColorText::Vertical::Centre);
-        if (heading.text != NoText)
-        {
-            label.SetText(LoadText(heading.text));
-        }
-    }
-}
-
-void CKestrixDlg::SetButtons()
-{
-    for (CExtendButton* const button : {&m_ViewButton, &m_SettingButton})
-    {
-        SetSkin(*button, true);
-    }
-}
-
 void CKestrixDlg::SetFonts()
 {
-    for (const UINT label : InfoLabels)
+    for (const UINT control : CDetailPane::BoldControls())
     {
-        SetControlFont(label, FW_BOLD);
+        SetControlFont(control, FW_BOLD);
     }
-    SetControlFont(IDC_SPARE_EDIT, FW_BOLD);
-    SetControlFont(IDC_ALLOW_LABEL, FW_BOLD);
     SetControlFont(IDC_INFO_VALUE_0_LINK, FW_NORMAL, true);
     SetTextColour(IDC_INFO_VALUE_0_LINK, LinkColour);
 }
 
-// Makes the log of the page's type; false when the type has none.
+// Makes the log of the page's type in place of the one before, and joins it to the page; false when the type has none.
 bool CKestrixDlg::MakeLog()
 {
+    m_RecordList.RemoveLog();
+    m_pLogData.reset();
     m_pLogData = ::CreateLog(m_nLogType);
-    return m_pLogData != nullptr;
-}
-
-// What is known of the page's type; null for one without a log.
-const LogKind* CKestrixDlg::Kind() const
-{
-    return FindLogKind(m_nLogType);
-}
-
-void CKestrixDlg::SetUpLog()
-{
-    ShowFirstInfo(Kind()->firstInfo);
-    m_InfoLink.SetClickable(Kind()->firstInfo == FirstInfo::Link);
-    m_MoreInfo.SetClickable(HasLongInfo());
+    if (m_pLogData == nullptr)
+    {
+        return false;
+    }
+    m_DetailPane.SetKind(*Kind());
+    m_RecordList.SetLog(*m_pLogData, *Kind());
     m_pLogData->SetLocalAddress(m_strLocalIp);
     m_pLogData->m_bUseDBMgr = m_bIsLocal;
+    m_RecordList.RemoveColumns();
     m_pLogData->m_pIDBManagerProvider = m_pIDBManagerProvider;
     m_pLogData->SetListCtrl(&m_RecordList);
-    m_pLogData->SetInfoDialog(this);
+    m_pLogData->SetInfoDialog(&m_DetailPane);
     m_pLogData->SetListColumn();
     m_pLogData->SetInfoLabel();
+    return true;
 }
 
-// The first value is a link or a text in the same place.
-void CKestrixDlg::ShowFirstInfo(FirstInfo how)
+void CKestrixDlg::FillDate()
 {
-    switch (how)
+    m_DateList.Fill({*m_pLogData, m_bIsLocal, m_pIDBManagerProvider, m_strLogPath, m_bLogOnly, m_nReportSpan});
+}
+
+// Lists the dates and loads the newest. A path of files without any is told to the user and cancels the page: false.
+bool CKestrixDlg::ShowFirstDate()
+{
+    FillDate();
+    if (m_DateList.GetCount() == 0 && !m_bIsLocal)
     {
-    case FirstInfo::Link:
-        ShowInfo(IDC_INFO_VALUE_0_LINK, true);
-        return;
-    case FirstInfo::Text:
-        break;
-    case FirstInfo::TextOnly:
-        CWindow(GetDlgItem(IDC_INFO_VALUE_0_LINK)).EnableWindow(false);
-        break;
-    case FirstInfo::TallText:
-        ShowInfo(IDC_INFO_VALUE_0_LINK, false);
-        PlaceFirstText(TallRows);
-        break;
+        ShowLogMessage(LoadText(HasForeignLogFile() ? IDS_NOT_A_LOG_FILE : IDS_NO_LOG_FILE));
+        OnCancel();
+        return false;
     }
-    ShowInfo(IDC_INFO_VALUE_0_TEXT, true);
+    m_DateList.SetCurSel(0);
+    OnSelchangeLogDate();
+    return true;
 }
 
-// As wide as in the template and this many rows high.
-void CKestrixDlg::PlaceFirstText(int rows)
+void CKestrixDlg::ShowLogMessage(const std::wstring& text) const
 {
-    RECT place = m_rcInfoValue;
-    ScreenToClient(place);
-    place.bottom = place.top + rows * (m_rcInfoValue.bottom - m_rcInfoValue.top);
-    CWindow(GetDlgItem(IDC_INFO_VALUE_0_TEXT)).MoveWindow(place);
+    const std::wstring title = Kind() == nullptr ? std::wstring() : LoadText(Kind()->messageTitle);
+    ShowMessageBox(nullptr, text, title, MB_ICONINFORMATION);
 }
 
-void CKestrixDlg::SetInfoRow(std::size_t row, const std::wstring& caption, bool visible)
+void CKestrixDlg::OnSelchangeLogDate()
 {
-    const int show = visible ? SW_SHOW : SW_HIDE;
-    CWindow label(GetDlgItem(static_cast<int>(InfoLabels[row])));
-    CWindow value(GetDlgItem(static_cast<int>(InfoValues[row])));
-    label.SetWindowText(caption);
-    value.SetWindowText({});
-    label.ShowWindow(show);
-    value.ShowWindow(show);
-}
-
-void CKestrixDlg::SetInfoText(std::size_t row, const std::wstring& text, const std::wstring& toolTip)
-{
-    if (row != 0)
+    VD_TRACE(Flow, L"[Enter]CKestrixDlg::OnSelchangeLogDate() ");
+    const CWaitCursor wait;
+    m_RecordList.ForgetClicks();
+    if (m_pLogData == nullptr)
     {
-        SetInfo(InfoValues[row], text, toolTip);
         return;
     }
-    SetInfo(IDC_INFO_VALUE_0_TEXT, text, toolTip);
-    ShowInfo(IDC_INFO_VALUE_0_TEXT, true);
-    ShowInfo(IDC_INFO_VALUE_0_LINK, false);
+    if (m_bIsLocal)
+    {
+        const bool selected = m_DateList.GetCurSel() != LB_ERR;
+        m_DeleteButton.EnableWindow(selected);
+        m_ExportButton.EnableWindow(selected);
+    }
+    VD_TRACE(Info, L"before CKestrixDlg::GetLogFileName() ");
+    COleDateTime date;
+    const bool isLoadable = m_bIsLocal ? GetLogFileName(date) : IsUsablePath(m_strLogPath);
+    m_ExportButton.EnableWindow(isLoadable);
+    m_pLogData->ClearLog();
+    if (isLoadable && LoadRecords(date))
+    {
+        m_DetailPane.ShowShortText();
+        VD_TRACE(Flow, L"[Leave]CKestrixDlg::OnSelchangeLogDate() ");
+    }
 }
 
-void CKestrixDlg::SetInfoLink(const std::wstring& text, const std::wstring& toolTip)
+bool CKestrixDlg::LoadRecords(const COleDateTime& date)
 {
-    SetInfo(IDC_INFO_VALUE_0_LINK, text, toolTip);
-    ShowInfo(IDC_INFO_VALUE_0_TEXT, false);
-    ShowInfo(IDC_INFO_VALUE_0_LINK, true);
+    if (m_bIsLocal)
+    {
+        return m_RecordList.LoadDay(date);
+    }
+    m_RecordList.LoadFile(m_strLogPath);
+    return true;
 }
 
-void CKestrixDlg::SetInfo(UINT control, const std::wstring& text, const std::wstring& toolTip)
+void CKestrixDlg::OnGetDispInfoLogList(NMLVDISPINFOW& info)
 {
-    SetDlgItemText(control, text);
-    SetControlToolTip(control, toolTip);
+    if (m_DateList.GetCount() != 0)
+    {
+        m_RecordList.AnswerText(info);
+    }
 }
 
-void CKestrixDlg::ShowInfo(UINT control, bool show)
+void CKestrixDlg::ShowSelectedRecord()
 {
-    CWindow(GetDlgItem(static_cast<int>(control))).ShowWindow(show ? SW_SHOW : SW_HIDE);
+    VD_TRACE(Flow, L"[Enter]CKestrixDlg::OnClickLogList()...");
+    LogRec* const record = m_RecordList.SelectedRecord();
+    if (record == nullptr)
+    {
+        return;
+    }
+    m_pLogData->SetLogInfo(record);
+    m_DetailPane.ShowShortText();
+    VD_TRACE(Flow, L"[Leave]CKestrixDlg::OnClickLogList()...");
+}
+
+BOOL CKestrixDlg::PreTranslateMessage(MSG& message)
+{
+    if (message.message == WM_KEYUP && message.hwnd == m_RecordList.GetSafeHwnd() &&
+        (message.wParam == VK_UP || message.wParam == VK_DOWN))
+    {
+        ShowSelectedRecord();
+    }
+    return CBitmapDialog::PreTranslateMessage(message);
+}
+
+void CKestrixDlg::OnStnClickedTypesValue()
+{
+    VD_TRACE(Info, L"Click Link String Edit");
+    const std::wstring name = m_DetailPane.LinkText();
+    if (name.empty() || Kind() == nullptr || Kind()->firstInfo != FirstInfo::Link)
+    {
+        return;
+    }
+    if (!ChkInternetConnect())
+    {
+        VD_TRACE(Error, L"[CKestrixDlg::OnStnClickedTypesValue] Internet connection is unavailable now..");
+        return;
+    }
+    OpenThreatPage(name);
+}
+
+void CKestrixDlg::OnStnClickedMoreInfo()
+{
+    if (m_pLogData != nullptr)
+    {
+        m_DetailPane.ShowWholeText(m_pLogData->GetInfoText());
+    }
+}
+
+void CKestrixDlg::OnBnClickedBtnAddRule()
+{
+    if (m_pLogData != nullptr && Kind()->hasAllowRule)
+    {
+        m_pLogData->AddAllowRule();
+        m_DetailPane.DisableAllow();
+        KeepFocusUsable();
+    }
+}
+
+void CKestrixDlg::FillLogTypeCombo()
+{
+    if (m_pParentForm != nullptr)
+    {
+        m_TypeCombo.Fill();
+    }
+}
+
+void CKestrixDlg::OnBnClickedBtnView()
+{
+    VD_TRACE(Flow, L"[Enter] CKestrixDlg::OnBnClickedBtnView()");
+    Invalidate();
+    if (!m_bIsLocal)
+    {
+        ShowMessageBox(GetSafeHwnd(), LoadText(IDS_ONLY_THIS_FILE), GetProductName(), MB_ICONINFORMATION);
+        VD_TRACE(Flow, L"[Leave] CKestrixDlg::OnBnClickedBtnView()");
+        return;
+    }
+    const std::uint32_t type = m_TypeCombo.SelectedType();
+    if (type == m_nLogType)
+    {
+        return;
+    }
+    m_nLogType = type;
+    if (m_nLogType > LogTypeNone)
+    {
+        return;
+    }
+    m_DetailPane.Clear();
+    RefreshLog(AnyReason);
+    VD_TRACE(Flow, L"[Leave] CKestrixDlg::OnBnClickedBtnView()");
+}
+
+void CKestrixDlg::RefreshLog(int)
+{
+    const CWaitCursor wait;
+    m_DetailPane.RemoveKind();
+    if (MakeLog())
+    {
+        ShowFirstDate();
+        KeepFocusUsable();
+    }
 }

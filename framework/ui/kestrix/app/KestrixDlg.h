@@ -1,15 +1,17 @@
 #pragma once
 
+#include "framework/ui/kestrix/app/page/DailyFiles.h"
+#include "framework/ui/kestrix/app/page/DateList.h"
+#include "framework/ui/kestrix/app/page/DetailPane.h"
+#include "framework/ui/kestrix/app/page/LogChoice.h"
+#include "framework/ui/kestrix/app/page/PageHeadings.h"
+#include "framework/ui/kestrix/app/page/RecordList.h"
+#include "framework/ui/kestrix/app/page/ThreatLink.h"
 #include "framework/ui/kestrix/controls/BitmapDialog.h"
-#include "framework/ui/kestrix/controls/ClickText.h"
-#include "framework/ui/kestrix/controls/ColorText.h"
 #include "framework/ui/kestrix/controls/ExtendButton.h"
-#include "framework/ui/kestrix/controls/SortListCtrl.h"
-#include "framework/ui/kestrix/logs/LogInfoPage.h"
+#include "framework/ui/kestrix/logs/LogKinds.h"
 
-#include <array>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
 
@@ -18,12 +20,11 @@ class CLogFormDlg;
 class CPageHost;
 class CZPTLogBase;
 class IDBManagerProvider;
-enum class FirstInfo;
-struct LogKind;
 
 // The page that shows one log: the dates that have records, the records of one date in a sorted list, and the selected
-// record in a detail pane. It owns the log object, and the log object owns the records.
-class CKestrixDlg : public CBitmapDialog, public CLogInfoPage
+// record in a detail pane. Each of them, and the choice of another log, is an object that does the work; the page says
+// which of them does what and when. It owns the log object, and the log object owns the records.
+class CKestrixDlg : public CBitmapDialog
 {
 public:
     CKestrixDlg();
@@ -35,7 +36,7 @@ public:
     // Loads the selected date.
     void OnSelchangeLogDate();
 
-    // Builds the page anew for m_nLogType, behind a switch to another log or a purge, and loads the newest date. The
+    // Builds the page anew for m_nLogType, after a switch to another log or a purge, and loads the newest date. The
     // reason is not looked at.
     void RefreshLog(int reason);
     static constexpr int AnyReason = 100;
@@ -44,7 +45,7 @@ public:
     // a type that has none.
     CSortListCtrl& RecordList() { return m_RecordList; }
 
-    std::wstring SelectedDate() const { return m_DateList.GetText(m_DateList.GetCurSel()); }
+    std::wstring SelectedDate() const { return m_DateList.SelectedText(); }
 
     CZPTLogBase* Log() const { return m_pLogData.get(); }
 
@@ -52,10 +53,14 @@ public:
     void KeepFocusUsable();
 
     // Lends the page the form's buttons, which it enables while there is something to export or delete.
-    void SetFormButtons(HWND exportButton, HWND deleteButton);
+    void SetFormButtons(HWND exportButton, HWND deleteButton)
+    {
+        m_ExportButton.Attach(exportButton);
+        m_DeleteButton.Attach(deleteButton);
+    }
 
     // A text for a list cell: at most 255 characters, the middle of a longer one replaced by dots.
-    static std::wstring ShortenDisplayText(const std::wstring& text);
+    static std::wstring ShortenDisplayText(const std::wstring& text) { return CRecordList::ShortenDisplayText(text); }
 
     // Set by the form before the page is made.
     std::uint32_t m_nLogType = 0;
@@ -75,71 +80,48 @@ protected:
     void DoDataExchange(CDataExchange& exchange) override;
 
 private:
-    // CLogInfoPage
-    void SetInfoRow(std::size_t row, const std::wstring& caption, bool visible) override;
-    void SetInfoText(std::size_t row, const std::wstring& text, const std::wstring& toolTip) override;
-    void SetInfoLink(const std::wstring& text, const std::wstring& toolTip) override;
-
     void OnGetDispInfoLogList(NMLVDISPINFOW& info);
-    void OnClickLogList(NMITEMACTIVATE& click);
-    void OnColumnClickLogList(NMLISTVIEW& click);
+
+    void OnClickLogList(NMITEMACTIVATE&) { ShowSelectedRecord(); }
+
+    void OnColumnClickLogList(NMLISTVIEW& click) { m_RecordList.SortByClick(click.iSubItem); }
+
     void OnStnClickedTypesValue();
     void OnStnClickedMoreInfo();
     void OnBnClickedBtnAddRule();
     void OnBnClickedBtnView();
 
-    void SetHeadings();
-    void SetButtons();
     void SetFonts();
     bool TakeProvider();
     bool MakeLog();
-    void SetUpLog();
-    void ShowFirstInfo(FirstInfo how);
-    void SetInfo(UINT control, const std::wstring& text, const std::wstring& toolTip);
-    void ShowInfo(UINT control, bool show);
-    void PlaceFirstText(int rows);
-    void RemoveLog();
     void FillDate();
-    bool FillDateFromProvider();
-    bool FillDateFromFiles();
-    void AddDay(const SYSTEMTIME& day);
-    void AddEntry(int index, const std::wstring& text, const COleDateTime& date);
-    bool GetEntryDate(int index, COleDateTime& date) const;
-    void InsertDate(const COleDateTime& date, std::uint32_t size);
     bool ShowFirstDate();
-    bool GetLogFileName(COleDateTime& date) const;
-    bool HasUsablePath() const;
-    void ShowFreshList();
+
+    bool GetLogFileName(COleDateTime& date) const { return m_DateList.GetSelectedDate(date); }
+
+    bool LoadRecords(const COleDateTime& date);
     void ShowSelectedRecord();
-    void ShowShortInfo();
-    void ClearInfo();
-    bool ChkInternetConnect();
+
+    bool ChkInternetConnect() { return HasInternetConnection(); }
+
     void FillLogTypeCombo();
-    void SelectLogType(std::uint32_t type);
     void ShowLogMessage(const std::wstring& text) const;
-    bool HasLongInfo() const;
-    const LogKind* Kind() const;
+
+    bool HasForeignLogFile() const { return ::HasForeignLogFile(m_strLogPath); }
+
+    // What is known of the page's type; null for one without a log.
+    const LogKind* Kind() const { return FindLogKind(m_nLogType); }
 
     IDBManagerProvider* m_pIDBManagerProvider = nullptr; // not owned
     std::unique_ptr<CZPTLogBase> m_pLogData;             // null for a type that has no class
-    RECT m_rcInfoValue{}; // screen rectangle of the first value as the template places it
 
-    CListBox m_DateList;
-    CSortListCtrl m_RecordList;
-    CComboBox m_TypeCombo;
-    std::array<CColorText, 4> m_arrHeading; // in the order of the table of headings
-    CClickText m_InfoLink;                  // the first value as a link
-    CClickText m_MoreInfo;                  // the third value, which a click opens
+    CPageHeadings m_Headings;
+    CDateList m_DateList;
+    CRecordList m_RecordList;
+    CDetailPane m_DetailPane{m_ToolTip};
+    CLogChoice m_TypeCombo;
     CExtendButton m_ViewButton;
     CExtendButton m_SettingButton;
     CExtendButton m_ExportButton; // lent by the form; without it nothing happens
     CExtendButton m_DeleteButton;
-    int m_nListSortColumn = -1; // what the header shows
-    int m_nListSortUp = 1;
-    int m_nSortColumn = -1;     // the last column clicked; -1 after each load
-    bool m_bSortToggle = false; // the last click on that column asked for the downward order
-
-    std::uint32_t m_nLogFileBytes = 0;
-    std::map<std::wstring, std::uint32_t> m_mapLogFiles;   // date text to file size
-    std::map<std::uint32_t, std::uint32_t> m_mapTypeIndex; // log type to its entry in the combo
 };

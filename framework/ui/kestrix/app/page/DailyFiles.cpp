@@ -1,4 +1,4 @@
-#include "framework/ui/kestrix/app/DailyFiles.h"
+#include "framework/ui/kestrix/app/page/DailyFiles.h"
 
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "common/VdCommon/VdComn_Number.h"
@@ -11,6 +11,7 @@ namespace
 {
 
 constexpr std::size_t NameLength = 12; // YYYYMMDD.EXT
+constexpr std::size_t PathRoom = 260;  // a path must fit with its terminator
 constexpr int Noon = 12;
 
 COleDateTime DateOfName(std::wstring_view name)
@@ -63,6 +64,17 @@ std::vector<DailyFile> FindDailyFiles(const std::wstring& path)
                      return true;
                  });
     return files;
+}
+
+bool IsUsablePath(const std::wstring& path)
+{
+    if (!path.empty() && path.size() < PathRoom)
+    {
+        return true;
+    }
+    const DWORD status = path.empty() ? ERROR_SUCCESS : ERROR_INSUFFICIENT_BUFFER;
+    VD_TRACE(Error, L"VdCommon::String::CopyTString() failed: 0x%08X", status);
+    return false;
 }
 
 bool HasForeignLogFile(const std::wstring& path)

@@ -1,16 +1,14 @@
-// What a click in the detail pane does: the link of a threat, a long text, an allow rule.
+#include "framework/ui/kestrix/app/page/ThreatLink.h"
 
 #include "common/DataConversion/Frwk_ComPrpChkInternetConn.h"
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "common/VdCommon/VdComn_OpenBrowser.h"
 #include "common/VdCommon/VdComn_String.h"
 #include "common/VdFrwk.h"
-#include "framework/ui/kestrix/app/KestrixDlg.h"
-#include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "platform/dialog/ComPtr.h"
+#include "platform/dialog/ModuleState.h"
 #include "resource/resource.h"
 
-#include <string>
 #include <string_view>
 
 namespace
@@ -75,32 +73,7 @@ bool QueryConnection(IVdFrwkProperty& property, Frwk::DataTypes::ComPrpChkIntern
 
 } // namespace
 
-void CKestrixDlg::OnStnClickedTypesValue()
-{
-    VD_TRACE(Info, L"Click Link String Edit");
-    const std::wstring name = GetDlgItemText(IDC_INFO_VALUE_0_LINK);
-    if (name.empty())
-    {
-        return;
-    }
-    std::wstring address;
-    VdCommon::String::Format(address, LoadText(IDS_THREAT_ADDRESS).c_str(), Encoded(name).c_str());
-    if (Kind() == nullptr || Kind()->firstInfo != FirstInfo::Link)
-    {
-        return;
-    }
-    if (!ChkInternetConnect())
-    {
-        VD_TRACE(Error, L"[CKestrixDlg::OnStnClickedTypesValue] Internet connection is unavailable now..");
-        return;
-    }
-    if (address.size() <= LongestAddress)
-    {
-        VdCommon::OpenWebPage(address);
-    }
-}
-
-bool CKestrixDlg::ChkInternetConnect()
+bool HasInternetConnection()
 {
     VD_TRACE(Flow, L"[Enter] CKestrixDlg::ChkInternetConnect");
     CComPtr<IVdFrwkLocalController> controller;
@@ -121,28 +94,12 @@ bool CKestrixDlg::ChkInternetConnect()
     return connected;
 }
 
-void CKestrixDlg::OnStnClickedMoreInfo()
+void OpenThreatPage(const std::wstring& name)
 {
-    if (m_pLogData == nullptr || !HasLongInfo())
+    std::wstring address;
+    VdCommon::String::Format(address, LoadText(IDS_THREAT_ADDRESS).c_str(), Encoded(name).c_str());
+    if (address.size() <= LongestAddress)
     {
-        return;
-    }
-    const bool byKeyboard = ::GetFocus() == m_MoreInfo.GetSafeHwnd();
-    ShowInfo(IDC_INFO_VALUE_2, false);
-    SetDlgItemText(IDC_INFO_VALUE_2_WHOLE, m_pLogData->GetInfoText());
-    ShowInfo(IDC_INFO_VALUE_2_WHOLE, true);
-    if (byKeyboard)
-    {
-        CWindow(GetDlgItem(IDC_INFO_VALUE_2_WHOLE)).SetFocus();
-    }
-}
-
-void CKestrixDlg::OnBnClickedBtnAddRule()
-{
-    if (m_pLogData != nullptr && Kind()->hasAllowRule)
-    {
-        m_pLogData->AddAllowRule();
-        CWindow(GetDlgItem(IDC_ALLOW)).EnableWindow(false);
-        KeepFocusUsable();
+        VdCommon::OpenWebPage(address);
     }
 }

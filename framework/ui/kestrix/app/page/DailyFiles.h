@@ -17,5 +17,8 @@ struct DailyFile
 // name that is not exactly 12 characters long and one that does not begin with a date are passed over.
 std::vector<DailyFile> FindDailyFiles(const std::wstring& path);
 
+// Whether a path is there and fits where it is read from; one that does not is traced.
+bool IsUsablePath(const std::wstring& path);
+
 // Whether the path names something that is no daily file, directories included.
 bool HasForeignLogFile(const std::wstring& path);

@@ -1,0 +1,191 @@
+#include "framework/ui/kestrix/app/page/DetailPane.h"
+
+#include "framework/ui/kestrix/logs/LogKinds.h"
+#include "resource/resource.h"
+
+namespace
+{
+
+// The rows. A text shares the place of the first value, the link; the kind of the log decides.
+constexpr UINT InfoLabels[CLogInfoPage::InfoRows] = {
+    IDC_INFO_LABEL_0, IDC_INFO_LABEL_1, IDC_INFO_LABEL_2, IDC_INFO_LABEL_3,
+    IDC_INFO_LABEL_4, IDC_INFO_LABEL_5, IDC_INFO_LABEL_6,
+};
+constexpr UINT InfoValues[CLogInfoPage::InfoRows] = {
+    IDC_INFO_VALUE_0_LINK, IDC_INFO_VALUE_1, IDC_INFO_VALUE_2, IDC_INFO_VALUE_3,
+    IDC_INFO_VALUE_4,      IDC_INFO_VALUE_5, IDC_INFO_VALUE_6,
+};
+
+constexpr UINT InBold[] = {
+    IDC_INFO_LABEL_0, IDC_INFO_LABEL_1, IDC_INFO_LABEL_2, IDC_INFO_LABEL_3, IDC_INFO_LABEL_4,
+    IDC_INFO_LABEL_5, IDC_INFO_LABEL_6, IDC_SPARE_EDIT,   IDC_ALLOW_LABEL,
+};
+
+constexpr int TallRows = 3;
+
+} // namespace
+
+std::span<const UINT> CDetailPane::BoldControls()
+{
+    return InBold;
+}
+
+void CDetailPane::DoDataExchange(CDataExchange& exchange)
+{
+    m_page = CWindow(exchange.m_hDlg);
+    DDX_Control(exchange, IDC_INFO_VALUE_0_LINK, m_InfoLink);
+    DDX_Control(exchange, IDC_INFO_VALUE_2, m_MoreInfo);
+}
+
+void CDetailPane::Start()
+{
+    m_pKind = nullptr;
+    m_rcInfoValue = Item(IDC_INFO_VALUE_0_TEXT).GetWindowRect();
+    for (const UINT hidden : {IDC_INFO_VALUE_0_TEXT, IDC_INFO_VALUE_0_LINK, IDC_ALLOW, IDC_ALLOW_LABEL})
+    {
+        Show(hidden, false);
+    }
+}
+
+void CDetailPane::SetKind(const LogKind& kind)
+{
+    m_pKind = &kind;
+    ShowFirst(kind.firstInfo);
+    m_InfoLink.SetClickable(kind.firstInfo == FirstInfo::Link);
+    m_MoreInfo.SetClickable(kind.hasWholeInfo);
+}
+
+void CDetailPane::ShowFirst(FirstInfo how)
+{
+    switch (how)
+    {
+    case FirstInfo::Link:
+        Show(IDC_INFO_VALUE_0_LINK, true);
+        return;
+    case FirstInfo::Text:
+        break;
+    case FirstInfo::TextOnly:
+        Item(IDC_INFO_VALUE_0_LINK).EnableWindow(false);
+        break;
+    case FirstInfo::TallText:
+        Show(IDC_INFO_VALUE_0_LINK, false);
+        SizeFirstText(TallRows);
+        break;
+    }
+    Show(IDC_INFO_VALUE_0_TEXT, true);
+}
+
+void CDetailPane::RemoveKind()
+{
+    m_pKind = nullptr;
+    Item(IDC_INFO_VALUE_0_LINK).EnableWindow();
+    Show(IDC_INFO_VALUE_0_LINK, false);
+    SizeFirstText(1);
+    Show(IDC_INFO_VALUE_0_TEXT, false);
+}
+
+// As wide as in the template and this many rows high.
+void CDetailPane::SizeFirstText(int rows)
+{
+    RECT place = m_rcInfoValue;
+    m_page.ScreenToClient(place);
+    place.bottom = place.top + rows * (m_rcInfoValue.bottom - m_rcInfoValue.top);
+    Item(IDC_INFO_VALUE_0_TEXT).MoveWindow(place);
+}
+
+void CDetailPane::Clear()
+{
+    Set(IDC_INFO_VALUE_0_TEXT, {}, {});
+    for (const UINT value : InfoValues)
+    {
+        Set(value, {}, {});
+    }
+    Show(IDC_ALLOW, false);
+    Show(IDC_ALLOW_LABEL, false);
+    ShowThirdValue();
+}
+
+std::wstring CDetailPane::LinkText() const
+{
+    return Item(IDC_INFO_VALUE_0_LINK).GetWindowText();
+}
+
+bool CDetailPane::HasWholeText() const
+{
+    return m_pKind != nullptr && m_pKind->hasWholeInfo;
+}
+
+void CDetailPane::ShowShortText()
+{
+    if (HasWholeText())
+    {
+        ShowThirdValue();
+    }
+}
+
+void CDetailPane::ShowThirdValue()
+{
+    Show(IDC_INFO_VALUE_2, true);
+    Show(IDC_INFO_VALUE_2_WHOLE, false);
+}
+
+// The keyboard goes to the whole text when the value that opens it has it.
+void CDetailPane::ShowWholeText(const std::wstring& text)
+{
+    if (!HasWholeText())
+    {
+        return;
+    }
+    const bool byKeyboard = ::GetFocus() == m_MoreInfo.GetSafeHwnd();
+    Show(IDC_INFO_VALUE_2, false);
+    Item(IDC_INFO_VALUE_2_WHOLE).SetWindowText(text);
+    Show(IDC_INFO_VALUE_2_WHOLE, true);
+    if (byKeyboard)
+    {
+        Item(IDC_INFO_VALUE_2_WHOLE).SetFocus();
+    }
+}
+
+void CDetailPane::DisableAllow()
+{
+    Item(IDC_ALLOW).EnableWindow(false);
+}
+
+void CDetailPane::SetInfoRow(std::size_t row, const std::wstring& caption, bool visible)
+{
+    Item(InfoLabels[row]).SetWindowText(caption);
+    Item(InfoValues[row]).SetWindowText({});
+    Show(InfoLabels[row], visible);
+    Show(InfoValues[row], visible);
+}
+
+void CDetailPane::SetInfoText(std::size_t row, const std::wstring& text, const std::wstring& toolTip)
+{
+    if (row != 0)
+    {
+        Set(InfoValues[row], text, toolTip);
+        return;
+    }
+    Set(IDC_INFO_VALUE_0_TEXT, text, toolTip);
+    Show(IDC_INFO_VALUE_0_TEXT, true);
+    Show(IDC_INFO_VALUE_0_LINK, false);
+}
+
+void CDetailPane::SetInfoLink(const std::wstring& text, const std::wstring& toolTip)
+{
+    Set(IDC_INFO_VALUE_0_LINK, text, toolTip);
+    Show(IDC_INFO_VALUE_0_TEXT, false);
+    Show(IDC_INFO_VALUE_0_LINK, true);
+}
+
+void CDetailPane::Set(UINT control, const std::wstring& text, const std::wstring& toolTip)
+{
+    CWindow item = Item(control);
+    item.SetWindowText(text);
+    m_ToolTip.SetToolText(item, toolTip);
+}
+
+void CDetailPane::Show(UINT control, bool show)
+{
+    Item(control).ShowWindow(show ? SW_SHOW : SW_HIDE);
+}
