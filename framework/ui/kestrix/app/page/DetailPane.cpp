@@ -84,13 +84,13 @@ void CDetailPane::RemoveKind()
     Show(IDC_INFO_VALUE_0_TEXT, false);
 }
 
-// As wide as in the template and this many rows high.
+// As wide as in the template and this many rows high. Its place stays: that of the template was one on the screen, and
+// the form may have moved since.
 void CDetailPane::SizeFirstText(int rows)
 {
-    RECT place = m_rcInfoValue;
-    m_page.ScreenToClient(place);
-    place.bottom = place.top + rows * (m_rcInfoValue.bottom - m_rcInfoValue.top);
-    Item(IDC_INFO_VALUE_0_TEXT).MoveWindow(place);
+    RECT size = m_rcInfoValue;
+    size.bottom = size.top + rows * (m_rcInfoValue.bottom - m_rcInfoValue.top);
+    Item(IDC_INFO_VALUE_0_TEXT).SetWindowPos(nullptr, size, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void CDetailPane::Clear()

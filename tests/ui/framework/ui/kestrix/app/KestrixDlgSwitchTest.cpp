@@ -121,6 +121,31 @@ TEST_F(KestrixDlgSwitchTest, ARefreshThatFindsNoDatesLeavesAnEmptyListAndNothing
     EXPECT_TRUE(m_boxes.Boxes().empty());
 }
 
+// The first value was moved to the place on the screen that it had before the user dragged the form.
+TEST_F(KestrixDlgSwitchTest, ARefreshLeavesTheFirstValueInItsPlaceAlsoInAFormThatHasBeenMoved)
+{
+    const auto placeInPage = [this]
+    {
+        RECT place = Item(IDC_INFO_VALUE_0_TEXT).GetWindowRect();
+        m_page.ScreenToClient(place);
+        return place;
+    };
+    for (const bool isLocal : {true, false})
+    {
+        m_page.DestroyWindow();
+        m_list.Detach();
+        m_page.m_bIsLocal = isLocal;
+        m_database.AddDay(2026, 11, 20);
+        OpenDay({L"x|0900|1048576|x|0|0|beta|C:\\b|4|1|0|0"});
+        const RECT before = placeInPage();
+        const RECT form = m_parent.GetWindowRect();
+        m_parent.MoveWindow({form.left + 60, form.top + 40, form.right + 60, form.bottom + 40});
+        m_page.RefreshLog(CKestrixDlg::AnyReason);
+        const RECT after = placeInPage();
+        EXPECT_TRUE(EqualRect(&before, &after)) << isLocal << ": " << after.left << ", " << after.top;
+    }
+}
+
 TEST_F(KestrixDlgSwitchTest, TheReasonOfARefreshIsNotLookedAt)
 {
     OpenWithARecord();
