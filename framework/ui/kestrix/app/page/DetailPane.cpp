@@ -41,6 +41,7 @@ void CDetailPane::Start()
 {
     m_pKind = nullptr;
     m_rcInfoValue = Item(IDC_INFO_VALUE_0_TEXT).GetWindowRect();
+    Item(IDC_INFO_VALUE_0_LINK).EnableWindow();
     for (const UINT hidden : {IDC_INFO_VALUE_0_TEXT, IDC_INFO_VALUE_0_LINK, IDC_ALLOW, IDC_ALLOW_LABEL})
     {
         Show(hidden, false);
