@@ -4,7 +4,6 @@
 #include "common/VdCommon/VdComn_Number.h"
 #include "platform/dialog/UniqueHandle.h"
 
-#include <functional>
 #include <string_view>
 
 namespace
@@ -45,9 +44,8 @@ void ForEachEntry(const std::wstring& path, const std::function<bool(const WIN32
 
 } // namespace
 
-std::vector<DailyFile> FindDailyFiles(const std::wstring& path)
+void ForEachDailyFile(const std::wstring& path, const std::function<void(const DailyFile&)>& visit)
 {
-    std::vector<DailyFile> files;
     ForEachEntry(path,
                  [&](const WIN32_FIND_DATAW& entry)
                  {
@@ -58,12 +56,11 @@ std::vector<DailyFile> FindDailyFiles(const std::wstring& path)
                          const COleDateTime date = DateOfName(name);
                          if (date.GetStatus() == COleDateTime::valid)
                          {
-                             files.push_back({date, entry.nFileSizeLow});
+                             visit({date, entry.nFileSizeLow});
                          }
                      }
                      return true;
                  });
-    return files;
 }
 
 bool IsUsablePath(const std::wstring& path)

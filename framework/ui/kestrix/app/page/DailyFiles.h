@@ -3,8 +3,8 @@
 #include "platform/dialog/OleDateTime.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
-#include <vector>
 
 // A daily log file: its name YYYYMMDD.EXT tells the day.
 struct DailyFile
@@ -13,9 +13,9 @@ struct DailyFile
     std::uint32_t size; // bytes, the low 32 bits
 };
 
-// The daily files that a path or wildcard pattern names, in the order in which the system lists them. A directory, a
-// name that is not exactly 12 characters long and one that does not begin with a date are passed over.
-std::vector<DailyFile> FindDailyFiles(const std::wstring& path);
+// Visits the daily files that a path or wildcard pattern names, as the system lists them. A directory, a name that is
+// not exactly 12 characters long and one that does not begin with a date are passed over. What visit throws ends it.
+void ForEachDailyFile(const std::wstring& path, const std::function<void(const DailyFile&)>& visit);
 
 // Whether a path is there and fits where it is read from; one that does not is traced.
 bool IsUsablePath(const std::wstring& path);

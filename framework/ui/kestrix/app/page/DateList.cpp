@@ -137,13 +137,14 @@ void CDateList::FillFromFiles(const DaySource& source)
     m_nLogFileBytes = 0;
     m_mapLogFiles.clear();
     VD_TRACE(Info, L"strPath: %s", source.path);
-    for (const DailyFile& file : FindDailyFiles(source.path))
-    {
-        if (source.all || IsDateInDayRange(file.date, 0, source.span))
-        {
-            InsertDate(file.date, file.size);
-        }
-    }
+    ForEachDailyFile(source.path,
+                     [&](const DailyFile& file)
+                     {
+                         if (source.all || IsDateInDayRange(file.date, 0, source.span))
+                         {
+                             InsertDate(file.date, file.size);
+                         }
+                     });
 }
 
 // Newest first: the date goes before the first entry that is older.

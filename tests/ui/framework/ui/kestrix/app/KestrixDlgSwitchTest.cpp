@@ -146,6 +146,22 @@ TEST_F(KestrixDlgSwitchTest, ARefreshLeavesTheFirstValueInItsPlaceAlsoInAFormTha
     }
 }
 
+// Nothing catches the exception of a day that cannot be counted: what was listed stays, and no day is loaded.
+TEST_F(KestrixDlgSwitchTest, ADayThatCannotBeCountedEndsARefreshWithTheDaysBeforeIt)
+{
+    m_page.m_bIsLocal = false;
+    m_page.m_nReportSpan = 1'000'000;
+    WriteUtf16(m_folder.File(L"30010101.VLG"), L"");
+    WriteUtf16(m_folder.File(L"20201120.VLG"), L"");
+    Open(m_folder.File(L"*.VLG"));
+    EXPECT_EQ(Dates().size(), 2u);
+    m_page.m_bLogOnly = false;
+    EXPECT_THROW(m_page.RefreshLog(CKestrixDlg::AnyReason), CAtlException);
+    EXPECT_EQ(Dates(), Texts{DateText(2020, 11, 20)});
+    EXPECT_EQ(Item(IDC_DATE_LIST).SendMessage(LB_GETCURSEL), LB_ERR);
+    EXPECT_EQ(m_list.GetItemCount(), 0);
+}
+
 TEST_F(KestrixDlgSwitchTest, TheReasonOfARefreshIsNotLookedAt)
 {
     OpenWithARecord();

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace
 {
 
@@ -12,6 +14,13 @@ std::wstring DayText(const DailyFile& file)
     SYSTEMTIME day{};
     file.date.GetAsSystemTime(day);
     return std::to_wstring(day.wYear) + L"-" + std::to_wstring(day.wMonth) + L"-" + std::to_wstring(day.wDay);
+}
+
+std::vector<DailyFile> FindDailyFiles(const std::wstring& path)
+{
+    std::vector<DailyFile> files;
+    ForEachDailyFile(path, [&](const DailyFile& file) { files.push_back(file); });
+    return files;
 }
 
 TEST(DailyFiles, TheNameOfAFileTellsItsDay)
