@@ -1,0 +1,213 @@
+#include "framework/ui/kestrix/app/page/DetailPane.h"
+
+#include "framework/ui/kestrix/logs/LogKinds.h"
+#include "resource/resource.h"
+#include "tests/ui/framework/ui/kestrix/app/page/PartWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace
+{
+
+constexpr RECT FirstPlace{10, 20, 210, 35};
+constexpr int Width = 200;
+constexpr int Height = 15;
+
+constexpr LogKind LinkKind{.firstInfo = FirstInfo::Link, .hasWholeInfo = true};
+constexpr LogKind TextKind{.firstInfo = FirstInfo::Text};
+constexpr LogKind TextOnlyKind{.firstInfo = FirstInfo::TextOnly};
+constexpr LogKind TallKind{.firstInfo = FirstInfo::TallText};
+
+class DetailPaneTest : public ::testing::Test
+{
+protected:
+    DetailPaneTest()
+    {
+        for (const UINT text : {IDC_INFO_LABEL_0, IDC_INFO_LABEL_1, IDC_INFO_LABEL_2, IDC_INFO_LABEL_6,
+                                IDC_INFO_VALUE_1, IDC_INFO_VALUE_6, IDC_INFO_VALUE_2_WHOLE, IDC_ALLOW_LABEL})
+        {
+            m_window.Add(WC_STATICW, text);
+        }
+        m_window.Add(WC_STATICW, IDC_INFO_VALUE_0_LINK, SS_NOTIFY | WS_DISABLED, FirstPlace);
+        m_window.Add(WC_STATICW, IDC_INFO_VALUE_0_TEXT, 0, FirstPlace);
+        m_window.Add(WC_STATICW, IDC_INFO_VALUE_2, SS_NOTIFY);
+        m_window.Add(WC_BUTTONW, IDC_ALLOW);
+        m_tips.Create(&m_window);
+        CDataExchange exchange = m_window.Exchange();
+        m_pane.DoDataExchange(exchange);
+        m_pane.Start();
+    }
+
+    std::wstring TextOf(UINT control) const { return m_window.Item(control).GetWindowText(); }
+
+    std::wstring TipOf(UINT control) const { return m_tips.GetText(m_window.Item(control)); }
+
+    // Which of the two ways of the first value is to be seen.
+    bool ShowsLink() const { return m_window.Shows(IDC_INFO_VALUE_0_LINK); }
+
+    bool ShowsText() const { return m_window.Shows(IDC_INFO_VALUE_0_TEXT); }
+
+    bool IsLinkEnabled() const { return m_window.Item(IDC_INFO_VALUE_0_LINK).IsWindowEnabled(); }
+
+    void ExpectFirstText(int rows) const
+    {
+        const RECT place = m_window.PlaceOf(IDC_INFO_VALUE_0_TEXT);
+        EXPECT_EQ(place.left, FirstPlace.left);
+        EXPECT_EQ(place.top, FirstPlace.top);
+        EXPECT_EQ(place.right - place.left, Width);
+        EXPECT_EQ(place.bottom - place.top, rows * Height);
+    }
+
+    PartWindow m_window;
+    CToolTipCtrl m_tips;
+    CDetailPane m_pane{m_tips};
+};
+
+} // namespace
+
+// The template may have the link disabled; no log enables it before it is shown.
+TEST_F(DetailPaneTest, AtTheStartTheLinkIsEnabledAndHidden)
+{
+    EXPECT_TRUE(IsLinkEnabled());
+    for (const UINT hidden : {IDC_INFO_VALUE_0_LINK, IDC_INFO_VALUE_0_TEXT, IDC_ALLOW, IDC_ALLOW_LABEL})
+    {
+        EXPECT_FALSE(m_window.Shows(hidden)) << hidden;
+    }
+}
+
+TEST_F(DetailPaneTest, EachKindHasItsWayOfTheFirstValue)
+{
+    const struct
+    {
+        const LogKind& kind;
+        bool link;
+        bool text;
+        bool enabled;
+        int rows;
+    } cases[] = {
+        {LinkKind, true, false, true, 1},
+        {TextKind, false, true, true, 1},
+        {TextOnlyKind, false, true, false, 1},
+        {TallKind, false, true, true, 3},
+    };
+
+    for (const auto& expected : cases)
+    {
+        SCOPED_TRACE(static_cast<int>(expected.kind.firstInfo));
+        m_pane.RemoveKind();
+        EXPECT_FALSE(ShowsLink());
+        EXPECT_FALSE(ShowsText());
+        EXPECT_TRUE(IsLinkEnabled());
+        ExpectFirstText(1);
+        m_pane.SetKind(expected.kind);
+        EXPECT_EQ(ShowsLink(), expected.link);
+        EXPECT_EQ(ShowsText(), expected.text);
+        EXPECT_EQ(IsLinkEnabled(), expected.enabled);
+        ExpectFirstText(expected.rows);
+    }
+}
+
+// The first value kept its place on the screen instead of that in the page: after the user had dragged the form, a
+// purge or another log put it over the list.
+TEST_F(DetailPaneTest, TheFirstValueKeepsItsPlaceInAPageThatHasBeenMoved)
+{
+    for (const LogKind* const kind : {&LinkKind, &TextKind, &TextOnlyKind, &TallKind})
+    {
+        SCOPED_TRACE(static_cast<int>(kind->firstInfo));
+        const RECT before = m_window.GetWindowRect();
+        m_window.MoveWindow({before.left + 60, before.top + 40, before.right + 60, before.bottom + 40});
+        m_pane.RemoveKind();
+        ExpectFirstText(1);
+        m_pane.SetKind(*kind);
+        ExpectFirstText(kind == &TallKind ? 3 : 1);
+    }
+}
+
+TEST_F(DetailPaneTest, ARowShowsItsCaptionWithItsValueOrNeither)
+{
+    m_pane.SetInfoText(6, L"old", {});
+    m_pane.SetInfoRow(6, L"Caption", true);
+    EXPECT_EQ(TextOf(IDC_INFO_LABEL_6), L"Caption");
+    EXPECT_EQ(TextOf(IDC_INFO_VALUE_6), L"") << "a new caption clears the value";
+    EXPECT_TRUE(m_window.Shows(IDC_INFO_LABEL_6));
+    EXPECT_TRUE(m_window.Shows(IDC_INFO_VALUE_6));
+    m_pane.SetInfoRow(6, L"", false);
+    EXPECT_FALSE(m_window.Shows(IDC_INFO_LABEL_6));
+    EXPECT_FALSE(m_window.Shows(IDC_INFO_VALUE_6));
+}
+
+TEST_F(DetailPaneTest, AValueHasItsTextAndItsTip)
+{
+    m_pane.SetInfoText(1, L"cut...", L"whole");
+    EXPECT_EQ(TextOf(IDC_INFO_VALUE_1), L"cut...");
+    EXPECT_EQ(TipOf(IDC_INFO_VALUE_1), L"whole");
+    m_pane.SetInfoText(1, L"short", {});
+    EXPECT_EQ(TipOf(IDC_INFO_VALUE_1), L"");
+}
+
+TEST_F(DetailPaneTest, TheFirstValueIsTheLinkOrTheTextThatWasSetLast)
+{
+    m_pane.SetInfoLink(L"threat", L"tip of the link");
+    EXPECT_TRUE(ShowsLink());
+    EXPECT_FALSE(ShowsText());
+    EXPECT_EQ(m_pane.LinkText(), L"threat");
+    EXPECT_EQ(TipOf(IDC_INFO_VALUE_0_LINK), L"tip of the link");
+    m_pane.SetInfoText(0, L"unknown", L"tip of the text");
+    EXPECT_FALSE(ShowsLink());
+    EXPECT_TRUE(ShowsText());
+    EXPECT_EQ(TextOf(IDC_INFO_VALUE_0_TEXT), L"unknown");
+    EXPECT_EQ(TipOf(IDC_INFO_VALUE_0_TEXT), L"tip of the text");
+}
+
+TEST_F(DetailPaneTest, TheWholeTextTakesThePlaceOfTheThirdValueUntilThatIsShownAgain)
+{
+    m_pane.SetKind(LinkKind);
+    m_pane.ShowWholeText(L"all of it");
+    EXPECT_FALSE(m_window.Shows(IDC_INFO_VALUE_2));
+    EXPECT_TRUE(m_window.Shows(IDC_INFO_VALUE_2_WHOLE));
+    EXPECT_EQ(TextOf(IDC_INFO_VALUE_2_WHOLE), L"all of it");
+    m_pane.ShowShortText();
+    EXPECT_TRUE(m_window.Shows(IDC_INFO_VALUE_2));
+    EXPECT_FALSE(m_window.Shows(IDC_INFO_VALUE_2_WHOLE));
+}
+
+TEST_F(DetailPaneTest, AKindWithoutAWholeTextOpensNoneAndLeavesARowHiddenThatItHides)
+{
+    m_pane.SetKind(TextKind);
+    m_pane.SetInfoRow(2, {}, false);
+    m_window.Item(IDC_INFO_VALUE_2_WHOLE).ShowWindow(SW_HIDE);
+    m_pane.ShowWholeText(L"all of it");
+    EXPECT_FALSE(m_window.Shows(IDC_INFO_VALUE_2_WHOLE));
+    m_pane.ShowShortText();
+    EXPECT_FALSE(m_window.Shows(IDC_INFO_VALUE_2));
+}
+
+TEST_F(DetailPaneTest, AClearedPaneHasNoTextsNoTipsAndNothingOfRules)
+{
+    m_pane.SetKind(LinkKind);
+    m_pane.SetInfoText(0, L"text", L"tip");
+    m_pane.SetInfoLink(L"link", L"tip");
+    m_pane.SetInfoText(6, L"value", L"tip");
+    m_pane.ShowWholeText(L"all of it");
+    m_window.Item(IDC_ALLOW).ShowWindow(SW_SHOW);
+    m_window.Item(IDC_ALLOW_LABEL).ShowWindow(SW_SHOW);
+    m_pane.Clear();
+    for (const UINT value : {IDC_INFO_VALUE_0_LINK, IDC_INFO_VALUE_0_TEXT, IDC_INFO_VALUE_6})
+    {
+        EXPECT_EQ(TextOf(value), L"") << value;
+        EXPECT_EQ(TipOf(value), L"") << value;
+    }
+    for (const UINT hidden : {IDC_ALLOW, IDC_ALLOW_LABEL, IDC_INFO_VALUE_2_WHOLE})
+    {
+        EXPECT_FALSE(m_window.Shows(hidden)) << hidden;
+    }
+    EXPECT_TRUE(m_window.Shows(IDC_INFO_VALUE_2));
+}
+
+TEST_F(DetailPaneTest, ARuleThatIsMadeCannotBeMadeAgain)
+{
+    m_pane.DisableAllow();
+    EXPECT_FALSE(m_window.Item(IDC_ALLOW).IsWindowEnabled());
+}
