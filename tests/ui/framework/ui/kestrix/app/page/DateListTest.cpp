@@ -131,7 +131,7 @@ TEST_F(DateListTest, AFormWithAReportListsTheFilesOfItsSpanAlone)
     EXPECT_EQ(Days(), std::vector<int>{number});
 }
 
-// All files were looked at before the first day was listed, so that the trace told of files behind the one at which
+// All files were looked at before the first day was listed, so that the trace told of files after the one at which
 // the search had ended.
 TEST_F(DateListTest, AFileWhoseDayCannotBeCountedEndsTheListAndTheDaysBeforeItStay)
 {
