@@ -49,35 +49,3 @@ TEST_F(PageTracesTest, ARowWithoutARecordIsTraced)
     ClickRow(0);
     EXPECT_EQ(m_trace.Errors(), Texts{L"CKestrixDlg::OnClickLogList() - pLogData is NULL."});
 }
-
-namespace
-{
-
-// The way to the extension of any log, which is that of its class alone.
-struct Extension : CZPTLogBase
-{
-    static constexpr std::wstring CZPTLogBase::*Member = &Extension::m_strExt;
-};
-
-// A page whose log belongs to no kind of the database by the time that it asks for its days.
-class StrangePage : public CKestrixDlg
-{
-    void SetInfoRow(std::size_t, const std::wstring&, bool) override { Log()->*Extension::Member = L"???"; }
-};
-
-} // namespace
-
-TEST_F(PageTracesTest, ALogThatTheDatabaseDoesNotKnowIsTracedAndNotAskedFor)
-{
-    m_database.AddDay(2026, 11, 20);
-    StrangePage page;
-    page.m_nLogType = LogTypeVirus;
-    page.m_bLogOnly = true;
-    page.m_bIsLocal = true;
-    page.m_pHost = &m_app;
-    page.SetFormButtons(m_export, m_delete);
-    ASSERT_TRUE(page.Create(IDD_LOG_PAGE, &m_parent));
-    EXPECT_EQ(ErrorCount(L"*** CKestrixDlg::FillDate() - m_pLogData->GetQueryValueSubType() failed."), 1);
-    EXPECT_EQ(m_database.CountOf(OrlQueryDays), 0);
-    EXPECT_EQ(CWindow(page.GetDlgItem(IDC_DATE_LIST)).SendMessage(LB_GETCOUNT), 0);
-}

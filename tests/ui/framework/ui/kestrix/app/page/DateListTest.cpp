@@ -161,3 +161,13 @@ TEST_F(DateListTest, ATextThatIsNoDateSelectsNone)
     COleDateTime date;
     EXPECT_FALSE(m_list.GetSelectedDate(date));
 }
+
+TEST_F(DateListTest, ALogThatTheDatabaseDoesNotKnowIsTracedAndNotAskedFor)
+{
+    PlainLog strange(0, 1, LogTypeNone);
+    m_database.AddDay(2026, 11, 20);
+    m_list.Fill({strange, true, &m_database, m_path, true, AnySpan});
+    EXPECT_TRUE(Traced(L"*** CKestrixDlg::FillDate() - m_pLogData->GetQueryValueSubType() failed."));
+    EXPECT_EQ(m_database.CountOf(OrlQueryDays), 0);
+    EXPECT_EQ(m_list.GetCount(), 0);
+}
