@@ -34,7 +34,7 @@ private:
     static HANDLE WINAPI Record(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security, DWORD how,
                                 DWORD flags, HANDLE model)
     {
-        if (how == CREATE_ALWAYS)
+        if (how != OPEN_EXISTING)
         {
             s_current->m_hCursor = ::GetCursor();
             s_current->m_bPainted = !::GetUpdateRect(s_current->m_form, nullptr, FALSE);
