@@ -267,6 +267,21 @@ class Texts(Tree):
                                       'DrawText(Format(L"%d%%\\n", 3));\n// AfxMessageBox(L"No")\nTrace(L"No");\n')
         self.expect_clean("lint_texts")
 
+    def test_a_loaded_text_as_a_format_is_a_hit(self):
+        for call in ("Format(out, LoadText(IDS_TOTAL).c_str(), 3)", "String::FormatV(out, size, LoadText(\n  IDS_TOTAL))",
+                     "std::wcsftime(out, 9, LoadText(id).c_str(), &time)", "swprintf(out, LoadText(IDS_TOTAL).c_str())"):
+            with self.subTest(call):
+                self.write("common/Form.cpp", f"\n{call};\n")
+                self.expect_hit("common/Form.cpp:2: ", "lint_texts")
+
+    def test_a_text_with_places_has_a_format(self):
+        self.write("resource/resource.h", "#define IDS_TOTAL 5\n#define IDS_DATE 6\n")
+        self.write("resource/texts.tsv", "id\trole\tformat\ten-US\n5\tr\t%u\t%u\n6\tr\t\t%Y\n")
+        self.write("common/Form.cpp", "\nFormatText(LoadText(IDS_TOTAL), {3});\n")
+        self.expect_clean("lint_texts")
+        self.write("common/Form.cpp", "\nFormatDate(LoadText(IDS_DATE), now);\n")
+        self.expect_hit("common/Form.cpp:2: ", "lint_texts")
+
     def test_tests_are_free(self):
         self.write("tests/ui/Test.cpp", 'SetWindowText(L"Close");\n')
         self.expect_clean("lint_texts")

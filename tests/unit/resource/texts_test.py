@@ -56,6 +56,21 @@ class TextsTest(unittest.TestCase):
         self.expect_error("does not have the format '%u,%s'", "1\tr\t%u,%s\t\t%u of %s\t%s von %u")
         self.expect_error("does not have the format 'no argument'", "1\tr\t\t\t50 %\t50 Prozent")
 
+    def test_the_texts_with_places_for_values(self):
+        """A language file with other places is refused, whatever the language: the viewer fills these."""
+        places = {54: "%s", 67: "%u", 75: "%u", 82: "wcsftime", 312: "%s", 321: "%u", 322: "%u", 323: "%u", 326: "%u",
+                  327: "%u", 517: "%d", 541: "%d", 543: "%u,%s", 575: "%s", 576: "%s", 815: "%u", 816: "%u"}
+        _, rows = texts.read_rows(RESOURCES / "texts.tsv")
+        self.assertEqual(places, {row["id"]: row["format"] for row in rows
+                                  if row["format"].startswith("%") or row["format"] == "wcsftime"})
+
+    def test_a_place_is_written_as_the_format_says_and_not_otherwise(self):
+        for text in ("none", "%s%s%n%d", "%s %s", "%d", "%n", "%S", "%hs", "%ls", "%5s", "%-s", "%.2s", "%*s", "%1$s",
+                     "%s %", "% s"):
+            with self.subTest(text):
+                self.expect_error(f"'{text}' does not have the format '%s'", f"1\tr\t%s\t\ta %s\t{text}")
+        self.assertIn("STRINGTABLE", self.run_with("1\tr\t%s\t\t100 %% %s\t%s"))
+
     def test_formats_of_values(self):
         self.expect_error("'x1' does not have the format 'numeric'", "1\tr\tnumeric\t\tx1\t1")
         self.expect_error("'12,0,9' does not have the format 'font style'", "1\tr\tfont style\t\t12,0,9\t1,0,9")
@@ -63,7 +78,9 @@ class TextsTest(unittest.TestCase):
         self.expect_error("does not have the format 'file filter'",
                           "1\tr\tfile filter\t\tA|*.CSV|B|*.txt||\tA|*.CSV|B|*.TXT||")
         self.assertIn("STRINGTABLE", self.run_with("1\tr\tfile filter\t\tA|*.CSV|B|*.TXT||\tA|*.CSV|B|*.TXT||"))
-        self.expect_error("does not have the format 'wcsftime'", "1\tr\twcsftime\t\t%Y\t%H")
+        for text in ("%H", "%", "%#d", "%s", "no date"):
+            with self.subTest(text):
+                self.expect_error("does not have the format 'wcsftime'", f"1\tr\twcsftime\t\t%Y\t{text}")
 
     def test_constraints_of_one_text(self):
         for constraint, text in [("export line", 'a "b"'), ("begins with blank", "a"), ("ends with blank", "a"),

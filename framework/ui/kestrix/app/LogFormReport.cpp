@@ -2,15 +2,14 @@
 
 #include "common/VdCommon/VdComn_ByteArray.h"
 #include "common/VdCommon/VdComn_DebugLog.h"
+#include "common/VdCommon/VdComn_FormatText.h"
 #include "common/VdCommon/VdComn_Storage.h"
-#include "common/VdCommon/VdComn_String.h"
 #include "framework/ui/kestrix/app/CalendarSeconds.h"
 #include "framework/ui/kestrix/app/HeadingLook.h"
 #include "framework/ui/kestrix/app/LogFormDlg.h"
 #include "framework/ui/kestrix/app/ReportSpan.h"
 #include "resource/resource.h"
 
-#include <array>
 #include <cstring>
 #include <ctime>
 
@@ -18,8 +17,6 @@ namespace
 {
 
 constexpr wchar_t EventLogKey[] = L"Software\\Veldrane\\Zeptara\\17\\ServiceFramework\\EnforceLayer\\Common\\EventLog";
-
-constexpr std::size_t DateRoom = 128;
 
 std::uint32_t ReportDays()
 {
@@ -51,14 +48,12 @@ std::int64_t ReportStart()
 std::wstring DateText(std::int64_t time)
 {
     std::tm fields{};
-    std::array<wchar_t, DateRoom> text{};
     const __time64_t seconds = time;
     if (::_localtime64_s(&fields, &seconds) != 0)
     {
         return {};
     }
-    std::wcsftime(text.data(), text.size(), LoadText(IDS_REPORT_DATE).c_str(), &fields);
-    return text.data();
+    return VdCommon::String::FormatDate(LoadText(IDS_REPORT_DATE), fields);
 }
 
 void ShowLabel(CColorText& label, const std::wstring& text, LONG weight)
@@ -76,8 +71,7 @@ void ShowLabel(CColorText& label, const std::wstring& text, LONG weight)
 void CLogFormDlg::SetReportLabels()
 {
     ShowLabel(m_ReportTitle, LoadText(IDS_REPORT_TITLE), FW_BOLD);
-    std::wstring total;
-    VdCommon::String::Format(total, LoadText(IDS_REPORT_TOTAL).c_str(), m_ReportPage.TotalCount(),
-                             DateText(ReportStart()).c_str());
+    const std::wstring total =
+        VdCommon::String::FormatText(LoadText(IDS_REPORT_TOTAL), {m_ReportPage.TotalCount(), DateText(ReportStart())});
     ShowLabel(m_ReportTotal, total, FW_NORMAL);
 }

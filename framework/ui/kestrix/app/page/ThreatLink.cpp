@@ -2,8 +2,8 @@
 
 #include "common/DataConversion/Frwk_ComPrpChkInternetConn.h"
 #include "common/VdCommon/VdComn_DebugLog.h"
+#include "common/VdCommon/VdComn_FormatText.h"
 #include "common/VdCommon/VdComn_OpenBrowser.h"
-#include "common/VdCommon/VdComn_String.h"
 #include "common/VdFrwk.h"
 #include "platform/dialog/ComPtr.h"
 #include "platform/dialog/ModuleState.h"
@@ -96,8 +96,7 @@ bool HasInternetConnection()
 
 void OpenThreatPage(const std::wstring& name)
 {
-    std::wstring address;
-    VdCommon::String::Format(address, LoadText(IDS_THREAT_ADDRESS).c_str(), Encoded(name).c_str());
+    const std::wstring address = VdCommon::String::FormatText(LoadText(IDS_THREAT_ADDRESS), {Encoded(name)});
     if (address.size() <= LongestAddress)
     {
         VdCommon::OpenWebPage(address);

@@ -1,6 +1,7 @@
 // The link of a threat: what opens, and when nothing does.
 
 #include "resource/resource.h"
+#include "tests/support/ChangedLanguageFile.h"
 #include "tests/support/ControllerDouble.h"
 #include "tests/support/ImportPatch.h"
 #include "tests/support/TraceRecorder.h"
@@ -116,6 +117,18 @@ TEST_F(KestrixDlgLinkTest, AClickStartsTheBrowserWithTheAddressOfTheThreat)
         std::ranges::count(m_trace.Texts(), L"[CKestrixDlg::ChkInternetConnect()] internet connection status = (1)"),
         1);
     EXPECT_EQ(m_controller.m_calls.back(), L"QueryValue 39 4 0 0 0 of 0");
+}
+
+// The text went to the C library as it was: %n wrote to an address that nobody had given, and the viewer was gone.
+TEST_F(KestrixDlgLinkTest, AnAddressTextWithOtherPlacesThanOneForTheNameOpensAllTheSame)
+{
+    ChangedLanguageFile changed;
+    changed.SetText(IDS_THREAT_ADDRESS, L"https://www.example.com/?name=%s%s%n%d");
+    const LanguageFile language(changed.Path());
+    OpenWith(L"Worm");
+    ClickLink();
+    EXPECT_EQ(StartRecorder::s_starts,
+              (std::vector<Start>{{L"open", L"iexplore.exe", L"https://www.example.com/?name=Worm", SW_SHOWNORMAL}}));
 }
 
 TEST_F(KestrixDlgLinkTest, ABrowserThatDoesNotStartIsReplacedByWhateverOpensAnAddress)
