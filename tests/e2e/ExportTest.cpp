@@ -145,8 +145,8 @@ protected:
 
 } // namespace
 
-// The system's dialog adds an extension before the program does: that of the filter's pattern, spelt as there, or the
-// default one where the pattern has none, as *.* of the third. The first two once came out as .csv and .txt.
+// The system's dialog adds the filter's extension before the program can: Windows as the pattern spells it, Wine in
+// small letters. The exports of the first two filters once came out as .csv and .txt.
 TEST_F(ExportTest, ANameWithoutExtensionUnderTheFirstFilterBecomesCsv)
 {
     ASSERT_EQ(ExportAs(L"name", 1), std::vector<std::wstring>{L"name.CSV"});

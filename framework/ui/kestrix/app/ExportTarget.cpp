@@ -5,6 +5,7 @@
 
 #include <shlobj.h>
 
+#include <algorithm>
 #include <iterator>
 #include <string_view>
 
@@ -20,6 +21,13 @@ std::wstring RegisteredDocumentsFolder()
 {
     return VdCommon::Storage::QueryValue(HKEY_LOCAL_MACHINE, ShellFoldersKey, DocumentsValue, L"")
         .substr(0, MAX_PATH - 1);
+}
+
+// Empty for an index that no filter has.
+std::wstring_view ExtensionOf(DWORD filterIndex)
+{
+    return filterIndex >= 1 && filterIndex <= std::size(FilterExtensions) ? FilterExtensions[filterIndex - 1]
+                                                                          : std::wstring_view();
 }
 
 bool HasExtension(std::wstring_view path)
@@ -46,9 +54,21 @@ std::wstring DocumentsFolder(VdCommon::DynLib::LoadFunction load)
 
 std::wstring WithFilterExtension(std::wstring path, DWORD filterIndex)
 {
-    if (!HasExtension(path) && filterIndex >= 1 && filterIndex <= std::size(FilterExtensions))
+    if (!HasExtension(path))
     {
-        path += FilterExtensions[filterIndex - 1];
+        path += ExtensionOf(filterIndex);
+    }
+    return path;
+}
+
+std::wstring WithExtensionSpelt(std::wstring path, DWORD filterIndex)
+{
+    const std::wstring_view extension = ExtensionOf(filterIndex);
+    const std::size_t name = path.size() - std::min(path.size(), extension.size());
+    const int length = static_cast<int>(extension.size());
+    if (::CompareStringOrdinal(path.c_str() + name, -1, extension.data(), length, TRUE) == CSTR_EQUAL)
+    {
+        path.replace(name, path.npos, extension);
     }
     return path;
 }

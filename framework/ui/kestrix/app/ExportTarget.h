@@ -11,3 +11,7 @@ std::wstring DocumentsFolder(VdCommon::DynLib::LoadFunction load = ::LoadSystemL
 // The path with the extension of the dialog's filter, counted from 1. A path that has an extension keeps it, and so
 // does one with an index that no filter has.
 std::wstring WithFilterExtension(std::wstring path, DWORD filterIndex);
+
+// The path with the extension of the dialog's filter in the letters of that filter, when it ends in it. The system's
+// dialog adds it before the program can: Windows as the filter's pattern spells it, Wine in small letters.
+std::wstring WithExtensionSpelt(std::wstring path, DWORD filterIndex);

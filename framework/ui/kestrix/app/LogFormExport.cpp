@@ -49,7 +49,8 @@ std::optional<std::wstring> AskForPath(CFileDialog& dialog)
 {
     while (dialog.DoModal() == IDOK)
     {
-        std::wstring path = WithFilterExtension(dialog.GetPathName(), dialog.GetFilterIndex());
+        const DWORD filter = dialog.GetFilterIndex();
+        std::wstring path = WithFilterExtension(WithExtensionSpelt(dialog.GetPathName(), filter), filter);
         if (path.size() < MAX_PATH || AfxMessageBox(LoadText(IDS_EXPORT_LONG_PATH), MB_YESNO) == IDYES)
         {
             return path;

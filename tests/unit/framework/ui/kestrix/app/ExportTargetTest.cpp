@@ -91,3 +91,26 @@ TEST(ExportTarget, APointInAFolderIsNoExtension)
     EXPECT_EQ(WithFilterExtension(L"C:\\a.b\\name", 2), L"C:\\a.b\\name.TXT");
     EXPECT_EQ(WithFilterExtension(L"C:/a.b/name", 2), L"C:/a.b/name.TXT");
 }
+
+// The system's dialog adds the filter's extension first, and an export came out as .csv or .txt.
+TEST(ExportTarget, TheExtensionOfTheFilterIsSpeltAsTheFilterSpellsIt)
+{
+    EXPECT_EQ(WithExtensionSpelt(L"C:\\a\\n.csv", 1), L"C:\\a\\n.CSV");
+    EXPECT_EQ(WithExtensionSpelt(L"C:\\a\\n.tXt", 2), L"C:\\a\\n.TXT");
+    EXPECT_EQ(WithExtensionSpelt(L"C:\\a\\n.csv", 3), L"C:\\a\\n.CSV");
+    EXPECT_EQ(WithExtensionSpelt(L"C:\\a.csv\\n.csv.csv", 1), L"C:\\a.csv\\n.csv.CSV");
+}
+
+TEST(ExportTarget, EveryOtherExtensionKeepsItsLetters)
+{
+    for (const wchar_t* const path : {L"C:\\a\\n.doc", L"C:\\a\\n", L"C:\\a\\ncsv", L"csv", L"C:\\a.csv\\n", L""})
+    {
+        for (DWORD index = 0; index <= 4; ++index)
+        {
+            EXPECT_EQ(WithExtensionSpelt(path, index), path) << index;
+        }
+    }
+    EXPECT_EQ(WithExtensionSpelt(L"n.txt", 1), L"n.txt");
+    EXPECT_EQ(WithExtensionSpelt(L"n.csv", 2), L"n.csv");
+    EXPECT_EQ(WithExtensionSpelt(L"n.csv", 4), L"n.csv");
+}
