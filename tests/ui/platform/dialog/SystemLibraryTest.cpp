@@ -26,28 +26,28 @@ std::filesystem::path PathOf(HMODULE library)
     return path;
 }
 
-// A current folder in which another library has the name of one of the system's.
+// A folder in which another library has the name of one of the system's, and which the search by a bare name comes to
+// first, as it comes to the program's.
 class SystemLibraryTest : public ::testing::Test
 {
 protected:
     SystemLibraryTest()
     {
         std::filesystem::copy_file(L"ui_dialog_other.mui", m_folder.File(SpareLibrary));
-        std::filesystem::current_path(m_folder.Path());
+        ::SetDllDirectoryW(m_folder.Path().c_str());
     }
 
-    ~SystemLibraryTest() override { std::filesystem::current_path(m_before); }
+    ~SystemLibraryTest() override { ::SetDllDirectoryW(nullptr); }
 
     // A small library that the test program itself does not need.
     static constexpr wchar_t SpareLibrary[] = L"lz32.dll";
 
     const TemporaryFolder m_folder;
-    const std::filesystem::path m_before = std::filesystem::current_path();
 };
 
 } // namespace
 
-TEST_F(SystemLibraryTest, ALibraryInTheCurrentFolderIsNotTheSystems)
+TEST_F(SystemLibraryTest, ALibraryThatTheSearchFindsFirstIsNotTheSystems)
 {
     ASSERT_EQ(::GetModuleHandleW(SpareLibrary), nullptr);
     {
@@ -59,7 +59,7 @@ TEST_F(SystemLibraryTest, ALibraryInTheCurrentFolderIsNotTheSystems)
     EXPECT_TRUE(std::filesystem::equivalent(PathOf(library.get()), SystemFolder() / SpareLibrary));
 }
 
-TEST_F(SystemLibraryTest, ALibraryThatTheSystemLacksIsNotLoadedFromTheCurrentFolder)
+TEST_F(SystemLibraryTest, ALibraryThatTheSystemLacksIsNotLoadedFromAnywhereElse)
 {
     std::filesystem::copy_file(m_folder.File(SpareLibrary), m_folder.File(L"kestrixspare.dll"));
     ASSERT_TRUE(UniqueModule(::LoadLibraryW(L"kestrixspare.dll")));
