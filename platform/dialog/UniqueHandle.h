@@ -4,8 +4,6 @@
 
 #include <commctrl.h>
 
-#include <array>
-#include <atomic>
 #include <cstddef>
 #include <utility>
 
@@ -43,19 +41,31 @@ enum class HandleKind : std::size_t
     File,
     Find,
     Interface,
-    Count,
 };
 
-// How many handles of each kind are owned in the process now; for leak tests.
-struct LiveHandles
+// The address for a function that hands a handle out: the handle arrives in its owner at the end of the full
+// expression, as with std::out_ptr.
+template <class Owner, class Handle>
+class HandleOut
 {
-    inline static std::array<std::atomic<long>, static_cast<std::size_t>(HandleKind::Count)> s_nCounts{};
+public:
+    HandleOut(Owner& owner, Handle none) noexcept : m_owner(owner), m_handle(none) { owner.reset(); }
 
-    static std::atomic<long>& Of(HandleKind kind) noexcept { return s_nCounts[static_cast<std::size_t>(kind)]; }
+    ~HandleOut() { m_owner.reset(m_handle); }
+
+    HandleOut(const HandleOut&) = delete;
+    HandleOut& operator=(const HandleOut&) = delete;
+
+    operator Handle*() noexcept { return &m_handle; }
+
+private:
+    Owner& m_owner;
+    Handle m_handle;
 };
 
 // The one owner of a system handle: closes it when it goes, and leaves GetLastError alone while closing.
-// Traits state the type Handle, its Kind, the value Invalid() that stands for "none", and Close(handle).
+// Traits state the type Handle, its Kind, the value Invalid() that stands for "none", and Close(handle). The members
+// that are not defined here stand in UniqueHandleMembers.h: a test program has them with a count of what is owned.
 template <class Traits>
 class UniqueHandle
 {
@@ -81,48 +91,13 @@ public:
     explicit operator bool() const noexcept { return m_handle != Traits::Invalid(); }
 
     // Closes what is held and takes over the handle. Giving the handle that is held changes nothing.
-    void reset(Handle handle = Traits::Invalid()) noexcept
-    {
-        if (handle == m_handle)
-        {
-            return;
-        }
-        if (const Handle old = release(); old != Traits::Invalid())
-        {
-            const LastErrorScope keep;
-            Traits::Close(old);
-        }
-        m_handle = handle;
-        LiveHandles::Of(Traits::Kind) += handle != Traits::Invalid();
-    }
+    void reset(Handle handle = Traits::Invalid()) noexcept;
 
     // Leaves the handle to the caller, who closes it from now on.
-    [[nodiscard]] Handle release() noexcept
-    {
-        LiveHandles::Of(Traits::Kind) -= m_handle != Traits::Invalid();
-        return std::exchange(m_handle, Traits::Invalid());
-    }
+    [[nodiscard]] Handle release() noexcept;
 
-    // The address for a function that hands a handle out: RegOpenKeyExW(..., key.put()).
-    // The handle arrives here at the end of that full expression, as with std::out_ptr.
-    class Out
-    {
-    public:
-        explicit Out(UniqueHandle& owner) noexcept : m_owner(owner) { owner.reset(); }
-
-        ~Out() { m_owner.reset(m_handle); }
-
-        Out(const Out&) = delete;
-        Out& operator=(const Out&) = delete;
-
-        operator Handle*() noexcept { return &m_handle; }
-
-    private:
-        UniqueHandle& m_owner;
-        Handle m_handle = Traits::Invalid();
-    };
-
-    Out put() noexcept { return Out(*this); }
+    // RegOpenKeyExW(..., key.put())
+    HandleOut<UniqueHandle, Handle> put() noexcept { return {*this, Traits::Invalid()}; }
 
 private:
     Handle m_handle = Traits::Invalid();

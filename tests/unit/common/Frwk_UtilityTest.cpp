@@ -1,6 +1,7 @@
 #include "common/Frwk_Utility.h"
 
 #include "tests/support/ImportPatch.h"
+#include "tests/support/LiveHandles.h"
 #include "tests/support/RegistrySandbox.h"
 #include "tests/support/TraceRecorder.h"
 

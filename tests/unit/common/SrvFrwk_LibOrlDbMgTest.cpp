@@ -1,5 +1,6 @@
 #include "common/SrvFrwk_LibOrlDbMg.h"
 
+#include "tests/support/LiveHandles.h"
 #include "tests/support/OrlRecorder.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TraceRecorder.h"

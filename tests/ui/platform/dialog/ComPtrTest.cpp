@@ -2,6 +2,7 @@
 
 #include "platform/dialog/ComAdvise.h"
 #include "tests/support/ControllerDouble.h"
+#include "tests/support/LiveHandles.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
 #include "platform/dialog/DeviceContext.h"
 #include "platform/dialog/ImageList.h"
 
+#include "tests/support/LiveHandles.h"
 #include "tests/ui/platform/dialog/TestResources.h"
 #include "tests/ui/platform/dialog/TestWindows.h"
 

@@ -2,6 +2,7 @@
 
 #include "resource/resource.h"
 #include "tests/support/LanguageFile.h"
+#include "tests/support/LiveHandles.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,6 @@
 #include "platform/dialog/UniqueHandle.h"
+#include "platform/dialog/UniqueHandleMembers.h"
+#include "tests/support/LiveHandles.h"
 
 #include <gtest/gtest.h>
 

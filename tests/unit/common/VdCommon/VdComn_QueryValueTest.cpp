@@ -4,6 +4,7 @@
 
 #include "common/VdCommon/VdComn_String.h"
 #include "tests/support/AllocationWatch.h"
+#include "tests/support/LiveHandles.h"
 #include "tests/support/RegistrySandbox.h"
 
 #include <gtest/gtest.h>

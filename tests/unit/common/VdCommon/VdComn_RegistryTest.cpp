@@ -1,6 +1,7 @@
 #include "common/VdCommon/VdComn_Registry.h"
 
 #include "tests/support/ImportPatch.h"
+#include "tests/support/LiveHandles.h"
 #include "tests/support/RegistrySandbox.h"
 #include "tests/unit/common/VdCommon/StorageCodes.h"
 

@@ -1,5 +1,6 @@
 #include "common/VdCommon/VdComn_Synchronize.h"
 
+#include "tests/support/LiveHandles.h"
 #include "tests/unit/common/VdCommon/AccessList.h"
 #include "tests/unit/common/VdCommon/MutexHolder.h"
 

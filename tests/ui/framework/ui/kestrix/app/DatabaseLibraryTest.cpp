@@ -2,6 +2,7 @@
 
 #include "platform/dialog/UniqueHandle.h"
 #include "tests/support/ImportPatch.h"
+#include "tests/support/LiveHandles.h"
 #include "tests/support/OrlRecorder.h"
 #include "tests/support/RegistrySandbox.h"
 #include "tests/support/TemporaryFolder.h"

@@ -1,6 +1,7 @@
 // The form around the page: what it shows, and what it leaves behind.
 
 #include "resource/resource.h"
+#include "tests/support/LiveHandles.h"
 #include "tests/ui/framework/ui/kestrix/app/FormTest.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+#include "tests/support/LiveHandles.h"
 #include "tests/ui/gallery/SkinDialog.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "framework/ui/kestrix/controls/OwnerDrawBtnFramework.h"
+#include "tests/support/LiveHandles.h"
 #include "tests/support/Picture.h"
 #include "tests/ui/framework/ui/kestrix/controls/ButtonResources.h"
 #include "tests/ui/platform/dialog/TestWindows.h"

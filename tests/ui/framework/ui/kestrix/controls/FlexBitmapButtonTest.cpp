@@ -1,5 +1,6 @@
 #include "framework/ui/kestrix/controls/FlexBitmapButton.h"
 
+#include "tests/support/LiveHandles.h"
 #include "tests/ui/framework/ui/kestrix/controls/ButtonStage.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/dialog/DialogFramework.h"
+#include "tests/support/LiveHandles.h"
 
 #include <gtest/gtest.h>
 

@@ -2,6 +2,7 @@
 // are counted by asking the system.
 
 #include "tests/support/LanguageFile.h"
+#include "tests/support/LiveHandles.h"
 #include "tests/support/Picture.h"
 #include "tests/ui/gallery/SkinDialog.h"
 

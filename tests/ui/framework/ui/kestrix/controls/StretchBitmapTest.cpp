@@ -1,5 +1,6 @@
 #include "framework/ui/kestrix/controls/StretchBitmap.h"
 
+#include "tests/support/LiveHandles.h"
 #include "tests/support/Picture.h"
 #include "tests/ui/framework/ui/kestrix/controls/BitmapFile.h"
 

@@ -1,0 +1,10 @@
+#include "platform/dialog/UniqueHandle.h"
+
+namespace
+{
+
+constexpr void NoteHandle(HandleKind, int) noexcept {}
+
+} // namespace
+
+#include "platform/dialog/UniqueHandleInstances.h"
