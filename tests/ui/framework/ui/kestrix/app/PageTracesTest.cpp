@@ -1,7 +1,5 @@
 // What the page traces of failures that nobody sees on the screen.
 
-#include "framework/ui/kestrix/logs/ZPTLogBase.h"
-#include "resource/resource.h"
 #include "tests/ui/framework/ui/kestrix/app/DatabasePageTest.h"
 
 #include <algorithm>
