@@ -1,5 +1,7 @@
 #include "framework/ui/kestrix/app/LogFactory.h"
 
+#include "framework/ui/kestrix/logs/ZPTLogTSC.h"
+#include "framework/ui/kestrix/logs/ZPTLogVA.h"
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
 
 #include <algorithm>
@@ -22,6 +24,8 @@ struct LogClass
 
 constexpr LogClass Classes[] = {
     {LogTypeVirus, &Create<CZPTLogVir>},
+    {LogTypeTsc, &Create<CZPTLogTSC>},
+    {LogTypeVa, &Create<CZPTLogVA>},
 };
 
 } // namespace

@@ -26,13 +26,14 @@ enum class InfoText
     Whole,
     Cut,    // a long text is cut, and the tool tip has all of it
     Threat, // the name of a threat: a link, or a text when the name says that it is not known
+    Link,   // a link in any case; for the first row
 };
 
-// A row of the detail pane.
+// A row of the detail pane. One that says nothing is hidden.
 struct LogInfoRow
 {
-    UINT caption; // text; 0: none
-    bool visible;
+    UINT caption = 0; // text; 0: none
+    bool visible = false;
     std::size_t field = NoField; // NoField: the row stays as it is
     InfoText how = InfoText::Whole;
     UINT whenEmpty = 0; // text that stands for an empty field; 0: none

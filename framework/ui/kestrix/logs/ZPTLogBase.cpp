@@ -226,6 +226,9 @@ void CZPTLogBase::ShowInfoRow(const LogRec& record, std::size_t row)
     case InfoText::Threat:
         ShowThreat(text);
         return;
+    case InfoText::Link:
+        m_pInfoDlg->SetInfoLink(text, {});
+        return;
     }
 }
 

@@ -1,0 +1,156 @@
+#pragma once
+
+#include "framework/ui/kestrix/logs/ExportStream.h"
+#include "framework/ui/kestrix/logs/ZPTLogBase.h"
+#include "tests/support/InfoPaneDouble.h"
+#include "tests/support/LanguageFile.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+using Texts = std::vector<std::wstring>;
+
+// A log of a class with a detail pane, and what its tests ask it.
+template <class Log>
+class LogClassTest : public ::testing::Test
+{
+protected:
+    // A line and the record that it becomes.
+    struct Case
+    {
+        std::wstring line;
+        Texts fields;
+        std::uint32_t image = 0;
+    };
+
+    struct OpenLog : Log
+    {
+        using Log::m_arrColumn;
+        using Log::m_arrColumnWidth;
+        using Log::m_nInfoTextLimit;
+    };
+
+    LogClassTest() { m_log.SetInfoDialog(&m_pane); }
+
+    bool Takes(std::wstring_view line) { return m_log.PutRecode(line, CZPTLogBase::AnyLine); }
+
+    const LogRec& Put(std::wstring_view line)
+    {
+        if (!Takes(line))
+        {
+            throw std::runtime_error("the line was refused");
+        }
+        return *m_log.GetLogRecord(m_log.GetLogCount() - 1);
+    }
+
+    void Expect(const std::vector<Case>& cases)
+    {
+        for (const Case& each : cases)
+        {
+            const std::string line(each.line.begin(), each.line.end());
+            const LogRec& record = Put(each.line);
+            EXPECT_EQ(Texts(record.strData.begin(), record.strData.end()), each.fields) << line;
+            EXPECT_EQ(record.nImage, each.image) << line;
+        }
+    }
+
+    void Show(std::wstring_view line)
+    {
+        Put(line);
+        m_log.SetInfoLabel();
+        m_log.SetLogInfo(m_log.GetLogRecord(m_log.GetLogCount() - 1));
+    }
+
+    std::wstring Cell(const LogRec& record, int column, std::wstring before = L"before") const
+    {
+        m_log.GetColumnText(&record, before, column);
+        return before;
+    }
+
+    // What stands in a row of the list, and behind it what a column that is not there leaves.
+    Texts Cells(const LogRec& record) const
+    {
+        Texts cells;
+        for (std::size_t column = 0; column <= m_log.m_arrColumn.size(); ++column)
+        {
+            cells.push_back(Cell(record, static_cast<int>(column)));
+        }
+        return cells;
+    }
+
+    int Up(const LogRec& first, const LogRec& second, int column) const
+    {
+        return m_log.m_pfnCompareUp(reinterpret_cast<LPARAM>(&first), reinterpret_cast<LPARAM>(&second), column);
+    }
+
+    // Whether the column sorts the first record before the second, in both directions.
+    bool IsBefore(const LogRec& first, const LogRec& second, int column) const
+    {
+        return Up(first, second, column) < 0 && Up(second, first, column) > 0 &&
+               m_log.m_pfnCompareDn(reinterpret_cast<LPARAM>(&first), reinterpret_cast<LPARAM>(&second), column) > 0;
+    }
+
+    // The columns by the numbers of their titles, with their widths.
+    void ExpectColumns(const std::vector<std::pair<UINT, std::uint32_t>>& columns) const
+    {
+        ASSERT_EQ(m_log.m_arrColumn.size(), columns.size());
+        for (std::size_t i = 0; i < columns.size(); ++i)
+        {
+            EXPECT_EQ(m_log.m_arrColumn[i], Text(columns[i].first)) << i;
+            EXPECT_EQ(m_log.m_arrColumnWidth[i], columns[i].second) << i;
+        }
+    }
+
+    // The captions of all rows by number; 0 is a hidden row without one.
+    void ExpectCaptions(const std::array<UINT, CLogInfoPage::InfoRows>& captions)
+    {
+        m_log.SetInfoLabel();
+        for (std::size_t row = 0; row < captions.size(); ++row)
+        {
+            EXPECT_EQ(m_pane[row].caption, captions[row] == 0 ? std::wstring() : Text(captions[row])) << row;
+            EXPECT_EQ(m_pane[row].visible, captions[row] != 0) << row;
+        }
+    }
+
+    void ExpectExportLabels(const Texts& labels)
+    {
+        const TemporaryFolder folder;
+        const std::wstring path = folder.File(L"labels.txt");
+        ExportStream stream;
+        ASSERT_TRUE(stream.Open(path) && m_log.WriteExportHeader(stream) && stream.Flush());
+        stream.Close();
+        std::wstring line;
+        for (const std::wstring& label : labels)
+        {
+            line += (line.empty() ? L"\"" : L"\t\"") + label + L"\"";
+        }
+        EXPECT_EQ(ReadUtf16(path), line + L"\r\n");
+    }
+
+    void ExpectNothingShownWithoutRecordOrPage(std::wstring_view line)
+    {
+        m_log.SetLogInfo(nullptr);
+        Put(line);
+        m_log.SetInfoDialog(nullptr);
+        m_log.SetLogInfo(m_log.GetLogRecord(0));
+        EXPECT_TRUE(m_pane.IsUntouched());
+    }
+
+    // A text without its colons, of which there must be one.
+    static std::wstring WithoutColons(UINT text)
+    {
+        std::wstring label = Text(text);
+        EXPECT_NE(std::erase(label, L':'), 0u) << "nothing to remove, so the test would say nothing";
+        return label;
+    }
+
+    const LanguageFile m_language;
+    OpenLog m_log;
+    InfoPaneDouble m_pane;
+};
