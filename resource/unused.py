@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes unused.txt: what the language file holds and no code uses yet, that is to say what resource.h does not name.
+"""Writes unused.txt: what the language file holds and no code uses yet, that is to say what no header here names.
 
 usage: unused.py RESOURCE_FOLDER
 
@@ -12,7 +12,7 @@ import sys
 
 KINDS = ["text", "dialog", "bitmap", "icon", "cursor"]
 
-# How resource.h names each kind. A cursor shares its prefix with the controls, which are left out.
+# How the headers name each kind. A cursor shares its prefix with the controls, which are left out.
 NAMES = {
     "text": r"IDS_\w+",
     "dialog": r"IDD_\w+",
@@ -26,7 +26,7 @@ DEFINITION = re.compile(r"^(\w+)\s+(DIALOGEX|BITMAP|ICON|CURSOR)\s", re.MULTILIN
 
 
 def macros(folder):
-    lines = (folder / "resource.h").read_text(encoding="utf-8")
+    lines = "\n".join(header.read_text(encoding="utf-8") for header in folder.glob("*.h"))
     return {name: int(number) for name, number in re.findall(r"^#define (\w+) (\d+)$", lines, re.MULTILINE)}
 
 

@@ -5,7 +5,7 @@ import re
 
 import lint
 
-NAMES = "resource/resource.h"
+NAMES = ("resource/resource.h", "resource/UpdateTexts.h")
 TEXTS = "resource/texts.tsv"
 UNUSED = "resource/unused.txt"
 
@@ -17,16 +17,19 @@ BARE_NUMBER = re.compile(r"\b(LoadText|LoadString(?:Ex)?W?|LoadBitmapW?|LoadIcon
 
 
 class Name:
-    """A line of resource.h."""
+    """A line of one of the headers that name numbers."""
 
-    def __init__(self, name, number, line):
-        self.name, self.number, self.line = name, number, line
+    def __init__(self, name, number, path, line):
+        self.name, self.number, self.path, self.line = name, number, path, line
         self.is_text = name.startswith("IDS_")
 
 
 def names(root):
-    text = lint.without_comments(lint.read(root, NAMES))
-    return [Name(match[1], match[2], lint.line_of(text, match.start())) for match in DEFINE.finditer(text)]
+    for path in NAMES:
+        if os.path.isfile(os.path.join(root, path)):
+            text = lint.without_comments(lint.read(root, path))
+            for match in DEFINE.finditer(text):
+                yield Name(match[1], match[2], path, lint.line_of(text, match.start()))
 
 
 def text_numbers(root):
@@ -38,7 +41,7 @@ def text_numbers(root):
 def words(root, endings, below):
     found = set()
     for path in lint.files(root, endings, below):
-        if path != NAMES:
+        if path not in NAMES:
             found.update(re.findall(r"\bID[A-Z]_\w+", lint.without_comments(lint.read(root, path))))
     return found
 
@@ -49,12 +52,12 @@ def check_names(root, findings):
     code = words(root, lint.CODE, lint.PRODUCT)
     for entry in names(root):
         if entry.is_text and entry.number not in texts:
-            findings.add(NAMES, entry.line, f"{entry.name}: there is no text {entry.number}; add its row to {TEXTS}")
+            findings.add(entry.path, entry.line, f"{entry.name}: there is no text {entry.number}; add its row to {TEXTS}")
         if not entry.is_text and entry.name not in scripts:
-            findings.add(NAMES, entry.line, f"{entry.name} is not in the language file; "
+            findings.add(entry.path, entry.line, f"{entry.name} is not in the language file; "
                                             "add it to resource/en-US/Kestrix.rc")
         if entry.name not in scripts | code:
-            findings.add(NAMES, entry.line, f"{entry.name} is used nowhere; remove it here"
+            findings.add(entry.path, entry.line, f"{entry.name} is used nowhere; remove it here"
                                             + (f" and write 'text {entry.number}' into {UNUSED}" if entry.is_text else ""))
 
 
@@ -87,7 +90,7 @@ def check_unused(root, findings):
             listed.add(match.groups())
     for (kind, number), (path, line) in unnamed.items():
         if (kind, number) not in listed:
-            findings.add(path, line, f"{kind} {number} has no name; name it in {NAMES} where code uses it, "
+            findings.add(path, line, f"{kind} {number} has no name; name it in {NAMES[0]} where code uses it, "
                                      f"or write '{kind} {number}' into {UNUSED}")
 
 
@@ -96,7 +99,7 @@ def check_code(root, findings):
         text = lint.without_comments(lint.read(root, path))
         for match in BARE_NUMBER.finditer(text):
             findings.add(path, lint.line_of(text, match.start()),
-                         f"{match[1]} gets a bare number; name it in {NAMES} and pass the name")
+                         f"{match[1]} gets a bare number; name it in {NAMES[0]} and pass the name")
 
 
 def main():
