@@ -19,6 +19,17 @@ public:
     // The same for the first row, which shows the text as a link.
     virtual void SetInfoLink(const std::wstring& text, const std::wstring& toolTip) = 0;
 
+    // Draws the text once onto the value of a row, in one line that ends in dots where it does not fit, and sets its
+    // tool tip.
+    virtual void DrawInfoText(std::size_t row, const std::wstring& text, const std::wstring& toolTip) = 0;
+
+    // Draws the text once onto the first value, wrapped at words in its rectangle made higher by so many pixels, and
+    // sets it.
+    virtual void DrawTallInfo(const std::wstring& text, int pixels) = 0;
+
+    // Shows or hides the button that allows the record's program, with its caption; shown it is enabled.
+    virtual void ShowAllowRule(bool show) = 0;
+
 protected:
     ~CLogInfoPage() = default;
 };
