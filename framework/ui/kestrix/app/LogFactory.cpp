@@ -1,5 +1,7 @@
 #include "framework/ui/kestrix/app/LogFactory.h"
 
+#include "framework/ui/kestrix/logs/ZPTLogScan.h"
+#include "framework/ui/kestrix/logs/ZPTLogSkipTask.h"
 #include "framework/ui/kestrix/logs/ZPTLogTSC.h"
 #include "framework/ui/kestrix/logs/ZPTLogVA.h"
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
@@ -26,6 +28,8 @@ constexpr LogClass Classes[] = {
     {LogTypeVirus, &Create<CZPTLogVir>},
     {LogTypeTsc, &Create<CZPTLogTSC>},
     {LogTypeVa, &Create<CZPTLogVA>},
+    {LogTypeScan, &Create<CZPTLogScan>},
+    {LogTypeSkippedTask, &Create<CZPTLogSkipTask>},
 };
 
 } // namespace

@@ -2,9 +2,31 @@
 
 #include "platform/dialog/ModuleState.h"
 
-std::wstring_view TextOfCode(std::span<const CodeText> table, std::uint32_t code, UINT other)
+namespace
+{
+
+// Null for a code that is not there.
+const CodeText* FindCode(std::span<const CodeText> table, std::uint32_t code)
 {
     const auto row = std::ranges::lower_bound(table, code, {}, &CodeText::code);
-    const UINT text = row != table.end() && row->code == code ? row->text : other;
+    return row != table.end() && row->code == code ? &*row : nullptr;
+}
+
+} // namespace
+
+std::wstring_view TextOfCode(std::span<const CodeText> table, std::uint32_t code, UINT other)
+{
+    const CodeText* const row = FindCode(table, code);
+    const UINT text = row == nullptr ? other : row->text;
     return text == 0 ? std::wstring_view() : std::wstring_view(LoadText(text));
+}
+
+bool AppendTextOfCode(std::span<const CodeText> table, std::uint32_t code, LogRec& record)
+{
+    const CodeText* const row = FindCode(table, code);
+    if (row != nullptr)
+    {
+        record.AppendLasting(LoadText(row->text));
+    }
+    return row != nullptr;
 }
