@@ -1,5 +1,6 @@
 #include "framework/ui/kestrix/app/LogFactory.h"
 
+#include "framework/ui/kestrix/logs/ZPTLogPVY.h"
 #include "framework/ui/kestrix/logs/ZPTLogScan.h"
 #include "framework/ui/kestrix/logs/ZPTLogSkipTask.h"
 #include "framework/ui/kestrix/logs/ZPTLogTSC.h"
@@ -27,6 +28,7 @@ struct LogClass
 constexpr LogClass Classes[] = {
     {LogTypeVirus, &Create<CZPTLogVir>},
     {LogTypeTsc, &Create<CZPTLogTSC>},
+    {LogTypePrivacy, &Create<CZPTLogPVY>},
     {LogTypeVa, &Create<CZPTLogVA>},
     {LogTypeScan, &Create<CZPTLogScan>},
     {LogTypeSkippedTask, &Create<CZPTLogSkipTask>},
