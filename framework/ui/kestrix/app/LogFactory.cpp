@@ -4,6 +4,7 @@
 #include "framework/ui/kestrix/logs/ZPTLogScan.h"
 #include "framework/ui/kestrix/logs/ZPTLogSkipTask.h"
 #include "framework/ui/kestrix/logs/ZPTLogTSC.h"
+#include "framework/ui/kestrix/logs/ZPTLogUpdate.h"
 #include "framework/ui/kestrix/logs/ZPTLogVA.h"
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
 
@@ -27,6 +28,7 @@ struct LogClass
 
 constexpr LogClass Classes[] = {
     {LogTypeVirus, &Create<CZPTLogVir>},
+    {LogTypeUpdate, &Create<CZPTLogUpdate>},
     {LogTypeTsc, &Create<CZPTLogTSC>},
     {LogTypePrivacy, &Create<CZPTLogPVY>},
     {LogTypeVa, &Create<CZPTLogVA>},
