@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/app/LogFactory.h"
 
 #include "framework/ui/kestrix/logs/ZPTLogPVY.h"
+#include "framework/ui/kestrix/logs/ZPTLogPhish.h"
 #include "framework/ui/kestrix/logs/ZPTLogScan.h"
 #include "framework/ui/kestrix/logs/ZPTLogSkipTask.h"
 #include "framework/ui/kestrix/logs/ZPTLogTSC.h"
@@ -29,6 +30,7 @@ struct LogClass
 constexpr LogClass Classes[] = {
     {LogTypeVirus, &Create<CZPTLogVir>},
     {LogTypeUpdate, &Create<CZPTLogUpdate>},
+    {LogTypePhishing, &Create<CZPTLogPhish>},
     {LogTypeTsc, &Create<CZPTLogTSC>},
     {LogTypePrivacy, &Create<CZPTLogPVY>},
     {LogTypeVa, &Create<CZPTLogVA>},
