@@ -5,6 +5,7 @@
 #include "framework/ui/kestrix/logs/ZPTLogScan.h"
 #include "framework/ui/kestrix/logs/ZPTLogSkipTask.h"
 #include "framework/ui/kestrix/logs/ZPTLogTSC.h"
+#include "framework/ui/kestrix/logs/ZPTLogURL.h"
 #include "framework/ui/kestrix/logs/ZPTLogUpdate.h"
 #include "framework/ui/kestrix/logs/ZPTLogVA.h"
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
@@ -31,6 +32,7 @@ constexpr LogClass Classes[] = {
     {LogTypeVirus, &Create<CZPTLogVir>},
     {LogTypeUpdate, &Create<CZPTLogUpdate>},
     {LogTypePhishing, &Create<CZPTLogPhish>},
+    {LogTypeUrlFilter, &Create<CZPTLogURL>},
     {LogTypeTsc, &Create<CZPTLogTSC>},
     {LogTypePrivacy, &Create<CZPTLogPVY>},
     {LogTypeVa, &Create<CZPTLogVA>},
