@@ -1,6 +1,6 @@
 // Numbers of the language file that the code uses, by name. Plain macros, since the resource compiler reads them too.
 // A text is named here when the first code uses it; texts.tsv holds all texts with their roles. The many texts of the
-// update log stand in UpdateTexts.h.
+// update log stand in UpdateTexts.h, those of the logs about the web and about tasks in WebAndTaskTexts.h.
 #pragma once
 
 // Dialogs
@@ -177,83 +177,3 @@
 #define IDS_EXPORT_LOCATION 577
 #define IDS_EXPORT_FIRST_ACTION 141
 #define IDS_EXPORT_SECOND_ACTION 142
-
-// Texts: TSC log; the first one is the phishing log's too
-#define IDS_EXPORT_EVENT_TIME 376
-#define IDS_TSC_UNSUCCESSFUL 379
-#define IDS_TSC_SUCCESSFUL 380
-
-// Texts: VA log
-#define IDS_VA_COLUMN_NAME 195
-#define IDS_VA_COLUMN_RISK 764
-#define IDS_VA_LABEL_STATUS 346
-#define IDS_VA_EXPORT_NAME 589
-#define IDS_VA_EXPORT_RISK 330
-#define IDS_VA_EXPORT_SOLUTION 590
-#define IDS_VA_NOTHING_FOUND 328
-#define IDS_VA_RISK_NONE 331
-#define IDS_VA_RISK_LOW 332
-#define IDS_VA_RISK_MEDIUM 333
-#define IDS_VA_RISK_HIGH 334
-#define IDS_VA_RISK_CRITICAL 335
-#define IDS_VA_RISK_UNKNOWN 336
-#define IDS_VA_RISK_OF_NOTHING 361
-#define IDS_VA_FIX_AVAILABLE 347
-#define IDS_VA_FIX_INSTALLED 348
-#define IDS_VA_FIX_MISSING 349
-#define IDS_VA_FIX_UNKNOWN 350
-#define IDS_VA_FIX_OF_NOTHING 362
-#define IDS_VA_NO_SOLUTION 337
-
-// Texts: URL filter log
-#define IDS_URL_COLUMN_ACTION 56
-#define IDS_URL_COLUMN_RESULT 421
-#define IDS_COLUMN_ADDRESS 420
-#define IDS_URL_LABEL_CATEGORY 419
-#define IDS_URL_EXPORT_TIME 418
-#define IDS_URL_BLOCKED_BY_CATEGORY 422
-#define IDS_URL_BLOCKED_BY_LIST 423
-#define IDS_URL_CATEGORY_OF_LIST 340
-#define IDS_URL_CATEGORY_UNKNOWN 339
-
-// Texts: phishing log
-#define IDS_PHISHING_LABEL_CATEGORY 57
-#define IDS_PHISHING_LABEL_RISK 1318
-#define IDS_PHISHING_EXPORT_RELATED 355
-#define IDS_PHISHING_CATEGORY_PHISHING 50
-#define IDS_PHISHING_CATEGORY_DANGEROUS 58
-#define IDS_PHISHING_CATEGORY_UNTESTED 341
-#define IDS_PHISHING_CATEGORY_OTHER 59
-#define IDS_PHISHING_RISK_LOW 1319
-#define IDS_PHISHING_RISK_HIGH 1320
-#define IDS_PHISHING_RISK_NOT_RATED 1321
-#define IDS_PHISHING_TALL_PIXELS 817
-
-// Texts: privacy log
-#define IDS_PRIVACY_COLUMN_DATA 433
-#define IDS_PRIVACY_LABEL_DATA 551
-#define IDS_PRIVACY_LABEL_PLACE 434
-#define IDS_PRIVACY_ALLOWED 437
-#define IDS_PRIVACY_BLOCKED 436
-
-// Texts: scan log
-#define IDS_SCAN_COLUMN_RESULT 85
-#define IDS_SCAN_LABEL_STARTED 84
-#define IDS_SCAN_LABEL_ENDED 87
-#define IDS_SCAN_LABEL_PATTERN 220
-#define IDS_SCAN_EXPORT_TIME 479
-#define IDS_SCAN_NO_THREATS 93
-#define IDS_SCAN_HANDLED 94
-#define IDS_SCAN_ACTION_REQUIRED 95
-#define IDS_SCAN_STOPPED 96
-#define IDS_SCAN_UNSUCCESSFUL 97
-
-// Texts: skipped-task log
-#define IDS_SKIP_COLUMN_TASK 227
-#define IDS_SKIP_LABEL_REASON 229
-#define IDS_SKIP_TASK_SCAN 221
-#define IDS_SKIP_TASK_UPDATE 222
-#define IDS_SKIP_TASK_TUNING 223
-#define IDS_SKIP_REASON_BATTERY 224
-#define IDS_SKIP_REASON_IN_USE 225
-#define IDS_SKIP_REASON_OTHER_TASK 226

@@ -2,6 +2,7 @@
 
 #include "framework/ui/kestrix/logs/CodeTexts.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
+#include "resource/WebAndTaskTexts.h"
 #include "resource/resource.h"
 
 namespace

@@ -3,6 +3,7 @@
 #include "framework/ui/kestrix/logs/CodeOutcomes.h"
 #include "framework/ui/kestrix/logs/ColumnOrder.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
+#include "resource/WebAndTaskTexts.h"
 #include "resource/resource.h"
 
 namespace

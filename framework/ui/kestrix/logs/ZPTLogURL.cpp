@@ -9,6 +9,7 @@
 #include "framework/ui/kestrix/logs/TokenReaders.h"
 #include "platform/dialog/ComPtr.h"
 #include "platform/dialog/ModuleState.h"
+#include "resource/WebAndTaskTexts.h"
 #include "resource/resource.h"
 
 namespace

@@ -4,6 +4,7 @@
 #include "framework/ui/kestrix/logs/CodeTexts.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
 #include "platform/dialog/ModuleState.h"
+#include "resource/WebAndTaskTexts.h"
 #include "resource/resource.h"
 
 namespace
