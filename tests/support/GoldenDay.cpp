@@ -116,11 +116,14 @@ class DayWriter
 public:
     DayWriter(CZPTLogBase& log, const std::vector<std::wstring>& lines) : m_log(log)
     {
+        InfoPaneDouble pane; // as the page has set one before it loads a day: some fields depend on it
+        log.SetInfoDialog(&pane);
         for (const std::wstring& line : lines)
         {
             const bool put = log.PutRecode(line, CZPTLogBase::AnyLine);
             m_arrLine.push_back({m_arrLine.size() + 1, put ? log.GetLogRecord(log.GetLogCount() - 1) : nullptr});
         }
+        log.SetInfoDialog(nullptr);
         std::ranges::copy_if(m_arrLine, std::back_inserter(m_arrRecord), &NumberedRecord::record);
     }
 

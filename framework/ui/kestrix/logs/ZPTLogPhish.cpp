@@ -1,13 +1,14 @@
 #include "framework/ui/kestrix/logs/ZPTLogPhish.h"
 
-#include "common/VdCommon/VdComn_Number.h"
 #include "framework/ui/kestrix/logs/ColumnOrder.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
 #include "platform/dialog/ModuleState.h"
 #include "platform/dialog/ResourceNumber.h"
+#include "resource/WebAndTaskTexts.h"
 #include "resource/resource.h"
 
 #include <algorithm>
+#include <cwchar>
 #include <span>
 
 namespace
@@ -88,9 +89,10 @@ std::wstring_view TextOf(std::span<const NamedText> table, std::wstring_view cod
     return LoadText(row == table.end() ? other : row->text);
 }
 
+// The kind is hexadecimal, and read by the C library, which wants a terminator.
 std::uint32_t KindOf(std::wstring_view token)
 {
-    return VdCommon::WideToUnsigned(token, 16);
+    return std::wcstoul(std::wstring(token).c_str(), nullptr, 16);
 }
 
 bool IsDangerous(const LogRec& record)

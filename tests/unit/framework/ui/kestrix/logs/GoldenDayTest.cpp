@@ -4,6 +4,7 @@
 
 #include "framework/ui/kestrix/app/LogFactory.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
+#include "tests/support/CategoryService.h"
 #include "tests/support/LanguageFile.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +21,8 @@ const LogKind* KindOf(const GoldenDayHead& day)
     return found == LogKinds().end() ? nullptr : &*found;
 }
 
-class GoldenDayTest : public ::testing::Test
+// The service is there for the log that asks it.
+class GoldenDayTest : private WithCategoryService, public ::testing::Test
 {
 protected:
     bool HasDay(const LogKind& kind, bool fromDatabase) const

@@ -1,26 +1,30 @@
 #pragma once
 
-#include "framework/ui/kestrix/logs/ExportStream.h"
-#include "framework/ui/kestrix/logs/ZPTLogBase.h"
-#include "tests/support/InfoPaneDouble.h"
-#include "tests/support/LanguageFile.h"
-#include "tests/support/TemporaryFolder.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/LogFixture.h"
 
 #include <array>
-#include <stdexcept>
-#include <string>
 #include <utility>
 #include <vector>
 
 using Texts = std::vector<std::wstring>;
 
-// A log of a class with a detail pane, and what its tests ask it.
+// A log of the class that tests look into.
 template <class Log>
-class LogClassTest : public ::testing::Test
+struct OpenLog : Log
+{
+    using Log::m_arrColumn;
+    using Log::m_arrColumnWidth;
+    using Log::m_nInfoTextLimit;
+};
+
+// What the tests of a class that is little more than its tables ask.
+template <class Log>
+class LogClassTest : public LogFixture<OpenLog<Log>>
 {
 protected:
+    using LogFixture<OpenLog<Log>>::m_log;
+    using LogFixture<OpenLog<Log>>::m_pane;
+
     // A line and the record that it becomes.
     struct Case
     {
@@ -29,48 +33,15 @@ protected:
         std::uint32_t image = 0;
     };
 
-    struct OpenLog : Log
-    {
-        using Log::m_arrColumn;
-        using Log::m_arrColumnWidth;
-        using Log::m_nInfoTextLimit;
-    };
-
-    LogClassTest() { m_log.SetInfoDialog(&m_pane); }
-
-    bool Takes(std::wstring_view line) { return m_log.PutRecode(line, CZPTLogBase::AnyLine); }
-
-    const LogRec& Put(std::wstring_view line)
-    {
-        if (!Takes(line))
-        {
-            throw std::runtime_error("the line was refused");
-        }
-        return *m_log.GetLogRecord(m_log.GetLogCount() - 1);
-    }
-
     void Expect(const std::vector<Case>& cases)
     {
         for (const Case& each : cases)
         {
             const std::string line(each.line.begin(), each.line.end());
-            const LogRec& record = Put(each.line);
+            const LogRec& record = this->Put(each.line);
             EXPECT_EQ(Texts(record.strData.begin(), record.strData.end()), each.fields) << line;
             EXPECT_EQ(record.nImage, each.image) << line;
         }
-    }
-
-    void Show(std::wstring_view line)
-    {
-        Put(line);
-        m_log.SetInfoLabel();
-        m_log.SetLogInfo(m_log.GetLogRecord(m_log.GetLogCount() - 1));
-    }
-
-    std::wstring Cell(const LogRec& record, int column, std::wstring before = L"before") const
-    {
-        m_log.GetColumnText(&record, before, column);
-        return before;
     }
 
     // What stands in a row of the list, and behind it what a column that is not there leaves.
@@ -79,21 +50,16 @@ protected:
         Texts cells;
         for (std::size_t column = 0; column <= m_log.m_arrColumn.size(); ++column)
         {
-            cells.push_back(Cell(record, static_cast<int>(column)));
+            cells.push_back(this->Cell(record, static_cast<int>(column)));
         }
         return cells;
-    }
-
-    int Up(const LogRec& first, const LogRec& second, int column) const
-    {
-        return m_log.m_pfnCompareUp(reinterpret_cast<LPARAM>(&first), reinterpret_cast<LPARAM>(&second), column);
     }
 
     // Whether the column sorts the first record before the second, in both directions.
     bool IsBefore(const LogRec& first, const LogRec& second, int column) const
     {
-        return Up(first, second, column) < 0 && Up(second, first, column) > 0 &&
-               m_log.m_pfnCompareDn(reinterpret_cast<LPARAM>(&first), reinterpret_cast<LPARAM>(&second), column) > 0;
+        return this->CompareUp(first, second, column) < 0 && this->CompareUp(second, first, column) > 0 &&
+               this->CompareDown(first, second, column) > 0;
     }
 
     // The columns by the numbers of their titles, with their widths.
@@ -120,23 +86,18 @@ protected:
 
     void ExpectExportLabels(const Texts& labels)
     {
-        const TemporaryFolder folder;
-        const std::wstring path = folder.File(L"labels.txt");
-        ExportStream stream;
-        ASSERT_TRUE(stream.Open(path) && m_log.WriteExportHeader(stream) && stream.Flush());
-        stream.Close();
         std::wstring line;
         for (const std::wstring& label : labels)
         {
             line += (line.empty() ? L"\"" : L"\t\"") + label + L"\"";
         }
-        EXPECT_EQ(ReadUtf16(path), line + L"\r\n");
+        EXPECT_EQ(this->LabelLine(), line + L"\r\n");
     }
 
     void ExpectNothingShownWithoutRecordOrPage(std::wstring_view line)
     {
         m_log.SetLogInfo(nullptr);
-        Put(line);
+        this->Put(line);
         m_log.SetInfoDialog(nullptr);
         m_log.SetLogInfo(m_log.GetLogRecord(0));
         EXPECT_TRUE(m_pane.IsUntouched());
@@ -149,8 +110,4 @@ protected:
         EXPECT_NE(std::erase(label, L':'), 0u) << "nothing to remove, so the test would say nothing";
         return label;
     }
-
-    const LanguageFile m_language;
-    OpenLog m_log;
-    InfoPaneDouble m_pane;
 };

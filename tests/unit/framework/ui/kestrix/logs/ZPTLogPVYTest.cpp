@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/logs/ZPTLogPVY.h"
 
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
+#include "tests/unit/framework/ui/kestrix/logs/reference/PrivacyReference.h"
 
 using ZPTLogPVYTest = LogClassTest<CZPTLogPVY>;
 
@@ -32,14 +33,14 @@ TEST_F(ZPTLogPVYTest, AnyOtherResultStandsAsItIsWithTheFirstIcon)
 
 TEST_F(ZPTLogPVYTest, ALineWithoutToken7IsRefused)
 {
-    EXPECT_FALSE(Takes(L"x|103015|2|x|s|0|item"));
-    EXPECT_FALSE(Takes(L"x|103015|1|x|s|0|item"));
+    EXPECT_FALSE(Accepts(L"x|103015|2|x|s|0|item"));
+    EXPECT_FALSE(Accepts(L"x|103015|1|x|s|0|item"));
 }
 
 // The next line brings its own kind and item; only a caller of MakeRecode can see what the one before left.
 TEST_F(ZPTLogPVYTest, KindAndItemAreKeptForTheWholeProcess)
 {
-    EXPECT_FALSE(Takes(L"x|103015|2|x|s|0|item"));
+    EXPECT_FALSE(Accepts(L"x|103015|2|x|s|0|item"));
     CZPTLogPVY other;
     LogRec record(std::pmr::new_delete_resource());
     other.MakeRecode(7, L"what", record);
@@ -83,4 +84,14 @@ TEST_F(ZPTLogPVYTest, WithoutARecordOrAPageNothingIsShown)
 TEST_F(ZPTLogPVYTest, TheExportHasFourLabels)
 {
     ExpectExportLabels({Text(432), Text(433), Text(38), WithoutColons(434)});
+}
+
+TEST_F(ZPTLogPVYTest, AHostileDay)
+{
+    ExpectHostileDay(m_log, PrivacyReference(),
+                     {.tokens = 8,
+                      .values = {{2, {L"1", L"2", L"3"}},
+                                 {5, {L"0", L"101", L"5"}},
+                                 {6, {L"a%Ib", L"50%%", L"%", L"%x"}},
+                                 {7, {L"c%I", L"%%"}}}});
 }

@@ -1,7 +1,8 @@
 #include "framework/ui/kestrix/logs/ZPTLogPhish.h"
 
-#include "resource/resource.h"
+#include "resource/WebAndTaskTexts.h"
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
+#include "tests/unit/framework/ui/kestrix/logs/reference/PhishingReference.h"
 
 using ZPTLogPhishTest = LogClassTest<CZPTLogPhish>;
 
@@ -24,7 +25,7 @@ TEST_F(ZPTLogPhishTest, TheKindIsReadAsHexadecimal)
     {
         EXPECT_EQ(Put(L"x|1030|x|" + std::wstring(kind) + L"|a|b|01|L1").Field(3), L"b") << kind;
     }
-    for (const wchar_t* const kind : {L"128", L"", L"z", L"-80", L"180", L"99999999999"})
+    for (const wchar_t* const kind : {L"128", L"", L"z", L"-80", L"180", L"99999999999", L"80\x0661"})
     {
         EXPECT_EQ(Put(L"x|1030|x|" + std::wstring(kind) + L"|a|b|01|L1").Field(2), L"b") << kind;
     }
@@ -52,8 +53,8 @@ TEST_F(ZPTLogPhishTest, EveryLevelHasItsTextAndWRIsShownAsL2)
 
 TEST_F(ZPTLogPhishTest, ALineWithoutToken7IsRefused)
 {
-    EXPECT_FALSE(Takes(L"x|1030|x|1|a|b|01"));
-    EXPECT_FALSE(Takes(L"x|1030|x|80|a|b|01"));
+    EXPECT_FALSE(Accepts(L"x|1030|x|1|a|b|01"));
+    EXPECT_FALSE(Accepts(L"x|1030|x|80|a|b|01"));
     EXPECT_EQ(m_log.GetLogCount(), 0u);
 }
 
@@ -85,7 +86,7 @@ TEST_F(ZPTLogPhishTest, TheTextOfACategoryIsEmptyWithoutARecordOrAPage)
 // Token 3 of the next line decides anew; only a caller of MakeRecode can see what the one before left.
 TEST_F(ZPTLogPhishTest, TheKindIsKeptForTheWholeProcess)
 {
-    EXPECT_FALSE(Takes(L"x|1030|x|80"));
+    EXPECT_FALSE(Accepts(L"x|1030|x|80"));
     CZPTLogPhish other;
     LogRec record(std::pmr::new_delete_resource());
     other.MakeRecode(4, L"a", record);
@@ -105,7 +106,7 @@ TEST_F(ZPTLogPhishTest, TheSecondColumnSortsByTheFirstAddressOfKind80AndTheOnlyO
     EXPECT_TRUE(IsBefore(dangerous, other, 0));
     EXPECT_TRUE(IsBefore(dangerous, other, 1));
     EXPECT_TRUE(IsBefore(other, dangerous, 3));
-    EXPECT_EQ(Up(dangerous, other, 6), 0);
+    EXPECT_EQ(CompareUp(dangerous, other, 6), 0);
 }
 
 TEST_F(ZPTLogPhishTest, TheFirstRowIsDrawnTallAndTheFourthHasTheLevel)
@@ -136,4 +137,13 @@ TEST_F(ZPTLogPhishTest, WithoutARecordOrAPageNothingIsShown)
 TEST_F(ZPTLogPhishTest, TheExportHasFiveLabels)
 {
     ExpectExportLabels({Text(376), Text(420), Text(355), WithoutColons(57), WithoutColons(1318)});
+}
+
+TEST_F(ZPTLogPhishTest, AHostileDay)
+{
+    ExpectHostileDay(m_log, PhishingReference(),
+                     {.tokens = 8,
+                      .values = {{3, {L"80", L"0x80", L"10", L"128", L" 80", L"-FFFFFF80"}},
+                                 {6, {L"01", L"97", L"99", L"42"}},
+                                 {7, {L"", L"L0", L"L1", L"L2", L"WR", L"L9"}}}});
 }

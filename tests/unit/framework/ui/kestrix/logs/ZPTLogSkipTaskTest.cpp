@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/logs/ZPTLogSkipTask.h"
 
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
+#include "tests/unit/framework/ui/kestrix/logs/reference/SkippedTaskReference.h"
 
 using ZPTLogSkipTaskTest = LogClassTest<CZPTLogSkipTask>;
 
@@ -16,10 +17,10 @@ TEST_F(ZPTLogSkipTaskTest, AnUnknownReasonRefusesTheLineAsAWhole)
 {
     for (const wchar_t* const reason : {L"3", L"-1", L"99999999999"})
     {
-        EXPECT_FALSE(Takes(L"x|x|x|103015|0|" + std::wstring(reason))) << reason;
-        EXPECT_FALSE(Takes(L"x|x|x|103015|0|" + std::wstring(reason) + L"|0")) << reason;
+        EXPECT_FALSE(Accepts(L"x|x|x|103015|0|" + std::wstring(reason))) << reason;
+        EXPECT_FALSE(Accepts(L"x|x|x|103015|0|" + std::wstring(reason) + L"|0")) << reason;
     }
-    EXPECT_FALSE(Takes(L"x|x|x|103015|0"));
+    EXPECT_FALSE(Accepts(L"x|x|x|103015|0"));
     EXPECT_EQ(m_log.GetLogCount(), 0u);
 }
 
@@ -39,7 +40,7 @@ TEST_F(ZPTLogSkipTaskTest, TheColumnsShowAndSortByTimeAndTask)
     EXPECT_EQ(Cells(first), (Texts{L"10:30", Text(221), L"before"}));
     EXPECT_TRUE(IsBefore(first, second, 0));
     EXPECT_TRUE(IsBefore(first, second, 1));
-    EXPECT_EQ(Up(first, second, 3), 0);
+    EXPECT_EQ(CompareUp(first, second, 3), 0);
 }
 
 TEST_F(ZPTLogSkipTaskTest, TheOneRowShowsTheReason)
@@ -58,4 +59,11 @@ TEST_F(ZPTLogSkipTaskTest, WithoutARecordOrAPageNothingIsShown)
 TEST_F(ZPTLogSkipTaskTest, TheExportHasThreeLabels)
 {
     ExpectExportLabels({Text(39), Text(227), WithoutColons(229)});
+}
+
+TEST_F(ZPTLogSkipTaskTest, AHostileDay)
+{
+    ExpectHostileDay(
+        m_log, SkippedTaskReference(),
+        {.tokens = 6, .values = {{4, {L"0", L"1", L"2", L"3"}}, {5, {L"0", L"1", L"2", L"0", L"1", L"2", L"3"}}}});
 }

@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/logs/ZPTLogTSC.h"
 
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
+#include "tests/unit/framework/ui/kestrix/logs/reference/CleanupReference.h"
 
 using ZPTLogTSCTest = LogClassTest<CZPTLogTSC>;
 
@@ -17,9 +18,9 @@ TEST_F(ZPTLogTSCTest, EveryResultHasItsTextAndIconAndResult2AnEmptySecondColumnA
 
 TEST_F(ZPTLogTSCTest, AProviderLineNeedsToken4AndAFileLineToken3)
 {
-    EXPECT_FALSE(Takes(L"x|103015|name|1"));
-    m_log.m_bUseDBMgr = false;
-    EXPECT_FALSE(Takes(L"x|103015|name"));
+    EXPECT_FALSE(Accepts(L"x|103015|name|1"));
+    UseFiles();
+    EXPECT_FALSE(Accepts(L"x|103015|name"));
     Expect({{L"x|103015|name|1", {L"10:30", L"name", Text(380), L""}, 0},
             {L"x|103015|name|0|detail", {L"10:30", L"name", Text(379), L"detail"}, 2}});
 }
@@ -39,7 +40,7 @@ TEST_F(ZPTLogTSCTest, TheColumnsSortByWhatTheyShowAndOthersByTheFieldOfTheirNumb
     EXPECT_TRUE(IsBefore(done, failed, 1));
     EXPECT_TRUE(IsBefore(failed, done, 2));
     EXPECT_TRUE(IsBefore(done, failed, 3));
-    EXPECT_EQ(Up(done, failed, 4), 0);
+    EXPECT_EQ(CompareUp(done, failed, 4), 0);
 }
 
 TEST_F(ZPTLogTSCTest, TheFirstRowShowsTheNameAsALinkWithoutToolTipAndTheSecondTheLastField)
@@ -56,7 +57,7 @@ TEST_F(ZPTLogTSCTest, TheFirstRowShowsTheNameAsALinkWithoutToolTipAndTheSecondTh
 
 TEST_F(ZPTLogTSCTest, OfAFileLineTheSecondRowStaysEmpty)
 {
-    m_log.m_bUseDBMgr = false;
+    UseFiles();
     Show(L"x|103015|name|0");
     EXPECT_TRUE(m_pane[1].isSet);
     EXPECT_EQ(m_pane[1].text, L"");
@@ -70,4 +71,15 @@ TEST_F(ZPTLogTSCTest, WithoutARecordOrAPageNothingIsShown)
 TEST_F(ZPTLogTSCTest, TheExportHasFourLabels)
 {
     ExpectExportLabels({Text(376), Text(81), Text(38), WithoutColons(89)});
+}
+
+TEST_F(ZPTLogTSCTest, AHostileDayOfTheDatabase)
+{
+    ExpectHostileDay(m_log, CleanupReference(true), {.tokens = 5, .values = {{3, {L"0", L"1", L"2"}}}});
+}
+
+TEST_F(ZPTLogTSCTest, AHostileDayOfAFile)
+{
+    UseFiles();
+    ExpectHostileDay(m_log, CleanupReference(false), {.tokens = 5, .values = {{3, {L"0", L"1", L"2"}}}});
 }

@@ -3,6 +3,7 @@
 #include "tests/support/CategoryService.h"
 #include "tests/support/TraceRecorder.h"
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
+#include "tests/unit/framework/ui/kestrix/logs/reference/UrlFilterReference.h"
 
 namespace
 {
@@ -66,7 +67,7 @@ TEST_F(ZPTLogURLTest, AnEmptyAddressIsThatOfTheLineBeforeInWhateverLog)
 {
     Put(L"x|1030|x|1F|Blocked|0|old|03");
     EXPECT_EQ(Put(L"x|1030|x|1F|Blocked|0||03").Field(3), L"old");
-    EXPECT_FALSE(Takes(L"x|1030|x|1F|Blocked|0|cut"));
+    EXPECT_FALSE(Accepts(L"x|1030|x|1F|Blocked|0|cut"));
     CZPTLogURL other;
     ASSERT_TRUE(other.PutRecode(L"x|1030|x|1F|Blocked|0||03", CZPTLogBase::AnyLine));
     EXPECT_EQ(other.GetLogText(0, 3), L"cut");
@@ -75,7 +76,7 @@ TEST_F(ZPTLogURLTest, AnEmptyAddressIsThatOfTheLineBeforeInWhateverLog)
 // The next line brings its own; only a caller of MakeRecode can see what the one before left.
 TEST_F(ZPTLogURLTest, ActionAndResultAreKeptForTheWholeProcess)
 {
-    EXPECT_FALSE(Takes(L"x|1030|x|1F|Warned|1|a"));
+    EXPECT_FALSE(Accepts(L"x|1030|x|1F|Warned|1|a"));
     CZPTLogURL other;
     LogRec record(std::pmr::new_delete_resource());
     other.MakeRecode(7, L"03", record);
@@ -85,7 +86,7 @@ TEST_F(ZPTLogURLTest, ActionAndResultAreKeptForTheWholeProcess)
 
 TEST_F(ZPTLogURLTest, ALineNeedsToken7AndTheTokenOfAProviderRecordAddsNothing)
 {
-    EXPECT_FALSE(Takes(L"x|1030|x|1F|Blocked|0|a"));
+    EXPECT_FALSE(Accepts(L"x|1030|x|1F|Blocked|0|a"));
     Expect({{L"x|1|x|1F|Blocked|0|a|03|end|more", {L"1:", L"Blocked", Text(422), L"a", L"Adult content"}}});
 }
 
@@ -101,7 +102,7 @@ TEST_F(ZPTLogURLTest, TheSecondColumnShowsTheActionAndIsSortedByTheResult)
     EXPECT_TRUE(IsBefore(first, second, 2));
     EXPECT_TRUE(IsBefore(second, first, 3));
     EXPECT_TRUE(IsBefore(first, second, 4)) << "by the category";
-    EXPECT_EQ(Up(first, second, 5), 0);
+    EXPECT_EQ(CompareUp(first, second, 5), 0);
 }
 
 TEST_F(ZPTLogURLTest, TheOneRowShowsTheCategory)
@@ -208,4 +209,16 @@ TEST_F(ZPTLogURLTest, TheGroupsBeforeOneThatCannotBeReadCount)
     m_service.AnswerGroupsAndOneOfNumbers({{L"1", L"one"}});
     EXPECT_EQ(CategoryOf(L"1"), L"one");
     EXPECT_EQ(CategoryOf(L"2"), Text(339));
+}
+
+TEST_F(ZPTLogURLTest, AHostileDay)
+{
+    CZPTLogURL before;
+    ASSERT_TRUE(before.PutRecode(L"||||||first|", CZPTLogBase::AnyLine));
+    LineShape shape{.tokens = 8, .values = {{5, {L"0", L"1", L"2"}}, {6, {L"", L"a", L"a%Ib", L"%%", L"%x", L"%"}}}};
+    for (const auto& [key, name] : m_service.Offered())
+    {
+        shape.values[7].push_back(key);
+    }
+    ExpectHostileDay(m_log, UrlFilterReference(m_service.Offered(), L"first"), shape);
 }

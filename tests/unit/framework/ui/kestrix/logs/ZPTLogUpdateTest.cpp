@@ -3,6 +3,7 @@
 #include "tests/support/TraceRecorder.h"
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
 #include "tests/unit/framework/ui/kestrix/logs/UpdateNumbers.h"
+#include "tests/unit/framework/ui/kestrix/logs/reference/UpdateReference.h"
 
 namespace
 {
@@ -102,14 +103,14 @@ TEST_F(ZPTLogUpdateTest, TextInANumberCountsAs0AndTokensBehindTheLastAreIgnored)
 
 TEST_F(ZPTLogUpdateTest, ALineWithoutToken7IsRefused)
 {
-    EXPECT_FALSE(Takes(L"x|1030|1|200|1|0|before"));
+    EXPECT_FALSE(Accepts(L"x|1030|1|200|1|0|before"));
     EXPECT_EQ(m_log.GetLogCount(), 0u);
 }
 
 // What the line left is seen by a caller of MakeRecode alone: the next line has a token 3 of its own.
 TEST_F(ZPTLogUpdateTest, ALineCutAfterToken3IsNoRecordAndLeavesItsEventForTheWholeProcess)
 {
-    EXPECT_FALSE(Takes(L"x|1030|2|201"));
+    EXPECT_FALSE(Accepts(L"x|1030|2|201"));
     CZPTLogUpdate other;
     LogRec record(std::pmr::new_delete_resource());
     other.MakeRecode(5, L"0", record);
@@ -148,7 +149,7 @@ TEST_F(ZPTLogUpdateTest, TheColumnsShowAndSortByTimeResultAndEvent)
     EXPECT_TRUE(IsBefore(first, second, 1));
     EXPECT_TRUE(IsBefore(second, first, 2));
     EXPECT_TRUE(IsBefore(second, first, 3));
-    EXPECT_EQ(Up(first, second, 5), 0);
+    EXPECT_EQ(CompareUp(first, second, 5), 0);
 }
 
 TEST_F(ZPTLogUpdateTest, TwoRowsShowTheVersionsWhole)
@@ -171,4 +172,20 @@ TEST_F(ZPTLogUpdateTest, WithoutARecordOrAPageNothingIsShown)
 TEST_F(ZPTLogUpdateTest, TheExportHasFiveLabels)
 {
     ExpectExportLabels({Text(591), Text(592), Text(593), Text(595), Text(596)});
+}
+
+TEST_F(ZPTLogUpdateTest, AHostileDay)
+{
+    LineShape shape{.tokens = 8,
+                    .values = {{2, {L"1", L"2", L"3", L"4", L"5", L"6", L"7", L"8"}},
+                               {4, {L"1", L"2", L"3", L"5", L"11", L"11", L"13"}}}};
+    for (const UpdateEvent& event : UpdateEvents)
+    {
+        shape.values[3].push_back(Number(event.code));
+    }
+    for (const UpdateErrors& errors : EngineErrors)
+    {
+        std::ranges::transform(errors.codes, std::back_inserter(shape.values[5]), &Number);
+    }
+    ExpectHostileDay(m_log, UpdateReference(), shape);
 }

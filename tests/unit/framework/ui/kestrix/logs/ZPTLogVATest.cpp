@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/logs/ZPTLogVA.h"
 
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
+#include "tests/unit/framework/ui/kestrix/logs/reference/VulnerabilityReference.h"
 
 using ZPTLogVATest = LogClassTest<CZPTLogVA>;
 
@@ -31,15 +32,15 @@ TEST_F(ZPTLogVATest, AnEmptyToken5ShowsThatThereIsNoSolution)
 
 TEST_F(ZPTLogVATest, ALineWithoutToken5IsRefused)
 {
-    EXPECT_FALSE(Takes(L"x|103015|x|0|0"));
-    EXPECT_FALSE(Takes(L"x"));
+    EXPECT_FALSE(Accepts(L"x|103015|x|0|0"));
+    EXPECT_FALSE(Accepts(L"x"));
     EXPECT_EQ(m_log.GetLogCount(), 0u);
 }
 
 // Token 2 of the next line decides anew; only a caller of MakeRecode can see what the one before left.
 TEST_F(ZPTLogVATest, WhetherTheNameIsEmptyIsKeptForTheWholeProcess)
 {
-    EXPECT_FALSE(Takes(L"x|103015|"));
+    EXPECT_FALSE(Accepts(L"x|103015|"));
     CZPTLogVA other;
     LogRec record(std::pmr::new_delete_resource());
     other.MakeRecode(3, L"0", record);
@@ -57,7 +58,7 @@ TEST_F(ZPTLogVATest, TheColumnsShowAndSortByTimeNameAndRisk)
     EXPECT_TRUE(IsBefore(second, first, 1));
     ASSERT_LT(Text(332), Text(333));
     EXPECT_TRUE(IsBefore(first, second, 2));
-    EXPECT_EQ(Up(first, second, 5), 0);
+    EXPECT_EQ(CompareUp(first, second, 5), 0);
 }
 
 TEST_F(ZPTLogVATest, TheOneRowShowsTheSecondCodeAsText)
@@ -77,4 +78,14 @@ TEST_F(ZPTLogVATest, WithoutARecordOrAPageNothingIsShown)
 TEST_F(ZPTLogVATest, TheExportHasFiveLabels)
 {
     ExpectExportLabels({Text(39), Text(589), Text(330), Text(346), Text(590)});
+}
+
+TEST_F(ZPTLogVATest, AHostileDay)
+{
+    ExpectHostileDay(m_log, VulnerabilityReference(),
+                     {.tokens = 6,
+                      .values = {{2, {L"", L"name", L"name"}},
+                                 {3, {L"0", L"1", L"2", L"3", L"4", L"5"}},
+                                 {4, {L"0", L"1", L"2", L"3"}},
+                                 {5, {L"", L"solution"}}}});
 }
