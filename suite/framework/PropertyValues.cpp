@@ -1,7 +1,5 @@
 #include "suite/framework/PropertyValues.h"
 
-#include "suite/samples/UrlCategories.h"
-
 #include <wininet.h>
 
 namespace Framework
@@ -12,16 +10,6 @@ namespace
 
 constexpr ValueKey CategoryGroups{3, 2};
 constexpr ValueKey Connection{39, 4};
-
-List Categories()
-{
-    List groups;
-    for (const Samples::UrlCategory& category : Samples::UrlCategories)
-    {
-        groups.push_back(List{std::wstring(category.key), std::wstring(category.name)});
-    }
-    return groups;
-}
 
 } // namespace
 
@@ -35,7 +23,7 @@ HRESULT PropertyValues::Query(const ValueKey& key, List& list) const
 {
     if (key == CategoryGroups)
     {
-        list.assign(1, Categories());
+        list.assign(1, m_categories.Groups());
         return Success;
     }
     if (key == Connection)

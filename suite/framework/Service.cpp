@@ -31,7 +31,12 @@ std::optional<std::uint32_t> FirstNumber(const std::optional<List>& list)
 } // namespace
 
 Service::Service(ObjectTable& objects, ValueStore& store, EventLogs& logs, const Calendar& calendar)
-    : m_objects(objects), m_store(store), m_logs(logs), m_calendar(calendar), m_profile(store)
+    : m_objects(objects),
+      m_store(store),
+      m_logs(logs),
+      m_calendar(calendar),
+      m_profile(store),
+      m_property(store.Folder())
 {
 }
 

@@ -21,6 +21,8 @@ public:
     // Throws std::system_error when there is a file that cannot be read.
     explicit ValueStore(std::filesystem::path folder);
 
+    const std::filesystem::path& Folder() const { return m_folder; }
+
     // Nothing when the value was never kept.
     std::optional<List> Get(const ValueKey& key) const;
 

@@ -1,6 +1,7 @@
 #include "suite/framework/PropertyValues.h"
 
 #include "suite/samples/UrlCategories.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -23,13 +24,14 @@ List Get(const PropertyValues& values, const ValueKey& key)
 
 TEST(PropertyValuesTest, TheConnectionIsWhatTheSystemSays)
 {
-    EXPECT_EQ(Get(PropertyValues([] { return true; }), Connection), (List{true}));
-    EXPECT_EQ(Get(PropertyValues([] { return false; }), Connection), (List{false}));
+    EXPECT_EQ(Get(PropertyValues({}, [] { return true; }), Connection), (List{true}));
+    EXPECT_EQ(Get(PropertyValues({}, [] { return false; }), Connection), (List{false}));
 }
 
 TEST(PropertyValuesTest, TheCategoryGroupsAreThoseOfTheSampleLogs)
 {
-    const List list = Get(PropertyValues(), Categories);
+    const TemporaryFolder folder;
+    const List list = Get(PropertyValues(folder.Path()), Categories);
     ASSERT_EQ(list.size(), 1u);
     const List& groups = std::get<List>(list[0]);
     ASSERT_EQ(groups.size(), std::size(Samples::UrlCategories));
@@ -42,7 +44,7 @@ TEST(PropertyValuesTest, TheCategoryGroupsAreThoseOfTheSampleLogs)
 
 TEST(PropertyValuesTest, NothingCanBeSetAndOtherTypesAreUnknown)
 {
-    PropertyValues values;
+    PropertyValues values({});
     EXPECT_EQ(values.Set(Connection, {true}), E_ACCESSDENIED);
     EXPECT_EQ(values.Set(Categories, {List()}), E_ACCESSDENIED);
     EXPECT_EQ(values.Set({39, 3}, {true}), Unknown);
