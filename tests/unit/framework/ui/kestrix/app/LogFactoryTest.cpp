@@ -1,4 +1,12 @@
 #include "framework/ui/kestrix/app/LogFactory.h"
+#include "framework/ui/kestrix/logs/ZPTLogPVY.h"
+#include "framework/ui/kestrix/logs/ZPTLogPhish.h"
+#include "framework/ui/kestrix/logs/ZPTLogScan.h"
+#include "framework/ui/kestrix/logs/ZPTLogSkipTask.h"
+#include "framework/ui/kestrix/logs/ZPTLogTSC.h"
+#include "framework/ui/kestrix/logs/ZPTLogURL.h"
+#include "framework/ui/kestrix/logs/ZPTLogUpdate.h"
+#include "framework/ui/kestrix/logs/ZPTLogVA.h"
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
 #include "tests/support/LanguageFile.h"
 
@@ -6,6 +14,12 @@
 
 namespace
 {
+
+template <class Log>
+bool Makes(std::uint32_t type)
+{
+    return dynamic_cast<Log*>(CreateLog(type).get()) != nullptr;
+}
 
 TEST(LogFactory, TypesFourAndTenAndThoseAboveTheLastHaveNoClass)
 {
@@ -18,7 +32,15 @@ TEST(LogFactory, TypesFourAndTenAndThoseAboveTheLastHaveNoClass)
 TEST(LogFactory, EachClassIsMadeForItsOwnType)
 {
     const LanguageFile language;
-    EXPECT_NE(dynamic_cast<CZPTLogVir*>(CreateLog(LogTypeVirus).get()), nullptr);
+    EXPECT_TRUE(Makes<CZPTLogVir>(LogTypeVirus));
+    EXPECT_TRUE(Makes<CZPTLogUpdate>(LogTypeUpdate));
+    EXPECT_TRUE(Makes<CZPTLogURL>(LogTypeUrlFilter));
+    EXPECT_TRUE(Makes<CZPTLogTSC>(LogTypeTsc));
+    EXPECT_TRUE(Makes<CZPTLogPVY>(LogTypePrivacy));
+    EXPECT_TRUE(Makes<CZPTLogPhish>(LogTypePhishing));
+    EXPECT_TRUE(Makes<CZPTLogVA>(LogTypeVa));
+    EXPECT_TRUE(Makes<CZPTLogScan>(LogTypeScan));
+    EXPECT_TRUE(Makes<CZPTLogSkipTask>(LogTypeSkippedTask));
 }
 
 } // namespace
