@@ -119,6 +119,16 @@ TEST_F(ZPTLogUpdateTest, ALineCutAfterToken3IsNoRecordAndLeavesItsEventForTheWho
     EXPECT_EQ(EventOf(1, 200), Text(622));
 }
 
+TEST_F(ZPTLogUpdateTest, TheGroupOfALineIsKeptByItsOwnLogAlone)
+{
+    EXPECT_FALSE(Accepts(L"x|1030|2"));
+    CZPTLogUpdate other;
+    LogRec record(std::pmr::new_delete_resource());
+    other.MakeRecode(3, L"201", record);
+    other.MakeRecode(5, L"0", record);
+    EXPECT_EQ(record.Field(0), L"");
+}
+
 TEST_F(ZPTLogUpdateTest, BothErrorTextsAreTracedWithTheirCode)
 {
     const TraceRecorder trace;
