@@ -5,9 +5,12 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <system_error>
+#include <utility>
 
 namespace Framework
 {
@@ -63,11 +66,15 @@ std::string DefaultText()
 bool MakeFile(const std::filesystem::path& path)
 {
     const bool isMade = static_cast<bool>(std::ofstream(path, std::ios::binary) << DefaultText() << std::flush);
-    std::error_code ignored;
-    return isMade || (std::filesystem::remove(path, ignored), false);
+    if (!isMade)
+    {
+        std::error_code ignored;
+        std::filesystem::remove(path, ignored);
+    }
+    return isMade;
 }
 
-std::optional<std::string> ReadFile(const std::filesystem::path& path)
+std::optional<std::string> ReadWhole(const std::filesystem::path& path)
 {
     std::ifstream file(path, std::ios::binary);
     if (!file)
@@ -105,18 +112,13 @@ List CategoryFile::Groups() const
     const std::lock_guard guard(m_mutex);
     std::error_code error;
     const bool isMissing = !std::filesystem::exists(m_path, error) && !error;
-    if (isMissing && !MakeFile(m_path))
-    {
-        Trace("The list of URL categories cannot be made; that of the sample logs holds.");
-    }
-    else if (const std::optional<std::string> text = ReadFile(m_path))
+    const std::optional<std::string> text =
+        !isMissing || MakeFile(m_path) ? ReadWhole(m_path) : std::optional<std::string>();
+    if (text)
     {
         return ParseCategories(*text);
     }
-    else
-    {
-        Trace("The list of URL categories cannot be read; that of the sample logs holds.");
-    }
+    Trace("The list of URL categories can be neither made nor read; that of the sample logs holds.");
     return ParseCategories(DefaultText());
 }
 

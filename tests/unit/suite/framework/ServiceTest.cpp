@@ -112,3 +112,11 @@ TEST_F(ServiceTest, TheScheduledPurgeFollowsTheSettingsOfTheMoment)
     EXPECT_EQ(m_service.Profile().Set({113, 2}, {60u, 1u}), Success);
     EXPECT_EQ(ScheduledPurge(), 20260920u);
 }
+
+TEST_F(ServiceTest, TheCategoryGroupsOfTheUrlFilterLieBesideTheKeptValues)
+{
+    WriteBytes(m_folder.File(CategoryFile::FileName), "1 = one\n");
+    List list;
+    EXPECT_EQ(m_service.Property().Query({3, 2}, list), Success);
+    EXPECT_EQ(list, (List{List{List{std::wstring(L"1"), std::wstring(L"one")}}}));
+}
