@@ -8,6 +8,7 @@
 #include "framework/ui/kestrix/logs/ZPTLogUpdate.h"
 #include "framework/ui/kestrix/logs/ZPTLogVA.h"
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
+#include "tests/support/CategoryService.h"
 #include "tests/support/LanguageFile.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +22,12 @@ bool Makes(std::uint32_t type)
     return dynamic_cast<Log*>(CreateLog(type).get()) != nullptr;
 }
 
-TEST(LogFactory, TypesFourAndTenAndThoseAboveTheLastHaveNoClass)
+// The log of the URL filter asks the service.
+class LogFactory : private WithCategoryService, public ::testing::Test
+{
+};
+
+TEST_F(LogFactory, TypesFourAndTenAndThoseAboveTheLastHaveNoClass)
 {
     for (const std::uint32_t type : {4u, 10u, 15u, 16u, 0xFFFFFFFFu})
     {
@@ -29,7 +35,7 @@ TEST(LogFactory, TypesFourAndTenAndThoseAboveTheLastHaveNoClass)
     }
 }
 
-TEST(LogFactory, EachClassIsMadeForItsOwnType)
+TEST_F(LogFactory, EachClassIsMadeForItsOwnType)
 {
     const LanguageFile language;
     EXPECT_TRUE(Makes<CZPTLogVir>(LogTypeVirus));
