@@ -23,6 +23,17 @@ constexpr UINT InBold[] = {
 
 constexpr int TallRows = 3;
 
+constexpr UINT OneLine = DT_SINGLELINE | DT_NOPREFIX | DT_EXTERNALLEADING;
+constexpr int WipingBlanks = 64;
+
+// Draws a text with the font of a control onto its surface, in a rectangle in its coordinates.
+void DrawOnto(const CWindow& control, const std::wstring& text, RECT rectangle, UINT format)
+{
+    const CClientDC dc(control);
+    const CSelectObject font(dc, reinterpret_cast<HFONT>(control.SendMessage(WM_GETFONT)));
+    ::DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &rectangle, format);
+}
+
 } // namespace
 
 std::span<const UINT> CDetailPane::BoldControls()
@@ -177,6 +188,37 @@ void CDetailPane::SetInfoLink(const std::wstring& text, const std::wstring& tool
     Set(IDC_INFO_VALUE_0_LINK, text, toolTip);
     Show(IDC_INFO_VALUE_0_TEXT, false);
     Show(IDC_INFO_VALUE_0_LINK, true);
+}
+
+// The text is set as well, since a drawn one goes with the next painting and is no text for a screen reader.
+void CDetailPane::DrawInfoText(std::size_t row, const std::wstring& text, const std::wstring& toolTip)
+{
+    Set(InfoValues[row], text, toolTip);
+    const CWindow value = Item(InfoValues[row]);
+    ::UpdateWindow(value);
+    DrawOnto(value, std::wstring(WipingBlanks, L' '), value.GetClientRect(), OneLine);
+    DrawOnto(value, text, value.GetClientRect(), OneLine | DT_WORD_ELLIPSIS);
+}
+
+void CDetailPane::DrawTallInfo(const std::wstring& text, int pixels)
+{
+    Show(IDC_INFO_VALUE_0_LINK, false);
+    const CWindow value = Item(IDC_INFO_VALUE_0_TEXT);
+    ::UpdateWindow(value);
+    RECT rectangle = value.GetClientRect();
+    rectangle.bottom += pixels;
+    DrawOnto(value, text, rectangle, DT_WORDBREAK);
+    Set(IDC_INFO_VALUE_0_TEXT, text, {});
+}
+
+void CDetailPane::ShowAllowRule(bool show)
+{
+    Show(IDC_ALLOW, show);
+    Show(IDC_ALLOW_LABEL, show);
+    if (show)
+    {
+        Item(IDC_ALLOW).EnableWindow();
+    }
 }
 
 void CDetailPane::Set(UINT control, const std::wstring& text, const std::wstring& toolTip)

@@ -50,6 +50,9 @@ public:
     void SetInfoRow(std::size_t row, const std::wstring& caption, bool visible) override;
     void SetInfoText(std::size_t row, const std::wstring& text, const std::wstring& toolTip) override;
     void SetInfoLink(const std::wstring& text, const std::wstring& toolTip) override;
+    void DrawInfoText(std::size_t row, const std::wstring& text, const std::wstring& toolTip) override;
+    void DrawTallInfo(const std::wstring& text, int pixels) override;
+    void ShowAllowRule(bool show) override;
 
 private:
     CWindow Item(UINT control) const { return CWindow(m_page.GetDlgItem(static_cast<int>(control))); }

@@ -211,3 +211,73 @@ TEST_F(DetailPaneTest, ARuleThatIsMadeCannotBeMadeAgain)
     m_pane.DisableAllow();
     EXPECT_FALSE(m_window.Item(IDC_ALLOW).IsWindowEnabled());
 }
+
+namespace
+{
+
+// The number of pixels of a control that are not white.
+int InkOf(const CWindow& control)
+{
+    const CClientDC dc(control);
+    const RECT area = control.GetClientRect();
+    int ink = 0;
+    for (int y = 0; y < area.bottom; ++y)
+    {
+        for (int x = 0; x < area.right; ++x)
+        {
+            ink += ::GetPixel(dc, x, y) != RGB(255, 255, 255) ? 1 : 0;
+        }
+    }
+    return ink;
+}
+
+// Paints a control white, as if it had no text.
+void Whiten(const CWindow& control)
+{
+    const CClientDC dc(control);
+    FillSolidRect(dc, control.GetClientRect(), RGB(255, 255, 255));
+}
+
+} // namespace
+
+TEST_F(DetailPaneTest, ADrawnValueIsTheTextOfItsControlToo)
+{
+    m_pane.DrawInfoText(1, L"shown", L"the whole of it");
+    EXPECT_EQ(TextOf(IDC_INFO_VALUE_1), L"shown");
+    EXPECT_EQ(TipOf(IDC_INFO_VALUE_1), L"the whole of it");
+}
+
+TEST_F(DetailPaneTest, ADrawnValueStandsOnItsControlAndWipesWhatWasDrawnBefore)
+{
+    const CWindow value = m_window.Item(IDC_INFO_VALUE_1);
+    m_pane.DrawInfoText(1, L"a long text that fills the line", {});
+    Whiten(value);
+    m_pane.DrawInfoText(1, L"a long text that fills the line", {});
+    const int much = InkOf(value);
+    EXPECT_GT(much, 0);
+    m_pane.DrawInfoText(1, L"i", {});
+    EXPECT_GT(InkOf(value), 0);
+    EXPECT_LT(InkOf(value), much);
+}
+
+TEST_F(DetailPaneTest, ATallValueIsDrawnAndSetAndTheLinkIsHidden)
+{
+    m_pane.SetKind(TallKind);
+    m_pane.DrawTallInfo(L"several words that do not fit into a single line of this control", 220);
+    EXPECT_EQ(TextOf(IDC_INFO_VALUE_0_TEXT), L"several words that do not fit into a single line of this control");
+    EXPECT_FALSE(ShowsLink());
+    EXPECT_TRUE(ShowsText());
+    EXPECT_GT(InkOf(m_window.Item(IDC_INFO_VALUE_0_TEXT)), 0);
+}
+
+TEST_F(DetailPaneTest, TheAllowButtonIsShownEnabledWithItsCaptionAndHiddenWithIt)
+{
+    m_pane.DisableAllow();
+    m_pane.ShowAllowRule(true);
+    EXPECT_TRUE(m_window.Shows(IDC_ALLOW));
+    EXPECT_TRUE(m_window.Shows(IDC_ALLOW_LABEL));
+    EXPECT_TRUE(m_window.Item(IDC_ALLOW).IsWindowEnabled());
+    m_pane.ShowAllowRule(false);
+    EXPECT_FALSE(m_window.Shows(IDC_ALLOW));
+    EXPECT_FALSE(m_window.Shows(IDC_ALLOW_LABEL));
+}
