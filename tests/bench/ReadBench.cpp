@@ -82,8 +82,8 @@ void ReadWithHeapBlocks(const std::wstring& path, HeapRecords& records)
         auto record = std::make_unique<HeapRecord>();
         record->nImage = std::stoul(tokens[9]) == 1 ? 1 : 2;
         record->strData = {tokens[1].substr(0, 2) + L":" + tokens[1].substr(2, 2),
-                           LoadText(IDS_VIRUS_SOURCE_REAL_TIME),
-                           LoadText(IDS_VIRUS_TYPE_0),
+                           LoadText(IDS_SOURCE_REAL_TIME),
+                           LoadText(IDS_TYPE_0),
                            tokens[6],
                            tokens[7],
                            LoadText(IDS_ACTION_QUARANTINED),

@@ -2,6 +2,7 @@
 
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "framework/ui/kestrix/logs/ColumnOrder.h"
+#include "framework/ui/kestrix/logs/ThreatSources.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
 #include "framework/ui/kestrix/logs/ZPTLogVirCodes.h"
 #include "resource/resource.h"
@@ -108,11 +109,11 @@ void CZPTLogVir::MakeRecode(std::size_t index, std::wstring_view token, LogRec& 
         return;
     case 2:
         m_nSource = s_nSource = CodeOf(token);
-        record.AppendLasting(VirusCodes::SourceText(s_nSource));
+        record.AppendLasting(ThreatSources::SourceText(s_nSource));
         return;
     default:
-        return VirusCodes::IsProxySource(s_nSource) ? MakeRecodeProxy(index, token, record)
-                                                    : MakeRecodeScan(index, token, record);
+        return ThreatSources::IsProxy(s_nSource) ? MakeRecodeProxy(index, token, record)
+                                                 : MakeRecodeScan(index, token, record);
     }
 }
 
@@ -127,7 +128,7 @@ void CZPTLogVir::MakeRecodeProxy(std::size_t index, std::wstring_view token, Log
     case 5:
         m_nToken5 = CodeOf(token);
         Unescape(token, s_strText2);
-        record.AppendLasting(VirusCodes::TypeText({s_nSource, m_nToken5}));
+        record.AppendLasting(ThreatSources::TypeText(s_nSource, m_nToken5));
         return;
     case 6:
         Unescape(token, s_strText3);
@@ -160,7 +161,7 @@ void CZPTLogVir::MakeRecodeScan(std::size_t index, std::wstring_view token, LogR
         return;
     case 5:
         m_nToken5 = CodeOf(token);
-        record.AppendLasting(VirusCodes::TypeText({s_nSource, m_nToken5}));
+        record.AppendLasting(ThreatSources::TypeText(s_nSource, m_nToken5));
         return;
     case 6:
     case 7:

@@ -1,5 +1,6 @@
 #include "framework/ui/kestrix/logs/ZPTLogVirCodes.h"
 
+#include "framework/ui/kestrix/logs/ThreatSources.h"
 #include "platform/dialog/ModuleState.h"
 #include "resource/resource.h"
 
@@ -12,36 +13,6 @@ namespace VirusCodes
 
 namespace
 {
-
-constexpr std::wstring_view NoText = L"  "; // what unknown codes show
-
-enum Source : std::uint32_t
-{
-    SourceMailIn = 1,
-    SourceMailOut = 2,
-    SourceWeb = 3,
-    SourceRealTime = 0x100000,
-    SourceManual = 0x100001,
-    SourceScheduled = 0x100003,
-};
-
-struct SourceRow
-{
-    std::uint32_t source;
-    UINT text;
-    UINT typeOfValue0; // the type of the object by the value of token 5
-    UINT typeOfValue1;
-    UINT typeOfOthers; // 0: no text
-};
-
-constexpr SourceRow Sources[] = {
-    {SourceMailIn, IDS_VIRUS_SOURCE_MAIL_IN, IDS_VIRUS_TYPE_MAIL, IDS_VIRUS_TYPE_MAIL, IDS_VIRUS_TYPE_MAIL},
-    {SourceMailOut, IDS_VIRUS_SOURCE_MAIL_OUT, IDS_VIRUS_TYPE_MAIL, IDS_VIRUS_TYPE_MAIL, IDS_VIRUS_TYPE_MAIL},
-    {SourceWeb, IDS_VIRUS_SOURCE_WEB, IDS_VIRUS_TYPE_WEB, IDS_VIRUS_TYPE_WEB, IDS_VIRUS_TYPE_WEB},
-    {SourceRealTime, IDS_VIRUS_SOURCE_REAL_TIME, IDS_VIRUS_TYPE_0, IDS_VIRUS_TYPE_1, 0},
-    {SourceManual, IDS_VIRUS_SOURCE_MANUAL, IDS_VIRUS_TYPE_0, IDS_VIRUS_TYPE_1, 0},
-    {SourceScheduled, IDS_VIRUS_SOURCE_SCHEDULED, IDS_VIRUS_TYPE_0, IDS_VIRUS_TYPE_1, 0},
-};
 
 constexpr UINT CleanText = 0; // stands in a table for the text of "nothing had to be done", see CleanTextOf
 
@@ -79,8 +50,8 @@ constexpr std::uint32_t ResultDone = 1;
 
 UINT CleanTextOf(const Event& event)
 {
-    return event.source == SourceRealTime && event.type != 2 && event.type != 4 ? IDS_ACTION_NOT_REQUIRED
-                                                                                : IDS_ACTION_NONE;
+    return event.source == ThreatSources::RealTime && event.type != 2 && event.type != 4 ? IDS_ACTION_NOT_REQUIRED
+                                                                                         : IDS_ACTION_NONE;
 }
 
 Outcome OutcomeOf(std::span<const ActionRow> table, const Event& event, std::uint32_t action, std::uint32_t result)
@@ -96,28 +67,6 @@ Outcome OutcomeOf(std::span<const ActionRow> table, const Event& event, std::uin
 }
 
 } // namespace
-
-bool IsProxySource(std::uint32_t source)
-{
-    return source == SourceMailIn || source == SourceMailOut || source == SourceWeb;
-}
-
-std::wstring_view SourceText(std::uint32_t source)
-{
-    const auto row = std::ranges::find(Sources, source, &SourceRow::source);
-    return row == std::end(Sources) ? NoText : std::wstring_view(LoadText(row->text));
-}
-
-std::wstring_view TypeText(const Event& event)
-{
-    const auto row = std::ranges::find(Sources, event.source, &SourceRow::source);
-    if (row == std::end(Sources))
-    {
-        return NoText;
-    }
-    const UINT text = event.type == 0 ? row->typeOfValue0 : event.type == 1 ? row->typeOfValue1 : row->typeOfOthers;
-    return text == 0 ? NoText : std::wstring_view(LoadText(text));
-}
 
 Outcome FirstOutcome(const Event& event, std::uint32_t action, std::uint32_t result)
 {

@@ -22,13 +22,6 @@ struct Outcome
     std::uint32_t image;
 };
 
-// Whether the source writes lines of the proxy form.
-bool IsProxySource(std::uint32_t source);
-
-// Two blanks for a source or a type that is not known.
-std::wstring_view SourceText(std::uint32_t source);
-std::wstring_view TypeText(const Event& event);
-
 Outcome FirstOutcome(const Event& event, std::uint32_t action, std::uint32_t result);
 Outcome SecondOutcome(const Event& event, std::uint32_t action, std::uint32_t result);
 
