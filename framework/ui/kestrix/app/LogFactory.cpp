@@ -8,6 +8,7 @@
 #include "framework/ui/kestrix/logs/ZPTLogURL.h"
 #include "framework/ui/kestrix/logs/ZPTLogUpdate.h"
 #include "framework/ui/kestrix/logs/ZPTLogVA.h"
+#include "framework/ui/kestrix/logs/ZPTLogVST.h"
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
 
 #include <algorithm>
@@ -38,6 +39,7 @@ constexpr LogClass Classes[] = {
     {LogTypeVa, &Create<CZPTLogVA>},
     {LogTypeScan, &Create<CZPTLogScan>},
     {LogTypeSkippedTask, &Create<CZPTLogSkipTask>},
+    {LogTypeVst, &Create<CZPTLogVST>},
 };
 
 } // namespace

@@ -19,10 +19,11 @@ std::uint32_t CodeOf(std::wstring_view token)
     return static_cast<std::uint32_t>(VdCommon::WideToInteger(token));
 }
 
-void Unescape(std::wstring_view token, std::wstring& text)
+void Unescape(std::wstring_view token, std::wstring& text, std::size_t characters)
 {
     text.clear();
     VdCommon::DelimiterChanger().Decode(text, token);
+    text.resize(std::min(text.size(), characters));
 }
 
 std::wstring_view Bounded(std::wstring_view token, std::size_t characters)

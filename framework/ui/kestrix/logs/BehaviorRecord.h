@@ -1,0 +1,14 @@
+#pragma once
+
+#include "framework/ui/kestrix/logs/LogRec.h"
+
+// The record form of the behavior monitor, in which it tells what a program tried to change, and what records of other
+// forms in the same logs share with it.
+
+inline constexpr std::uint32_t BehaviorSource = 0x10000000;
+
+// Appends what the token of the source means, and returns the source's code.
+std::uint32_t AppendSource(std::wstring_view token, LogRec& record);
+
+// Appends what one of the tokens 3 to 13 means. Returns whether it is the one that a record of a daily file ends with.
+bool AppendBehaviorToken(std::size_t index, std::wstring_view token, LogRec& record);
