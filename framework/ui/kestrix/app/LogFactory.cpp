@@ -4,6 +4,7 @@
 #include "framework/ui/kestrix/logs/ZPTLogPhish.h"
 #include "framework/ui/kestrix/logs/ZPTLogScan.h"
 #include "framework/ui/kestrix/logs/ZPTLogSkipTask.h"
+#include "framework/ui/kestrix/logs/ZPTLogSpyware.h"
 #include "framework/ui/kestrix/logs/ZPTLogTSC.h"
 #include "framework/ui/kestrix/logs/ZPTLogURL.h"
 #include "framework/ui/kestrix/logs/ZPTLogUpdate.h"
@@ -39,6 +40,7 @@ constexpr LogClass Classes[] = {
     {LogTypeVa, &Create<CZPTLogVA>},
     {LogTypeScan, &Create<CZPTLogScan>},
     {LogTypeSkippedTask, &Create<CZPTLogSkipTask>},
+    {LogTypeSpyware, &Create<CZPTLogSpyware>},
     {LogTypeVst, &Create<CZPTLogVST>},
 };
 
