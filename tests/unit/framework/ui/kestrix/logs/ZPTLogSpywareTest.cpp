@@ -2,7 +2,7 @@
 
 #include "framework/ui/kestrix/logs/ZPTLogSpyware.h"
 
-#include "tests/support/ExportHeader.h"
+#include "tests/support/HeaderOf.h"
 #include "tests/support/LogFixture.h"
 
 #include <vector>
@@ -353,6 +353,6 @@ TEST_F(ZPTLogSpywareTest, TheExportHasALabelForEachOfTenFields)
     std::wstring detail = Text(89);
     ASSERT_NE(detail.find(L':'), detail.npos) << "nothing to remove, so the test would say nothing";
     std::erase(detail, L':');
-    EXPECT_EQ(ExportHeader(m_log), HeaderOf({Text(180), Text(294), Text(81), Text(577), Text(599), Text(298), Text(81),
-                                             Text(183), Text(194), detail}));
+    EXPECT_EQ(LabelLine(), HeaderOf({Text(180), Text(294), Text(81), Text(577), Text(599), Text(298), Text(81),
+                                     Text(183), Text(194), detail}));
 }

@@ -1,6 +1,6 @@
 #include "framework/ui/kestrix/logs/ZPTLogVST.h"
 
-#include "tests/support/ExportHeader.h"
+#include "tests/support/HeaderOf.h"
 #include "tests/support/LogFixture.h"
 
 namespace
@@ -215,5 +215,5 @@ TEST_F(ZPTLogVSTTest, AKindThatIsNoneAndAnEmptyItemAreShownAsNotAvailable)
 
 TEST_F(ZPTLogVSTTest, TheExportHasALabelForEachOfNineFields)
 {
-    EXPECT_EQ(ExportHeader(m_log), HeaderOfTexts({432, 294, 580, 581, 172, 385, 582, 583, 584}));
+    EXPECT_EQ(LabelLine(), HeaderOfTexts({432, 294, 580, 581, 172, 385, 582, 583, 584}));
 }
