@@ -1,5 +1,6 @@
 #include "framework/ui/kestrix/app/LogFactory.h"
 
+#include "framework/ui/kestrix/logs/ZPTLogPFW.h"
 #include "framework/ui/kestrix/logs/ZPTLogPVY.h"
 #include "framework/ui/kestrix/logs/ZPTLogPhish.h"
 #include "framework/ui/kestrix/logs/ZPTLogScan.h"
@@ -40,6 +41,7 @@ constexpr LogClass Classes[] = {
     {LogTypeVa, &Create<CZPTLogVA>},
     {LogTypeScan, &Create<CZPTLogScan>},
     {LogTypeSkippedTask, &Create<CZPTLogSkipTask>},
+    {LogTypeFirewall, &Create<CZPTLogPFW>},
     {LogTypeSpyware, &Create<CZPTLogSpyware>},
     {LogTypeVst, &Create<CZPTLogVST>},
 };

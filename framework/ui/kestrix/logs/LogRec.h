@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory_resource>
+#include <new>
 #include <string_view>
 #include <vector>
 
@@ -36,3 +37,10 @@ struct LogRec
     // A copy of the text that lives as long as the record.
     std::wstring_view Keep(std::wstring_view text) const;
 };
+
+// A record of a class in the memory, with which it ends.
+template <class Record>
+Record* MakeRecord(std::pmr::memory_resource* memory)
+{
+    return new (memory->allocate(sizeof(Record), alignof(Record))) Record(memory);
+}

@@ -147,6 +147,10 @@ protected:
     // outlive the log.
     void Setup(const LogLayout& layout);
 
+    // Makes an empty record in the memory. A class that keeps more beside the fields makes records of its own class,
+    // and finds them again in its operations.
+    virtual LogRec* NewRecord(std::pmr::memory_resource* memory) const;
+
     // The plain compare pair: the field numbered as the column, by code units.
     static int CALLBACK CompareFuncUp(LPARAM first, LPARAM second, LPARAM column);
     static int CALLBACK CompareFuncDn(LPARAM first, LPARAM second, LPARAM column);

@@ -144,9 +144,7 @@ bool CZPTLogBase::PutRecode(std::wstring_view line, int kind)
     LogRec* record = nullptr;
     try
     {
-        std::pmr::polymorphic_allocator<LogRec> memory(&m_Memory);
-        record = memory.allocate(1);
-        new (record) LogRec(&m_Memory);
+        record = NewRecord(&m_Memory);
         record->strData.reserve(m_nFieldCount);
     }
     catch (const std::bad_alloc&)
@@ -170,6 +168,11 @@ bool CZPTLogBase::PutRecode(std::wstring_view line, int kind)
     }
     VD_TRACE(Flow, L"[Leave]CZPTLogBase::PutRecode()...");
     return true;
+}
+
+LogRec* CZPTLogBase::NewRecord(std::pmr::memory_resource* memory) const
+{
+    return MakeRecord<LogRec>(memory);
 }
 
 bool CZPTLogBase::ParseRecord(LogRec& record, std::wstring_view line, int kind)
