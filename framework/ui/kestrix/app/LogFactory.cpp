@@ -6,6 +6,7 @@
 #include "framework/ui/kestrix/logs/ZPTLogScan.h"
 #include "framework/ui/kestrix/logs/ZPTLogSkipTask.h"
 #include "framework/ui/kestrix/logs/ZPTLogSpyware.h"
+#include "framework/ui/kestrix/logs/ZPTLogSysTuner.h"
 #include "framework/ui/kestrix/logs/ZPTLogTSC.h"
 #include "framework/ui/kestrix/logs/ZPTLogURL.h"
 #include "framework/ui/kestrix/logs/ZPTLogUpdate.h"
@@ -43,6 +44,7 @@ constexpr LogClass Classes[] = {
     {LogTypeSkippedTask, &Create<CZPTLogSkipTask>},
     {LogTypeFirewall, &Create<CZPTLogPFW>},
     {LogTypeSpyware, &Create<CZPTLogSpyware>},
+    {LogTypeSystemTuner, &Create<CZPTLogSysTuner>},
     {LogTypeVst, &Create<CZPTLogVST>},
 };
 
