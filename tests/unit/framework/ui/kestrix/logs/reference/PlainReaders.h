@@ -1,5 +1,7 @@
 #pragma once
 
+#include <windows.h>
+
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -63,6 +65,14 @@ inline void Take(const std::vector<std::wstring>& tokens, std::size_t index, std
 inline std::uint32_t Hexadecimal(const std::wstring& token)
 {
     return std::wcstoul(token.c_str(), nullptr, 16);
+}
+
+// The number of a token that is narrowed to the code page of the system first.
+inline std::uint32_t NarrowedNumber(const std::wstring& token, int base)
+{
+    std::string narrow(token.size() * 4 + 1, '\0');
+    WideCharToMultiByte(CP_ACP, 0, token.c_str(), -1, narrow.data(), static_cast<int>(narrow.size()), nullptr, nullptr);
+    return std::strtoul(narrow.c_str(), nullptr, base);
 }
 
 // "103015" is "10:30".
