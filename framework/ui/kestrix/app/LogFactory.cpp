@@ -45,6 +45,8 @@ constexpr LogClass Classes[] = {
     {LogTypeFirewall, &Create<CZPTLogPFW>},
     {LogTypeSpyware, &Create<CZPTLogSpyware>},
     {LogTypeSystemTuner, &Create<CZPTLogSysTuner>},
+    {LogTypeVirus, &Create<CZPTLogVir>},       {LogTypeFirewall, &Create<CZPTLogPFW>},
+    {LogTypeSpyware, &Create<CZPTLogSpyware>}, {LogTypeSystemTuner, &Create<CZPTLogSysTuner>},
     {LogTypeVst, &Create<CZPTLogVST>},
 };
 
