@@ -22,12 +22,3 @@ std::uint64_t AddressOrder(std::wstring_view address)
 {
     return address.find(L':') != address.npos ? ColonOrder : ::ntohl(::inet_addr(Narrow(address).c_str()));
 }
-
-int Compare(const FirewallAddress& first, const FirewallAddress& second)
-{
-    if (first.order != second.order)
-    {
-        return first.order < second.order ? -1 : 1;
-    }
-    return first.order == ColonOrder ? first.text.compare(second.text) : 0;
-}

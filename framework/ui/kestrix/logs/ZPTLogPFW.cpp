@@ -107,6 +107,17 @@ int ComparePorts(const LogRec& first, const LogRec& second, Field field)
     return left == right ? 0 : left < right ? -1 : 1;
 }
 
+// Asks for the texts only where the numbers do not tell: they lie elsewhere in memory.
+int CompareAddresses(const FirewallRec& first, const FirewallRec& second, std::uint64_t FirewallRec::*order,
+                     Field field)
+{
+    if (first.*order != second.*order)
+    {
+        return first.*order < second.*order ? -1 : 1;
+    }
+    return first.*order == ColonOrder ? first.Field(field).compare(second.Field(field)) : 0;
+}
+
 int CompareUp(LPARAM first, LPARAM second, LPARAM column)
 {
     const auto& left = *reinterpret_cast<const FirewallRec*>(first);
@@ -117,9 +128,9 @@ int CompareUp(LPARAM first, LPARAM second, LPARAM column)
     case ColumnProtocol:
         return ColumnOrder<Columns>::Up(first, second, column);
     case ColumnLocal:
-        return Compare({left.Field(FieldLocal), left.nLocalOrder}, {right.Field(FieldLocal), right.nLocalOrder});
+        return CompareAddresses(left, right, &FirewallRec::nLocalOrder, FieldLocal);
     case ColumnRemote:
-        return Compare({left.Field(FieldRemote), left.nRemoteOrder}, {right.Field(FieldRemote), right.nRemoteOrder});
+        return CompareAddresses(left, right, &FirewallRec::nRemoteOrder, FieldRemote);
     case ColumnLocalPort:
         return ComparePorts(left, right, FieldLocalPort);
     case ColumnRemotePort:
