@@ -40,12 +40,18 @@ void AppendTarget(std::wstring_view target, LogRec& record)
 
 } // namespace
 
-std::uint32_t AppendSource(std::wstring_view token, LogRec& record)
+void TakeSource(std::wstring_view token, LogRec& record, std::uint32_t& source, std::uint32_t& otherSource)
 {
-    const std::uint32_t source = VdCommon::WideToUnsigned(token, 0);
-    record.AppendLasting(source == BehaviorSource ? std::wstring_view(LoadText(IDS_SUSPICIOUS_BEHAVIOR))
-                                                  : std::wstring_view());
-    return source;
+    source = VdCommon::WideToUnsigned(token, 0);
+    if (source == BehaviorSource)
+    {
+        record.AppendLasting(LoadText(IDS_SUSPICIOUS_BEHAVIOR));
+    }
+    else
+    {
+        otherSource = source;
+        record.AppendLasting({});
+    }
 }
 
 bool AppendBehaviorToken(std::size_t index, std::wstring_view token, LogRec& record)

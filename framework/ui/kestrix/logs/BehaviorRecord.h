@@ -7,8 +7,9 @@
 
 inline constexpr std::uint32_t BehaviorSource = 0x10000000;
 
-// Appends what the token of the source means, and returns the source's code.
-std::uint32_t AppendSource(std::wstring_view token, LogRec& record);
+// Takes the token of the source: sets its code, the second one only for a source that is not the behavior monitor, and
+// appends what it means.
+void TakeSource(std::wstring_view token, LogRec& record, std::uint32_t& source, std::uint32_t& otherSource);
 
 // Appends what one of the tokens 3 to 13 means. Returns whether it is the one that a record of a daily file ends with.
 bool AppendBehaviorToken(std::size_t index, std::wstring_view token, LogRec& record);

@@ -142,16 +142,7 @@ void CZPTLogSpyware::MakeRecode(std::size_t index, std::wstring_view token, LogR
     }
     else if (index == 2)
     {
-        SetSource(token, record);
-    }
-}
-
-void CZPTLogSpyware::SetSource(std::wstring_view token, LogRec& record)
-{
-    m_nSource = AppendSource(token, record);
-    if (m_nSource != BehaviorSource)
-    {
-        m_nSourceCode = m_nSource;
+        TakeSource(token, record, m_nSource, m_nSourceCode);
     }
 }
 

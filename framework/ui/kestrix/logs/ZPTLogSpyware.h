@@ -53,7 +53,6 @@ protected:
     std::uint32_t m_nProxy3Result = 0;
 
 private:
-    void SetSource(std::wstring_view token, LogRec& record);
     void SetScanResult(std::wstring_view token, LogRec& record);
     void SetProxyItem(std::wstring_view token);
     void SetProxyResult(std::wstring_view token, LogRec& record);

@@ -102,7 +102,7 @@ void CZPTLogVST::MakeRecode(std::size_t index, std::wstring_view token, LogRec& 
         record.Append(ClockText(token));
         return;
     case 2:
-        return SetSource(token, record);
+        return TakeSource(token, record, m_nSource, m_nSourceCode);
     case 3:
         m_nToken3 = CodeOf(token);
         return;
@@ -136,15 +136,6 @@ void CZPTLogVST::MakeRecode(std::size_t index, std::wstring_view token, LogRec& 
         return SetDetector(token, record);
     default:
         return;
-    }
-}
-
-void CZPTLogVST::SetSource(std::wstring_view token, LogRec& record)
-{
-    m_nSource = AppendSource(token, record);
-    if (m_nSource != BehaviorSource)
-    {
-        m_nSourceCode = m_nSource;
     }
 }
 

@@ -29,7 +29,6 @@ protected:
     std::wstring m_szToken13;
 
 private:
-    void SetSource(std::wstring_view token, LogRec& record);
     void SetResult(std::wstring_view token, LogRec& record);
     void SetDetector(std::wstring_view token, LogRec& record);
 };
