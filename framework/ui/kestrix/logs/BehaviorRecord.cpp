@@ -1,7 +1,7 @@
 #include "framework/ui/kestrix/logs/BehaviorRecord.h"
 
+#include "common/VdCommon/VdComn_FormatText.h"
 #include "common/VdCommon/VdComn_Number.h"
-#include "common/VdCommon/VdComn_String.h"
 #include "framework/ui/kestrix/logs/CodeTexts.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
 #include "platform/dialog/ModuleState.h"
@@ -33,9 +33,7 @@ void AppendTarget(std::wstring_view target, LogRec& record)
         record.AppendLasting(LoadText(IDS_BEHAVIOR_NO_TARGET));
         return;
     }
-    std::wstring text;
-    VdCommon::String::Format(text, LoadText(IDS_BEHAVIOR_TARGET).c_str(), std::wstring(target).c_str());
-    record.Append(text);
+    record.Append(VdCommon::String::FormatText(LoadText(IDS_BEHAVIOR_TARGET), {std::wstring(target)}));
 }
 
 } // namespace

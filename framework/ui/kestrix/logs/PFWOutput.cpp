@@ -1,6 +1,6 @@
 #include "framework/ui/kestrix/logs/PFWOutput.h"
 
-#include "common/VdCommon/VdComn_String.h"
+#include "common/VdCommon/VdComn_FormatText.h"
 #include "framework/ui/kestrix/logs/CodeTexts.h"
 #include "platform/dialog/ModuleState.h"
 #include "resource/resource.h"
@@ -189,7 +189,7 @@ CPFWOutput::Description CPFWOutput::IcmpDescription(const IcmpKind& kind, std::w
     {
         return {LoadText(row->text), true};
     }
-    VdCommon::String::Format(unnamed, LoadText(kind.other).c_str(), nIcmpType);
+    unnamed = VdCommon::String::FormatText(LoadText(kind.other), {nIcmpType});
     return {unnamed, false};
 }
 
