@@ -34,20 +34,18 @@ struct LogClass
 
 constexpr LogClass Classes[] = {
     {LogTypeVirus, &Create<CZPTLogVir>},
+    {LogTypeSpyware, &Create<CZPTLogSpyware>},
     {LogTypeUpdate, &Create<CZPTLogUpdate>},
+    {LogTypeFirewall, &Create<CZPTLogPFW>},
     {LogTypePhishing, &Create<CZPTLogPhish>},
     {LogTypeUrlFilter, &Create<CZPTLogURL>},
     {LogTypeTsc, &Create<CZPTLogTSC>},
     {LogTypePrivacy, &Create<CZPTLogPVY>},
     {LogTypeVa, &Create<CZPTLogVA>},
+    {LogTypeVst, &Create<CZPTLogVST>},
+    {LogTypeSystemTuner, &Create<CZPTLogSysTuner>},
     {LogTypeScan, &Create<CZPTLogScan>},
     {LogTypeSkippedTask, &Create<CZPTLogSkipTask>},
-    {LogTypeFirewall, &Create<CZPTLogPFW>},
-    {LogTypeSpyware, &Create<CZPTLogSpyware>},
-    {LogTypeSystemTuner, &Create<CZPTLogSysTuner>},
-    {LogTypeVirus, &Create<CZPTLogVir>},       {LogTypeFirewall, &Create<CZPTLogPFW>},
-    {LogTypeSpyware, &Create<CZPTLogSpyware>}, {LogTypeSystemTuner, &Create<CZPTLogSysTuner>},
-    {LogTypeVst, &Create<CZPTLogVST>},
 };
 
 } // namespace

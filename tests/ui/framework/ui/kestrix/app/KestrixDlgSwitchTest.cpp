@@ -1,4 +1,4 @@
-// The page's switch to another log, and its rebuilding behind a purge.
+// The page's switch to another log, and its rebuilding after a purge.
 
 #include "resource/resource.h"
 #include "tests/ui/framework/ui/kestrix/app/DatabasePageTest.h"
@@ -60,8 +60,10 @@ TEST_F(KestrixDlgSwitchTest, ALogWithoutAClassLeavesAnEmptyPageThatSwitchesBack)
 {
     OpenWithARecord();
     const int columns = ColumnCount();
-    View(LogTypeScan);
-    EXPECT_EQ(m_page.m_nLogType, static_cast<std::uint32_t>(LogTypeScan));
+    constexpr std::uint32_t classless = 4;
+    Item(IDC_LOG_TYPE).SendMessage(CB_SETITEMDATA, 1, classless);
+    View(classless);
+    EXPECT_EQ(m_page.m_nLogType, classless);
     EXPECT_EQ(m_list.GetItemCount(), 0);
     for (const UINT value : Values)
     {
