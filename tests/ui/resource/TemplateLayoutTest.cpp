@@ -1,5 +1,6 @@
 // Where the controls of the templates stand, and that texts fit them.
 
+#include "framework/ui/kestrix/logs/LogKinds.h"
 #include "resource/resource.h"
 #include "tests/ui/resource/TemplateDialog.h"
 #include "tests/unit/resource/BuiltFile.h"
@@ -210,10 +211,10 @@ TEST_F(Templates, TheRecordListShowsAllColumnsOfTheFirewallLogBesideAScrollBar)
     EXPECT_GE(Width(client), Columns + GetSystemMetrics(SM_CXVSCROLL));
 }
 
-TEST_F(Templates, TheComboBoxOpensFarEnoughForItsThirteenEntries)
+TEST_F(Templates, TheComboBoxOpensFarEnoughForAllLogs)
 {
     RECT open{};
     SendMessageW(m_page.Item(IDC_LOG_TYPE), CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&open));
     const LRESULT entry = SendMessageW(m_page.Item(IDC_LOG_TYPE), CB_GETITEMHEIGHT, 0, 0);
-    EXPECT_GE(Height(open), 13 * entry);
+    EXPECT_GE(Height(open), std::ssize(LogKinds()) * entry);
 }

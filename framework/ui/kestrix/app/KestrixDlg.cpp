@@ -288,7 +288,7 @@ void CKestrixDlg::OnBnClickedBtnView()
         return;
     }
     m_nLogType = type;
-    if (m_nLogType > LogTypeNone)
+    if (m_nLogType > LogTypeNone && FindLogKind(m_nLogType) == nullptr)
     {
         return;
     }

@@ -14,7 +14,7 @@ namespace
 
 constexpr wchar_t InstallerKey[] = L"Software\\Veldrane\\Zeptara\\17\\Installer";
 constexpr wchar_t ProductKey[] = L"Software\\Veldrane\\Zeptara";
-constexpr std::uint32_t ClasslessTypes[] = {4, 10, LogTypeNone, 16, 0xFFFFFFFF};
+constexpr std::uint32_t ClasslessTypes[] = {4, 10, LogTypeNone, 1000, 0xFFFFFFFF};
 
 struct Choice
 {
@@ -121,21 +121,18 @@ TEST_F(KestrixDlgTypesTest, TheHostKnowsThePage)
     EXPECT_EQ(m_app.m_pLogDlg, &m_page);
 }
 
-TEST_F(KestrixDlgTypesTest, TheChoiceOfLogsHasTwelveEntriesWithoutTheFirewall)
+TEST_F(KestrixDlgTypesTest, TheChoiceOfLogsHasEveryLogButTheFirewall)
 {
     OpenInForm({L"x|0900|1048576|x|0|0|beta|C:\\b|4|1|0|0"});
-    EXPECT_EQ(Choices(), (std::vector<Choice>{{0, Text(157)},
-                                              {9, Text(166)},
-                                              {1, Text(158)},
-                                              {7, Text(160)},
-                                              {2, Text(161)},
-                                              {5, Text(162)},
-                                              {6, Text(163)},
-                                              {8, Text(164)},
-                                              {11, Text(132)},
-                                              {12, Text(215)},
-                                              {13, Text(90)},
-                                              {14, Text(230)}}));
+    std::vector<Choice> choices;
+    for (const LogKind& kind : LogKinds())
+    {
+        if (kind.type != LogTypeFirewall)
+        {
+            choices.push_back({kind.type, Text(kind.choice)});
+        }
+    }
+    EXPECT_EQ(Choices(), choices);
     EXPECT_EQ(SelectedChoice(), 0);
 }
 
@@ -143,7 +140,7 @@ TEST_F(KestrixDlgTypesTest, AFirewallThatIsInstalledStandsFourthInTheChoice)
 {
     m_registry.SetNumber(InstallerKey, L"FirewallAP", 1);
     OpenInForm({L"x|0900|1048576|x|0|0|beta|C:\\b|4|1|0|0"});
-    ASSERT_EQ(Choices().size(), 13u);
+    ASSERT_EQ(Choices().size(), LogKinds().size());
     EXPECT_EQ(Choices()[3], (Choice{3, Text(159)}));
     EXPECT_EQ(Choices()[4], (Choice{7, Text(160)}));
 }
@@ -152,7 +149,7 @@ TEST_F(KestrixDlgTypesTest, AFirewallValueOfZeroCountsAsNone)
 {
     m_registry.SetNumber(InstallerKey, L"FirewallAP", 0);
     OpenInForm({L"x|0900|1048576|x|0|0|beta|C:\\b|4|1|0|0"});
-    EXPECT_EQ(Choices().size(), 12u);
+    EXPECT_EQ(Choices().size(), LogKinds().size() - 1);
 }
 
 TEST_F(KestrixDlgTypesTest, WithoutAFormThereIsNoChoice)

@@ -112,6 +112,7 @@ struct Numbers
     UINT besideReport;
 };
 
+// The numbers that the suite's help knows these logs by; they stay as they are.
 constexpr Numbers AllNumbers[] = {
     {0, 211, 316}, {1, 210, 315}, {2, 212, 308}, {3, 213, 309},  {5, 230, 313}, {6, 231, 307},
     {7, 232, 310}, {8, 237, 317}, {9, 265, 312}, {11, 217, 314}, {12, 272, 0},  {13, 299, 0},

@@ -1,13 +1,5 @@
 #include "framework/ui/kestrix/app/LogFactory.h"
-#include "framework/ui/kestrix/logs/ZPTLogPVY.h"
-#include "framework/ui/kestrix/logs/ZPTLogPhish.h"
-#include "framework/ui/kestrix/logs/ZPTLogScan.h"
-#include "framework/ui/kestrix/logs/ZPTLogSkipTask.h"
-#include "framework/ui/kestrix/logs/ZPTLogTSC.h"
-#include "framework/ui/kestrix/logs/ZPTLogURL.h"
-#include "framework/ui/kestrix/logs/ZPTLogUpdate.h"
-#include "framework/ui/kestrix/logs/ZPTLogVA.h"
-#include "framework/ui/kestrix/logs/ZPTLogVir.h"
+#include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "tests/support/CategoryService.h"
 #include "tests/support/LanguageFile.h"
 
@@ -16,37 +8,34 @@
 namespace
 {
 
-template <class Log>
-bool Makes(std::uint32_t type)
+// Lets the tests see of which type a log is.
+struct OpenLog : CZPTLogBase
 {
-    return dynamic_cast<Log*>(CreateLog(type).get()) != nullptr;
-}
+    static std::uint32_t TypeOf(const CZPTLogBase& log) { return log.*&OpenLog::m_nLogType; }
+};
 
 // The log of the URL filter asks the service.
 class LogFactory : private WithCategoryService, public ::testing::Test
 {
 };
 
-TEST_F(LogFactory, TypesFourAndTenAndThoseAboveTheLastHaveNoClass)
+TEST_F(LogFactory, TypesFourAndTenAndThoseThatNoKindHasHaveNoClass)
 {
-    for (const std::uint32_t type : {4u, 10u, 15u, 16u, 0xFFFFFFFFu})
+    for (const std::uint32_t type : {4u, 10u, 15u, 1000u, 0xFFFFFFFFu})
     {
         EXPECT_EQ(CreateLog(type), nullptr) << type;
     }
 }
 
-TEST_F(LogFactory, EachClassIsMadeForItsOwnType)
+TEST_F(LogFactory, EachKindHasAClassOfItsOwnType)
 {
     const LanguageFile language;
-    EXPECT_TRUE(Makes<CZPTLogVir>(LogTypeVirus));
-    EXPECT_TRUE(Makes<CZPTLogUpdate>(LogTypeUpdate));
-    EXPECT_TRUE(Makes<CZPTLogURL>(LogTypeUrlFilter));
-    EXPECT_TRUE(Makes<CZPTLogTSC>(LogTypeTsc));
-    EXPECT_TRUE(Makes<CZPTLogPVY>(LogTypePrivacy));
-    EXPECT_TRUE(Makes<CZPTLogPhish>(LogTypePhishing));
-    EXPECT_TRUE(Makes<CZPTLogVA>(LogTypeVa));
-    EXPECT_TRUE(Makes<CZPTLogScan>(LogTypeScan));
-    EXPECT_TRUE(Makes<CZPTLogSkipTask>(LogTypeSkippedTask));
+    for (const LogKind& kind : LogKinds())
+    {
+        const std::unique_ptr<CZPTLogBase> log = CreateLog(kind.type);
+        ASSERT_NE(log, nullptr) << kind.type;
+        EXPECT_EQ(OpenLog::TypeOf(*log), kind.type);
+    }
 }
 
 } // namespace

@@ -130,15 +130,11 @@ TEST_F(ZPTLogBaseReadTest, ConvertLogExtTakesTheLastThreeLettersInUpperCase)
     EXPECT_EQ(SubTypeOf(L"VLG ", false), 0u);
 }
 
-TEST_F(ZPTLogBaseReadTest, ConvertLogExtKnowsAllThirteenExtensions)
+TEST_F(ZPTLogBaseReadTest, ConvertLogExtKnowsTheExtensionOfEveryKind)
 {
-    const std::pair<std::wstring_view, std::uint32_t> table[] = {
-        {L"VLG", 2}, {L"UPG", 11}, {L"PFG", 6},  {L"UFG", 5},  {L"PPG", 9},  {L"PTG", 7},  {L"VAG", 8},
-        {L"SPG", 3}, {L"HLG", 4},  {L"SCG", 10}, {L"STC", 13}, {L"SCI", 12}, {L"SKP", 14},
-    };
-    for (const auto& [extension, subType] : table)
+    for (const LogKind& kind : LogKinds())
     {
-        EXPECT_EQ(SubTypeOf(extension, true), subType) << extension.size();
+        EXPECT_EQ(SubTypeOf(kind.extension, true), kind.querySubType) << kind.type;
     }
 }
 
