@@ -20,8 +20,6 @@ public:
     int GetCheck() const { return static_cast<int>(SendMessage(BM_GETCHECK)); } // BST_CHECKED and so on
 
     void SetCheck(int check) { SendMessage(BM_SETCHECK, check); }
-
-    void SetButtonStyle(UINT style, bool redraw = true) { SendMessage(BM_SETSTYLE, style, redraw); }
 };
 
 class CStatic : public CWnd

@@ -42,8 +42,6 @@ public:
 
     ~CPaintDC() { ::EndPaint(m_hWnd, &m_paint); }
 
-    const RECT& GetPaintRect() const noexcept { return m_paint.rcPaint; }
-
 private:
     const HWND m_hWnd;
     PAINTSTRUCT m_paint{};

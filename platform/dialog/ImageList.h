@@ -21,8 +21,6 @@ public:
 
     HIMAGELIST GetSafeHandle() const noexcept { return m_hImageList.get(); }
 
-    void DeleteImageList() noexcept { m_hImageList.reset(); }
-
 private:
     UniqueImageList m_hImageList;
 };

@@ -35,14 +35,6 @@ int CListCtrl::InsertItem(const LVITEMW& item)
                : -1;
 }
 
-bool CListCtrl::SetItemText(int item, int column, const std::wstring& text)
-{
-    LVITEMW set{};
-    set.iSubItem = column;
-    set.pszText = const_cast<wchar_t*>(text.c_str());
-    return SendMessage(LVM_SETITEMTEXTW, item, reinterpret_cast<LPARAM>(&set));
-}
-
 std::wstring CListCtrl::GetItemText(int item, int column) const
 {
     std::array<wchar_t, LongestItemText> text{};

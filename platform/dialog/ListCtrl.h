@@ -22,8 +22,7 @@ public:
 
     HWND GetHeaderCtrl() const { return reinterpret_cast<HWND>(SendMessage(LVM_GETHEADER)); }
 
-    int InsertItem(const LVITEMW& item); // returns the item's index; -1 when refused
-    bool SetItemText(int item, int column, const std::wstring& text);
+    int InsertItem(const LVITEMW& item);                  // returns the item's index; -1 when refused
     std::wstring GetItemText(int item, int column) const; // at most 1,023 characters
     LPARAM GetItemData(int item) const;                   // 0 for an item that does not exist
     bool SetItemData(int item, LPARAM data);
@@ -33,8 +32,6 @@ public:
     int GetItemCount() const { return static_cast<int>(SendMessage(LVM_GETITEMCOUNT)); }
 
     void SetItemCount(int count) { SendMessage(LVM_SETITEMCOUNT, count); } // makes room, adds nothing
-
-    bool DeleteItem(int item) { return SendMessage(LVM_DELETEITEM, item); }
 
     bool DeleteAllItems() { return SendMessage(LVM_DELETEALLITEMS); }
 

@@ -45,12 +45,6 @@ void CToolTipCtrl::UpdateTipText(HWND tool, const std::wstring& text)
     SendMessage(TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&info));
 }
 
-void CToolTipCtrl::DelTool(HWND tool)
-{
-    TTTOOLINFOW info = ToolOf(tool);
-    SendMessage(TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&info));
-}
-
 void CToolTipCtrl::SetToolText(HWND tool, const std::wstring& text)
 {
     if (HasTool(tool))

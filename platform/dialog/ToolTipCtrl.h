@@ -14,7 +14,6 @@ public:
 
     bool AddTool(HWND tool, const std::wstring& text);
     void UpdateTipText(HWND tool, const std::wstring& text); // nothing for a tool that was not added
-    void DelTool(HWND tool);
 
     // Adds the tool, or changes its text where it is there already.
     void SetToolText(HWND tool, const std::wstring& text);
@@ -22,11 +21,7 @@ public:
     bool HasTool(HWND tool) const;
     std::wstring GetText(HWND tool) const; // at most 4,095 characters
 
-    int GetToolCount() const { return static_cast<int>(SendMessage(TTM_GETTOOLCOUNT)); }
-
     void RelayEvent(const MSG& message) { SendMessage(TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message)); }
-
-    void Activate(bool activate) { SendMessage(TTM_ACTIVATE, activate); }
 
 private:
     TTTOOLINFOW ToolOf(HWND tool) const;
