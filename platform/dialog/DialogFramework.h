@@ -40,7 +40,7 @@
 #include "platform/dialog/ModuleState.h"
 #include "platform/dialog/Ole.h"
 #include "platform/dialog/OleDateTime.h"
-#include "platform/dialog/ResourceNumber.h"
+#include "platform/dialog/ResourceText.h"
 #include "platform/dialog/Semaphore.h"
 #include "platform/dialog/SystemLibrary.h"
 #include "platform/dialog/UniqueHandle.h"

@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <span>
-#include <string>
 
 // The module of the running program.
 HINSTANCE AfxGetInstanceHandle() noexcept;
@@ -19,8 +18,3 @@ void AfxSetResourceHandle(HMODULE module) noexcept;
 // What the resource module holds under this number and type, RT_BITMAP or another; empty when it holds nothing there.
 // It stays the module's.
 std::span<const std::byte> GetResourceBytes(UINT id, const wchar_t* type) noexcept;
-
-// The string resource of this number, or the empty text when the resource module has none.
-// Texts are read once and kept, sixteen at a time as they lie in the module, so that a call costs two look-ups in
-// tables. The reference stays valid until AfxSetResourceHandle. User-interface thread only.
-const std::wstring& LoadText(UINT id);

@@ -2,7 +2,7 @@
 
 #include "framework/ui/kestrix/logs/LogFileReader.h"
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 #include "platform/dialog/UniqueHandle.h"
 #include "resource/resource.h"
 #include "tests/bench/Bench.h"

@@ -1,6 +1,7 @@
 #include "tests/support/LanguageFile.h"
 
 #include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 
 #include <stdexcept>
 

@@ -6,7 +6,7 @@
 #include "framework/ui/kestrix/app/LogFormDlg.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "platform/dialog/FileDialog.h"
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 #include "platform/dialog/WinApp.h"
 #include "resource/resource.h"
 

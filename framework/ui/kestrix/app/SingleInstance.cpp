@@ -1,7 +1,7 @@
 #include "framework/ui/kestrix/app/SingleInstance.h"
 
 #include "common/VdCommon/VdComn_DebugLog.h"
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 
 #include <string>

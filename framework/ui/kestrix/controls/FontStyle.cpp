@@ -1,6 +1,6 @@
 #include "framework/ui/kestrix/controls/FontStyle.h"
 
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 
 #include <cerrno>

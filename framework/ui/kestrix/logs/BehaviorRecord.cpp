@@ -4,7 +4,7 @@
 #include "common/VdCommon/VdComn_Number.h"
 #include "framework/ui/kestrix/logs/CodeTexts.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 
 namespace

@@ -1,6 +1,6 @@
 #include "framework/ui/kestrix/logs/CodeOutcomes.h"
 
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 
 #include <algorithm>
 

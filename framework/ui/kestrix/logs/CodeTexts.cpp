@@ -1,6 +1,6 @@
 #include "framework/ui/kestrix/logs/CodeTexts.h"
 
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 
 namespace
 {

@@ -2,7 +2,7 @@
 
 #include "common/VdCommon/VdComn_FormatText.h"
 #include "framework/ui/kestrix/logs/CodeTexts.h"
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "framework/ui/kestrix/logs/ThreatSources.h"
 
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 
 #include <algorithm>

@@ -5,7 +5,7 @@
 #include "framework/ui/kestrix/controls/SortListCtrl.h"
 #include "platform/dialog/DialogFramework.h"
 #include "platform/dialog/ListRowRoom.h"
-#include "platform/dialog/ResourceNumber.h"
+#include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 
 #include <algorithm>

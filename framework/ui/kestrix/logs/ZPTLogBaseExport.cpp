@@ -4,7 +4,7 @@
 #include "framework/ui/kestrix/logs/ExportStream.h"
 #include "framework/ui/kestrix/logs/FindCharacter.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 
 #include <algorithm>
 

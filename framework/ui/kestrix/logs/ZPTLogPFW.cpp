@@ -6,7 +6,7 @@
 #include "framework/ui/kestrix/logs/FirewallAddress.h"
 #include "framework/ui/kestrix/logs/PFWOutput.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 
 #include <cwchar>

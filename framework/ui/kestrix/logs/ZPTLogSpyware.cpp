@@ -6,7 +6,7 @@
 #include "framework/ui/kestrix/logs/ColumnOrder.h"
 #include "framework/ui/kestrix/logs/ThreatSources.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 
 #include <algorithm>

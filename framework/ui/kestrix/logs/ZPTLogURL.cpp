@@ -8,7 +8,7 @@
 #include "framework/ui/kestrix/logs/ColumnOrder.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
 #include "platform/dialog/ComPtr.h"
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 #include "resource/WebAndTaskTexts.h"
 #include "resource/resource.h"
 

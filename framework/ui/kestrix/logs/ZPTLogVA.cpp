@@ -3,7 +3,7 @@
 #include "framework/ui/kestrix/logs/CodeOutcomes.h"
 #include "framework/ui/kestrix/logs/CodeTexts.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 #include "resource/WebAndTaskTexts.h"
 #include "resource/resource.h"
 

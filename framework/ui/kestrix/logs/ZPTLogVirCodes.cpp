@@ -1,7 +1,7 @@
 #include "framework/ui/kestrix/logs/ZPTLogVirCodes.h"
 
 #include "framework/ui/kestrix/logs/ThreatSources.h"
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 
 #include <algorithm>

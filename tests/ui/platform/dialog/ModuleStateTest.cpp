@@ -1,4 +1,5 @@
 #include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 
 #include "platform/dialog/UniqueHandle.h"
 #include "tests/ui/platform/dialog/TestResources.h"

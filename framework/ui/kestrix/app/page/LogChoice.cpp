@@ -2,7 +2,7 @@
 
 #include "common/VdCommon/VdComn_Storage.h"
 #include "framework/ui/kestrix/logs/LogKinds.h"
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 
 namespace
 {

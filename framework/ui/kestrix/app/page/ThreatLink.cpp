@@ -6,7 +6,7 @@
 #include "common/VdCommon/VdComn_OpenBrowser.h"
 #include "common/VdFrwk.h"
 #include "platform/dialog/ComPtr.h"
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 
 #include <string_view>

@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/controls/FontStyle.h"
 
 #include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 #include "tests/support/LanguageFile.h"
 
 #include <gtest/gtest.h>

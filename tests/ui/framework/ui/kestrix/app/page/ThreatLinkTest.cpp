@@ -1,6 +1,6 @@
 #include "framework/ui/kestrix/app/page/ThreatLink.h"
 
-#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 #include "tests/support/ImportPatch.h"
 #include "tests/support/LanguageFile.h"
