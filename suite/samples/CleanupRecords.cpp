@@ -32,7 +32,7 @@ private:
     Deck<int> m_results;
 };
 
-// A weakness with its risk, from 0 none to 4 critical; without a name nothing was found. The risk 7 has no name.
+// A weakness with its risk, from 0 none to 4 critical. The risk 7 has no name.
 struct Weakness
 {
     std::wstring_view name;
@@ -41,14 +41,16 @@ struct Weakness
 };
 
 constexpr Card<Weakness> Weaknesses[] = {
-    {2, {L"", 0, L""}},
     {1, {L"ADV-0142: picture viewer", 4, L"Install Picture Viewer 3.2.1"}},
-    {2, {L"ADV-0155: print service", 3, L"https://www.example.org/advisories/0155"}},
-    {2, {L"ADV-0160: archive tool", 2, L"Install the update of this month"}},
-    {2, {L"ADV-0171: mail preview", 1, L""}},
+    {1, {L"ADV-0155: print service", 3, L"https://www.example.org/advisories/0155"}},
+    {1, {L"ADV-0160: archive tool", 2, L"Install the update of this month"}},
+    {1, {L"ADV-0171: mail preview", 1, L""}},
     {1, {L"ADV-0174: заметки", 0, L"Keine Maßnahme nötig"}},
     {1, {L"ADV-0180: clock", 7, L""}},
 };
+
+// What a check writes that finds nothing.
+constexpr Weakness Nothing = {L"", 0, L""};
 
 // 0 to 2: a fix is there, is installed, is missing; 3 has no name.
 constexpr Card<int> FixStates[] = {{4, 0}, {3, 1}, {2, 2}, {1, 3}};
@@ -60,7 +62,8 @@ public:
 
     void Fill(const Moment& moment, Line& line) override
     {
-        const Weakness& weakness = m_weaknesses.Draw();
+        // Nothing was found on a day without any other record.
+        const Weakness& weakness = moment.firstOfFile && moment.lastOfFile ? Nothing : m_weaknesses.Draw();
         line.Day(moment.date).Time(moment.secondOfDay).Text(weakness.name).Number(weakness.risk);
         line.Number(m_fixStates.Draw()).Text(weakness.solution);
     }

@@ -45,7 +45,7 @@ private:
 };
 
 // 0 scan, 1 update, 2 tuning, 3 one without a name.
-constexpr Card<int> TaskKinds[] = {{5, 0}, {4, 1}, {2, 2}, {1, 3}};
+constexpr Card<int> TaskKinds[] = {{20, 0}, {16, 1}, {8, 2}, {1, 3}};
 // 0 on battery, 1 in use, 2 another task runs. The reader takes no other.
 constexpr Card<int> SkipReasons[] = {{3, 0}, {3, 1}, {2, 2}};
 

@@ -69,6 +69,14 @@ constexpr Card<Result> Results[] = {
     {1, {5, 0}},
 };
 
+constexpr Result Done = {Updated, 0};
+
+// Groups 1 to 3 are the steps of a run, 7 those of the licence.
+bool IsStep(const Event& event)
+{
+    return event.group <= 3 || event.group == 7;
+}
+
 class UpdateRecords : public RecordSource
 {
 public:
@@ -77,7 +85,9 @@ public:
     void Fill(const Moment& moment, Line& line) override
     {
         const Event& event = m_events.Draw();
-        const Result& result = m_results.Draw();
+        const Result& drawn = m_results.Draw();
+        // A step of the run is done or fails; a component alone can be up to date.
+        const Result& result = drawn.kind == UpToDate && IsStep(event) ? Done : drawn;
         line.Day(moment.date).Time(moment.secondOfDay).Number(event.group).Number(event.code);
         line.Number(result.kind).Number(static_cast<std::int32_t>(result.code));
         AddVersions(event, result.kind, line);
