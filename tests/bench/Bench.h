@@ -4,6 +4,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // One figure: a value, and what the same work takes in its plainest form, in the same unit.
@@ -31,6 +32,9 @@ inline void Require(bool condition, const char* message)
     }
 }
 
+// The letters of a kind, which are ASCII, for the name of a figure.
+std::string Narrow(std::wstring_view letters);
+
 // The folder of the built program and what lies beside it, whatever the current folder is.
 std::filesystem::path ProductFolder();
 
@@ -40,6 +44,7 @@ Figures BenchMemory();
 Figures BenchDatabase();
 Figures BenchDays();
 Figures BenchList();
+Figures BenchAddressSort();
 Figures BenchExport();
 Figures BenchTrace();
 Figures BenchStart();

@@ -7,14 +7,14 @@
 #include <chrono>
 #include <filesystem>
 
-BenchFile::BenchFile(std::uint64_t records)
+BenchFile::BenchFile(std::wstring_view extension, std::uint64_t records)
     : m_path((std::filesystem::temp_directory_path() /
-              (L"KestrixBench-" + std::to_wstring(GetCurrentProcessId()) + L".VLG"))
+              (L"KestrixBench-" + std::to_wstring(GetCurrentProcessId()) + L"." + std::wstring(extension)))
                  .wstring())
 {
     constexpr std::chrono::year_month_day day{std::chrono::year(2026), std::chrono::January, std::chrono::day(1)};
     constexpr std::uint64_t seed = 1;
-    Samples::WriteLines(m_path, *Samples::FindKind(L"VLG"), day, records, seed);
+    Samples::WriteLines(m_path, *Samples::FindKind(extension), day, records, seed);
 }
 
 BenchFile::~BenchFile()

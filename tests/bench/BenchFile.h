@@ -2,14 +2,15 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
-// A daily file of virus records in the system's temporary folder, removed with the object.
+// A daily file of one kind's sample records in the system's temporary folder, removed with the object.
 class BenchFile
 {
 public:
     static constexpr std::uint64_t Records = 1'000'000;
 
-    explicit BenchFile(std::uint64_t records = Records);
+    explicit BenchFile(std::wstring_view extension, std::uint64_t records = Records);
     ~BenchFile();
     BenchFile(const BenchFile&) = delete;
     BenchFile& operator=(const BenchFile&) = delete;

@@ -55,7 +55,7 @@ double MostMemory()
 
 Figures BenchExport()
 {
-    const BenchFile file;
+    const BenchFile file(L"VLG");
     const TemporaryFolder folder;
     const std::wstring path = folder.File(L"export.csv");
     CZPTLogVir log;

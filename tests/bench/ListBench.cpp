@@ -89,7 +89,7 @@ private:
 // Both windows are hidden, as the page is when it shows its first day; nothing is painted.
 Figures BenchList()
 {
-    const BenchFile file(Records);
+    const BenchFile file(L"VLG", Records);
     ListWindow window;
     CZPTLogVir log;
     log.m_bUseDBMgr = false;
