@@ -4,6 +4,7 @@
 #include "common/VdCommon/VdComn_Number.h"
 #include "framework/ui/kestrix/logs/BehaviorRecord.h"
 #include "framework/ui/kestrix/logs/ColumnOrder.h"
+#include "framework/ui/kestrix/logs/KeptTokens.h"
 #include "framework/ui/kestrix/logs/ThreatSources.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
 #include "platform/dialog/ResourceText.h"
@@ -176,34 +177,20 @@ void CZPTLogSpyware::MakeRecodeMBD(std::size_t index, std::wstring_view token, L
 
 void CZPTLogSpyware::MakeRecodeVST(std::size_t index, std::wstring_view token, LogRec& record)
 {
+    static constexpr KeptToken<CZPTLogSpyware> kept[] = {
+        {3, &CZPTLogSpyware::m_nToken3},
+        {4, &CZPTLogSpyware::m_szToken4, TextLimit},
+        {5, &CZPTLogSpyware::m_szToken5, TextLimit},
+        {6, &CZPTLogSpyware::m_szToken6, FolderLimit},
+        {8, &CZPTLogSpyware::m_szToken8, TextLimit},
+        {9, &CZPTLogSpyware::m_nToken9},
+        {10, &CZPTLogSpyware::m_szToken10, TextLimit},
+        {11, &CZPTLogSpyware::m_nToken11},
+    };
     switch (index)
     {
-    case 3:
-        m_nToken3 = CodeOf(token);
-        return;
-    case 4:
-        m_szToken4 = Bounded(token, TextLimit);
-        return;
-    case 5:
-        m_szToken5 = Bounded(token, TextLimit);
-        return;
-    case 6:
-        m_szToken6 = Bounded(token, FolderLimit);
-        return;
     case 7:
         Unescape(token, m_szToken7, TextLimit);
-        return;
-    case 8:
-        m_szToken8 = Bounded(token, TextLimit);
-        return;
-    case 9:
-        m_nToken9 = CodeOf(token);
-        return;
-    case 10:
-        m_szToken10 = Bounded(token, TextLimit);
-        return;
-    case 11:
-        m_nToken11 = CodeOf(token);
         return;
     case 12:
         return SetScanResult(token, record);
@@ -216,7 +203,7 @@ void CZPTLogSpyware::MakeRecodeVST(std::size_t index, std::wstring_view token, L
         record.Append(m_strDetail);
         return EndRecord();
     default:
-        return;
+        return KeepToken(*this, kept, index, token);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "framework/ui/kestrix/logs/BehaviorRecord.h"
 #include "framework/ui/kestrix/logs/CodeTexts.h"
 #include "framework/ui/kestrix/logs/ColumnOrder.h"
+#include "framework/ui/kestrix/logs/KeptTokens.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
 #include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
@@ -96,6 +97,16 @@ CZPTLogVST::CZPTLogVST(std::pmr::memory_resource* upstream) : CZPTLogBase(upstre
 
 void CZPTLogVST::MakeRecode(std::size_t index, std::wstring_view token, LogRec& record)
 {
+    static constexpr KeptToken<CZPTLogVST> kept[] = {
+        {3, &CZPTLogVST::m_nToken3},
+        {4, &CZPTLogVST::m_szToken4, TextLimit},
+        {5, &CZPTLogVST::m_szToken5, TextLimit},
+        {6, &CZPTLogVST::m_nKind},
+        {7, &CZPTLogVST::m_szToken7, ItemLimit},
+        {9, &CZPTLogVST::m_szToken9, TextLimit},
+        {10, &CZPTLogVST::m_szToken10, TextLimit},
+        {11, &CZPTLogVST::m_nToken11},
+    };
     switch (index)
     {
     case 1:
@@ -103,39 +114,15 @@ void CZPTLogVST::MakeRecode(std::size_t index, std::wstring_view token, LogRec& 
         return;
     case 2:
         return TakeSource(token, record, m_nSource, m_nSourceCode);
-    case 3:
-        m_nToken3 = CodeOf(token);
-        return;
-    case 4:
-        m_szToken4 = Bounded(token, TextLimit);
-        return;
-    case 5:
-        m_szToken5 = Bounded(token, TextLimit);
-        return;
-    case 6:
-        m_nKind = CodeOf(token);
-        return;
-    case 7:
-        m_szToken7 = Bounded(token, ItemLimit);
-        return;
     case 8:
         Unescape(token, m_szToken8, TextLimit);
-        return;
-    case 9:
-        m_szToken9 = Bounded(token, TextLimit);
-        return;
-    case 10:
-        m_szToken10 = Bounded(token, TextLimit);
-        return;
-    case 11:
-        m_nToken11 = CodeOf(token);
         return;
     case 12:
         return SetResult(token, record);
     case 13:
         return SetDetector(token, record);
     default:
-        return;
+        return KeepToken(*this, kept, index, token);
     }
 }
 
