@@ -82,6 +82,12 @@ TEST(LogLineTest, TheTimeIsTheSecondTokenAndTheFirstOneOfTheFirewall)
     EXPECT_EQ(TimeOfLine(SubType(L"VLG"), L"x|000001"), 1u);
 }
 
+// All lines of this log once stood at the first moment of their day.
+TEST(LogLineTest, TheTimeOfASkippedTaskIsTheFourthToken)
+{
+    EXPECT_EQ(TimeOfLine(SubType(L"SKP"), L"26||20261121|180000|1|0"), 180000u);
+}
+
 TEST(LogLineTest, ATimeThatIsNoneIsTheFirstMomentOfTheDay)
 {
     for (const wchar_t* line : {L"", L"x", L"x|", L"x|12345|", L"x|12:30:00|", L"x|-12345|", L"x| 12345|"})
