@@ -127,7 +127,7 @@ TEST(CommandLine, QuotationMarksArePartOfAField)
 
 TEST(CommandLine, EveryCommandCodeHasItsLogType)
 {
-    constexpr std::uint32_t types[] = {1, 0, 5, 3, 2, 6, 15, 8, 9, 15, 7, 11, 12, 13, 14, 15, 15};
+    constexpr std::uint32_t types[] = {1, 0, 5, 3, 2, 6, 15, 8, 9, 15, 7, 11, 12, 13, 14};
     for (std::size_t code = 0; code < std::size(types); ++code)
     {
         EXPECT_EQ(CKestrixApp::GetLogTypeFromCommandLine(std::to_wstring(code)), types[code]) << "code " << code;
@@ -138,6 +138,7 @@ TEST(CommandLine, ACodeIsReadAsAPlainDecimalNumber)
 {
     EXPECT_EQ(CKestrixApp::GetLogTypeFromCommandLine(L""), LogTypeUpdate);
     EXPECT_EQ(CKestrixApp::GetLogTypeFromCommandLine(L" 3x"), LogTypeFirewall);
+    EXPECT_EQ(CKestrixApp::GetLogTypeFromCommandLine(L"1000"), LogTypeNone);
     EXPECT_EQ(CKestrixApp::GetLogTypeFromCommandLine(L"-1"), LogTypeNone);
     EXPECT_EQ(CKestrixApp::GetLogTypeFromCommandLine(L"0x3"), LogTypeUpdate);
     EXPECT_EQ(CKestrixApp::GetLogTypeFromCommandLine(L"99999999999999999999"), LogTypeNone);
