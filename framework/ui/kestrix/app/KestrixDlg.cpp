@@ -8,6 +8,8 @@
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "resource/resource.h"
 
+#include <stdexcept>
+
 namespace
 {
 
@@ -215,7 +217,14 @@ void CKestrixDlg::ShowSelectedRecord()
     {
         return;
     }
-    m_pLogData->SetLogInfo(record);
+    try
+    {
+        m_pLogData->SetLogInfo(record);
+    }
+    catch (const std::out_of_range&)
+    {
+        m_DetailPane.ClearValues(); // a record that is too short for the pane is not to stand half in it
+    }
     m_DetailPane.ShowShortText();
     VD_TRACE(Flow, L"[Leave]CKestrixDlg::OnClickLogList()...");
 }

@@ -6,7 +6,9 @@
 #include <iterator>
 
 // The compare pair of a log whose table of columns says by which field each is sorted. A column that the table does not
-// have is sorted by the field of its own number. Records too short for the number of the column count as equal.
+// have is sorted by the field of its own number. Records too short for the number of the column count as equal. One
+// that is too short for the field alone is sorted as it shows, by an empty text: these functions are called from within
+// the system's sort, which no error may leave.
 template <const auto& Columns>
 struct ColumnOrder
 {
@@ -25,6 +27,6 @@ private:
             return 0;
         }
         const std::size_t field = number < std::size(Columns) ? Columns[number].order : number;
-        return left.Field(field).compare(right.Field(field));
+        return left.FieldOrEmpty(field).compare(right.FieldOrEmpty(field));
     }
 };

@@ -31,6 +31,12 @@ struct LogRec
     // The field; throws std::out_of_range when the record is shorter.
     std::wstring_view Field(std::size_t index) const;
 
+    // The same for those who cannot take the error: the field is empty when the record is shorter.
+    std::wstring_view FieldOrEmpty(std::size_t index) const noexcept
+    {
+        return index < strData.size() ? strData[index] : std::wstring_view();
+    }
+
     // The last field; throws std::out_of_range when the record has none.
     std::wstring_view LastField() const { return Field(strData.size() - 1); }
 

@@ -75,7 +75,7 @@ std::size_t CZPTLogBase::GetLogCount() const
 std::wstring_view CZPTLogBase::GetLogText(std::size_t record, std::size_t field) const
 {
     const LogRec* const found = GetLogRecord(record);
-    return found == nullptr || field >= found->strData.size() ? std::wstring_view() : found->strData[field];
+    return found == nullptr ? std::wstring_view() : found->FieldOrEmpty(field);
 }
 
 LogRec* CZPTLogBase::GetLogRecord(std::size_t index) const

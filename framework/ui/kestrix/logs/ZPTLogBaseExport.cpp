@@ -83,8 +83,7 @@ private:
     {
         for (const std::size_t& field : fields)
         {
-            const std::wstring_view text = field < record.strData.size() ? record.strData[field] : std::wstring_view();
-            if (!WriteField(text, &field == &fields.back()))
+            if (!WriteField(record.FieldOrEmpty(field), &field == &fields.back()))
             {
                 return false;
             }

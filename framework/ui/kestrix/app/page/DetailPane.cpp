@@ -107,14 +107,18 @@ void CDetailPane::SizeFirstText(int rows)
 
 void CDetailPane::Clear()
 {
+    ClearValues();
+    ShowThirdValue();
+}
+
+void CDetailPane::ClearValues()
+{
     Set(IDC_INFO_VALUE_0_TEXT, {}, {});
     for (const UINT value : InfoValues)
     {
         Set(value, {}, {});
     }
-    Show(IDC_ALLOW, false);
-    Show(IDC_ALLOW_LABEL, false);
-    ShowThirdValue();
+    ShowAllowRule(false);
 }
 
 std::wstring CDetailPane::LinkText() const

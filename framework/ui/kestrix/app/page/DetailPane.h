@@ -34,6 +34,9 @@ public:
     // The pane of no record: no values and no tips, and nothing of allow rules.
     void Clear();
 
+    // The same while the kind of log stays: what the kind hides stays hidden.
+    void ClearValues();
+
     std::wstring LinkText() const;
 
     // For a kind whose third value has a whole text: shows this text in place of the value, or the value again.

@@ -4,6 +4,7 @@
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <string_view>
 
 namespace
@@ -102,11 +103,26 @@ void CRecordList::AnswerText(NMLVDISPINFOW& info) const
         {
             return;
         }
-        m_pLogData->GetColumnText(record, text, info.item.iSubItem);
-        text = ShortenDisplayText(text);
+        text = ShortenDisplayText(CellText(*record, info.item.iSubItem));
     }
     const std::size_t room = std::min(CellLength, static_cast<std::size_t>(info.item.cchTextMax) - 1);
     info.item.pszText[text.copy(info.item.pszText, room)] = L'\0';
+}
+
+// Empty where the record lacks the field that its log shows there. The list asks while it paints: an error would come
+// back with each painting, and a box about it would bring the next one.
+std::wstring CRecordList::CellText(const LogRec& record, int column) const
+{
+    std::wstring text;
+    try
+    {
+        m_pLogData->GetColumnText(&record, text, column);
+    }
+    catch (const std::out_of_range&)
+    {
+        text.clear();
+    }
+    return text;
 }
 
 std::wstring CRecordList::ShortenDisplayText(const std::wstring& text)

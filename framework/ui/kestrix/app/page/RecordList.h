@@ -46,6 +46,7 @@ public:
 
 private:
     void ShowFresh();
+    std::wstring CellText(const LogRec& record, int column) const;
     void ShowArrow(int column, int up);
 
     CZPTLogBase* m_pLogData = nullptr; // not owned

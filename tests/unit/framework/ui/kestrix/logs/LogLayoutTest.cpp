@@ -29,6 +29,9 @@ constexpr ExportLabel Labels[] = {
 };
 constexpr LogLayout Layout = {.type = LogTypeScan, .columns = Columns, .infoRows = Rows, .exportLabels = Labels};
 
+// Sorted by a field after those that the number of the column asks for.
+constexpr LogColumn LaterField[] = {{0, 0, 0, 0}, {0, 0, 2, 2}};
+
 class TableLog : public PlainLog
 {
 public:
@@ -71,6 +74,28 @@ TEST_F(LogLayoutTest, AColumnIsSortedByTheFieldThatItsTableNames)
     EXPECT_LT(CompareUp(first, second, 4), 0);
     EXPECT_EQ(CompareUp(first, second, 5), 0) << "no such field";
     EXPECT_GT(CompareDown(first, second, 0), 0);
+}
+
+// The system's sort calls the pair; an error that left it would leave the rows in the middle of being moved.
+TEST_F(LogLayoutTest, ARecordWithoutTheFieldOfAColumnIsSortedAsOneWithAnEmptyField)
+{
+    LogRec shortOne(std::pmr::new_delete_resource());
+    shortOne.Append(L"1");
+    shortOne.Append(L"2");
+    LogRec whole(std::pmr::new_delete_resource());
+    LogRec empty(std::pmr::new_delete_resource());
+    for (const wchar_t* field : {L"1", L"2", L"3"})
+    {
+        whole.Append(field);
+        empty.Append(field == std::wstring_view(L"3") ? L"" : field);
+    }
+    const auto up = &ColumnOrder<LaterField>::Up;
+    const auto order = [up](const LogRec& first, const LogRec& second)
+    { return up(reinterpret_cast<LPARAM>(&first), reinterpret_cast<LPARAM>(&second), 1); };
+    EXPECT_LT(order(shortOne, whole), 0);
+    EXPECT_GT(order(whole, shortOne), 0);
+    EXPECT_EQ(order(shortOne, empty), 0);
+    EXPECT_EQ(order(shortOne, shortOne), 0);
 }
 
 TEST_F(LogLayoutTest, ARowShowsItsFieldInTheWayOfItsTable)

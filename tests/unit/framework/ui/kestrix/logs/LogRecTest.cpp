@@ -54,6 +54,15 @@ TEST(LogRecTest, AFieldThatIsNotThereIsTheVectorsOutOfRangeError)
     }
 }
 
+TEST(LogRecTest, AFieldThatIsNotThereIsEmptyForThoseWhoCannotTakeTheError)
+{
+    std::pmr::monotonic_buffer_resource memory;
+    LogRec record(&memory);
+    record.Append(L"a");
+    EXPECT_EQ(record.FieldOrEmpty(0), L"a");
+    EXPECT_EQ(record.FieldOrEmpty(1), L"");
+}
+
 TEST(LogRecTest, TakesAllItsMemoryFromTheResource)
 {
     CountingMemory upstream;
