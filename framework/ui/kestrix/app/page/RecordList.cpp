@@ -34,6 +34,7 @@ void CRecordList::SetLog(CZPTLogBase& log, const LogKind& kind)
 void CRecordList::RemoveLog()
 {
     DeleteAllItems();
+    SetImageList(nullptr, LVSIL_SMALL); // the icons are the log's and end with it
     m_pLogData = nullptr;
     m_pKind = nullptr;
 }

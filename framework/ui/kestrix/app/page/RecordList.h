@@ -17,7 +17,7 @@ public:
     // The log, which is not owned, and its kind.
     void SetLog(CZPTLogBase& log, const LogKind& kind);
 
-    // Takes the rows away with the log, which is about to go.
+    // Takes the rows and the icons away with the log, which is about to go.
     void RemoveLog();
 
     void RemoveColumns();

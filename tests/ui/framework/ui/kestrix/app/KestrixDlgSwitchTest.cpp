@@ -82,6 +82,17 @@ TEST_F(KestrixDlgSwitchTest, ALogWithoutAClassLeavesAnEmptyPageThatSwitchesBack)
     EXPECT_FALSE(IsShown(IDC_INFO_VALUE_0_TEXT));
 }
 
+// The icons end with their log; the list once went on to draw with them in a log that has none of its own.
+TEST_F(KestrixDlgSwitchTest, ALogWithoutIconsHasNoneOfTheLogBefore)
+{
+    OpenWithARecord();
+    ASSERT_NE(m_list.SendMessage(LVM_GETIMAGELIST, LVSIL_SMALL), 0);
+    View(LogTypePhishing);
+    EXPECT_EQ(m_list.SendMessage(LVM_GETIMAGELIST, LVSIL_SMALL), 0);
+    View(LogTypeVirus);
+    EXPECT_NE(m_list.SendMessage(LVM_GETIMAGELIST, LVSIL_SMALL), 0);
+}
+
 TEST_F(KestrixDlgSwitchTest, ASwitchClosesTheWholeTextAndTheRulePart)
 {
     OpenWithARecord();
