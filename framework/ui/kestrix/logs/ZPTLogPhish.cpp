@@ -1,5 +1,6 @@
 #include "framework/ui/kestrix/logs/ZPTLogPhish.h"
 
+#include "common/VdCommon/VdComn_Number.h"
 #include "framework/ui/kestrix/logs/ColumnOrder.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
 #include "platform/dialog/ResourceText.h"
@@ -94,6 +95,13 @@ std::uint32_t KindOf(std::wstring_view token)
     return std::wcstoul(std::wstring(token).c_str(), nullptr, 16);
 }
 
+// By how many pixels the first value is drawn higher than its control: the number in its text, 0 too.
+std::int32_t TallPixels()
+{
+    const std::wstring& text = LoadText(IDS_PHISHING_TALL_PIXELS);
+    return text.empty() ? DefaultTallPixels : VdCommon::WideToInteger(text);
+}
+
 bool IsDangerous(const LogRec& record)
 {
     return KindOf(record.Field(FieldKind)) == KindDangerous;
@@ -183,5 +191,5 @@ void CZPTLogPhish::SetLogInfo(LogRec* record)
         m_pInfoDlg->SetInfoText(RiskRow, std::wstring(fields[FieldRisk]), {});
     }
     m_pInfoDlg->DrawTallInfo(std::wstring(fields.size() > FieldCategory ? fields[FieldCategory] : std::wstring_view()),
-                             LoadNumber(IDS_PHISHING_TALL_PIXELS, DefaultTallPixels));
+                             TallPixels());
 }

@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/logs/ZPTLogPhish.h"
 
 #include "resource/WebAndTaskTexts.h"
+#include "tests/support/ChangedLanguageFile.h"
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
 #include "tests/unit/framework/ui/kestrix/logs/reference/PhishingReference.h"
 
@@ -118,6 +119,21 @@ TEST_F(ZPTLogPhishTest, TheFirstRowIsDrawnTallAndTheFourthHasTheLevel)
     EXPECT_EQ(m_pane.TallPixels(), std::stoi(Text(IDS_PHISHING_TALL_PIXELS)));
     EXPECT_EQ(m_pane[3].text, Text(1319));
     EXPECT_FALSE(m_pane[1].isSet);
+}
+
+// The height was once taken for missing where it was 0.
+TEST_F(ZPTLogPhishTest, TheFirstRowGrowsByTheNumberOfItsTextAndBy220OnlyWithoutIt)
+{
+    const std::pair<std::wstring, int> heights[] = {{L"", 220}, {L"0", 0}, {L"none", 0}, {L"35 pixels", 35}};
+    for (const auto& [text, pixels] : heights)
+    {
+        ChangedLanguageFile changed;
+        changed.SetText(IDS_PHISHING_TALL_PIXELS, text);
+        const LanguageFile language(changed.Path());
+        Show(L"x|1030|x|1|a|b|01|L1");
+        EXPECT_EQ(m_pane.TallPixels(), pixels) << text;
+        m_log.ClearLog(); // its texts go with the file
+    }
 }
 
 TEST_F(ZPTLogPhishTest, AShortRecordShowsNoCategoryAndLeavesTheLevel)
