@@ -76,6 +76,16 @@ TEST_F(ZPTLogUpdateTest, EveryResultKindHasItsTextAndIconAndKind5AnEmptyOneAndIm
             {Line(1, 200, -1), fields(L""), 1}});
 }
 
+TEST_F(ZPTLogUpdateTest, ResultKind3WithCode0IsAnUnsuccessfulUpdateWithImage2)
+{
+    Expect({{Line(1, 200, 3, 0), {L"10:30", Text(622), Text(408), L"before", L"after"}, 2}});
+}
+
+TEST_F(ZPTLogUpdateTest, AProductErrorIsTheResultAndItsCode0TheUnknownError)
+{
+    Expect({{Line(1, 200, 13, 0), {L"10:30", Text(622), Text(762), L"before", L"after"}, 2}});
+}
+
 TEST_F(ZPTLogUpdateTest, AnEngineErrorTakesThePlaceOfTheEvent)
 {
     for (const UpdateErrors& errors : EngineErrors)
