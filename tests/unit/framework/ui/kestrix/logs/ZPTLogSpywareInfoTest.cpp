@@ -39,6 +39,17 @@ TEST_F(ZPTLogSpywareInfoTest, ARecordOfAScanFillsSixRows)
     }
 }
 
+// It lacks the detail, so the row of the detail has its last field, the type.
+TEST_F(ZPTLogSpywareInfoTest, ARecordOfAScanFromAFileHasJustEnoughFieldsToBeShown)
+{
+    UseFiles();
+    const InfoPaneDouble& pane = Show(L"x|103015|0x100000|3|4|a.exe|C:\\dir|7|8|9|Adware|11|1|Toolbar");
+    ASSERT_EQ(m_log.GetLogRecord(0)->strData.size(), 9u);
+    EXPECT_EQ(pane[0].text, L"Adware");
+    EXPECT_EQ(pane[2].text, L"C:\\dir\\a.exe");
+    EXPECT_EQ(pane[5].text, L"Toolbar");
+}
+
 TEST_F(ZPTLogSpywareInfoTest, AThreatWithoutANameIsNoLinkAndItsTypeUnknown)
 {
     const InfoPaneDouble& pane = ShowScan(L"C:\\dir", L"a.exe", Text(51), L"");

@@ -10,6 +10,7 @@ namespace
 class OpenVstLog : public CZPTLogVST
 {
 public:
+    using CZPTLogVST::m_bRecordDone;
     using CZPTLogVST::m_nSource;
     using CZPTLogVST::m_nSourceCode;
     using CZPTLogVST::m_szToken8;
@@ -163,6 +164,19 @@ TEST_F(ZPTLogVSTTest, TheFormOfTheBehaviorMonitorIsTakenWhereItIsAskedFor)
     EXPECT_EQ(m_log.m_nSource, 1u);
     m_log.MakeRecodeMBD(14, L"", record);
     EXPECT_EQ(m_log.m_nSource, 0u);
+}
+
+TEST_F(ZPTLogVSTTest, TheOutcomeOfTheBehaviorMonitorCompletesARecordOfAFileAlone)
+{
+    LogRec record(std::pmr::new_delete_resource());
+    m_log.m_bRecordDone = false;
+    m_log.MakeRecodeMBD(12, L"1", record);
+    EXPECT_FALSE(m_log.m_bRecordDone);
+    UseFiles();
+    m_log.MakeRecodeMBD(11, L"", record);
+    EXPECT_FALSE(m_log.m_bRecordDone);
+    m_log.MakeRecodeMBD(12, L"1", record);
+    EXPECT_TRUE(m_log.m_bRecordDone);
 }
 
 TEST_F(ZPTLogVSTTest, TheColumnsShowTimeResultAndProgramAndSortByThem)

@@ -2,11 +2,13 @@
 
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
 #include "tests/support/LogFixture.h"
+#include "tests/support/TraceRecorder.h"
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace
 {
@@ -84,6 +86,44 @@ TEST_F(ZPTLogVirColumnsTest, TheComparePairTakesRecordsTooShortForTheColumnForEq
     }
     EXPECT_EQ(CompareUp(record, record, 8), 0);
     EXPECT_EQ(CompareUp(record, record, -1), 0);
+}
+
+// The result and the threat are not compared by the field of their column's number, and records that lack the field are
+// not compared at all.
+TEST_F(ZPTLogVirColumnsTest, OnlyTheCompareOfTwoFieldsOfTheColumnsNumberTracesItsEnd)
+{
+    const LogRec& record = PutActions(L"1|1|0|0");
+    const LogRec empty(std::pmr::new_delete_resource());
+
+    struct
+    {
+        const LogRec& first;
+        const LogRec& second;
+        int column;
+        bool endIsTraced;
+    } const cases[] = {
+        {record, record, 0, true}, {record, record, 1, false}, {record, record, 2, false},
+        {record, record, 3, true}, {record, record, 7, true},  {record, record, 8, false},
+        {record, empty, 0, false}, {empty, record, 0, false},  {empty, record, 1, false},
+    };
+
+    TraceRecorder trace;
+    for (const auto& each : cases)
+    {
+        std::vector<std::wstring> up = {L"[Enter]CALLBACK CZPTLogVir::CompareFuncUp()..."};
+        std::vector<std::wstring> down = {L"[Enter]CALLBACK CZPTLogVir::CompareFuncDn()..."};
+        if (each.endIsTraced)
+        {
+            up.push_back(L"[Leave]CALLBACK CZPTLogVir::CompareFuncUp()...");
+            down.push_back(L"[Leave]CALLBACK CZPTLogVir::CompareFuncDn()...");
+        }
+        trace.Clear();
+        CompareUp(each.first, each.second, each.column);
+        EXPECT_EQ(trace.Texts(), up) << each.column;
+        trace.Clear();
+        CompareDown(each.first, each.second, each.column);
+        EXPECT_EQ(trace.Texts(), down) << each.column;
+    }
 }
 
 TEST_F(ZPTLogVirColumnsTest, TheExportHasALabelForEachOfFields0To7)
