@@ -145,4 +145,15 @@ TEST_F(DebugLogSettingsTest, KindOneReadsTheSameValuesFromAnIniFileWithItsDefaul
     EXPECT_STREQ(calls.configs.back().logExtension, L"log");
 }
 
+TEST_F(DebugLogSettingsTest, AnIniFileWithoutALevelLetsErrorsThroughAlone)
+{
+    const TemporaryFolder folder;
+    WriteBytes(folder.File(L"trace.ini"), "[InteractiveSession]\r\nEnable=1\r\n");
+    const std::wstring path = folder.Path().wstring();
+    ASSERT_TRUE(m_log.Initialize(L"Kestrix", Key::InIniFile(path.c_str(), L"trace.ini"), FolderOf(L"good")));
+    EXPECT_TRUE(Trace(TraceLevel::Error));
+    EXPECT_FALSE(Trace(TraceLevel::Info));
+    EXPECT_FALSE(Trace(TraceLevel::Flow));
+}
+
 } // namespace

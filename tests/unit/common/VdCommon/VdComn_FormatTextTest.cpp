@@ -113,6 +113,7 @@ TEST(FormatText, AWidthOrPrecisionOfMoreThanTwoDigitsIsNone)
         {L"<%999999999d>", 7, L"<7>"},
         {L"<%.999999999d>", 7, L"<7>"},
         {L"<%100s>", L"name", L"<name>"},
+        {L"<%100.1s>", L"name", L"<name>"},
     });
     EXPECT_EQ(FormatText(L"%99s", {L"x"}).size(), 99u);
 }
