@@ -113,7 +113,7 @@ TEST_F(DetailPaneTest, EachKindHasItsWayOfTheFirstValue)
 // purge or another log put it over the list.
 TEST_F(DetailPaneTest, TheFirstValueKeepsItsPlaceInAPageThatHasBeenMoved)
 {
-    for (const LogKind* const kind : {&LinkKind, &TextKind, &TextOnlyKind, &TallKind})
+    for (const LogKind* const kind : {&LinkKind, &TallKind, &TextKind, &TextOnlyKind})
     {
         SCOPED_TRACE(static_cast<int>(kind->firstInfo));
         const RECT before = m_window.GetWindowRect();

@@ -22,6 +22,32 @@ using Texts = std::vector<std::wstring>;
 
 constexpr LogKind ThreeColumns{};
 
+// Counts how often its list is painted.
+class PaintedWindow : public PartWindow
+{
+public:
+    int m_nPaints = 0;
+
+protected:
+    static const MessageMap& Map()
+    {
+        static constexpr auto rows = MessageRows(On::Message<WM_NOTIFY, &PaintedWindow::OnNotify>);
+        static constexpr MessageMap map{rows, &PartWindow::Map};
+        return map;
+    }
+
+    const MessageMap& GetMessageMap() const override { return Map(); }
+
+private:
+    LRESULT OnNotify(WPARAM control, LPARAM notification)
+    {
+        const auto& header = *reinterpret_cast<const NMHDR*>(notification);
+        m_nPaints += control == IDC_RECORD_LIST && header.code == NM_CUSTOMDRAW &&
+                     reinterpret_cast<const NMCUSTOMDRAW*>(notification)->dwDrawStage == CDDS_PREPAINT;
+        return 0;
+    }
+};
+
 // The list with a log of three columns.
 class RecordListTest : public ::testing::Test
 {
@@ -69,7 +95,7 @@ protected:
     const TemporaryFolder m_folder;
     const TraceRecorder m_trace;
     PlainLog m_log{3};
-    PartWindow m_window;
+    PaintedWindow m_window;
     CRecordList m_list;
 };
 
@@ -135,6 +161,17 @@ TEST_F(RecordListTest, AFreshListStandsNewestFirstWithTheArrowDownOnItsFirstColu
     EXPECT_EQ(Arrow(0), Down);
     EXPECT_EQ(Arrow(1), -1);
     EXPECT_TRUE(m_list.GetStyle() & WS_VISIBLE) << "the list draws";
+}
+
+// Else it would be measured when the page appears, which would show the rows later.
+TEST_F(RecordListTest, AHiddenListIsMeasuredAfterALoadAndAnotherIsLeftToItsPainting)
+{
+    m_window.m_nPaints = 0;
+    Load(L"08|b|x\r\n");
+    EXPECT_EQ(m_window.m_nPaints, 0);
+    m_window.ShowWindow(SW_HIDE);
+    Load(L"08|b|x\r\n");
+    EXPECT_EQ(m_window.m_nPaints, 1);
 }
 
 // Sorting rows that stand in their order already would take as long as sorting others.
