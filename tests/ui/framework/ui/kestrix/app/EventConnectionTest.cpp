@@ -84,6 +84,18 @@ TEST_F(EventConnectionTest, AServiceThatDiedBeforeTheEndIsTracedAndTheController
     m_controller.DropSinks();
 }
 
+TEST_F(EventConnectionTest, AConnectionThatWasEndedIsNotEndedAgainByItsObject)
+{
+    Texts ended;
+    {
+        CEventConnection events{m_host};
+        ASSERT_TRUE(events.Connect());
+        ASSERT_TRUE(events.Disconnect());
+        ended = m_trace.Texts();
+    }
+    EXPECT_EQ(m_trace.Texts(), ended);
+}
+
 TEST_F(EventConnectionTest, WithoutASinkThereIsNothingToEnd)
 {
     EXPECT_FALSE(m_events.Disconnect());
