@@ -107,6 +107,20 @@ TEST_F(KestrixDlgSwitchTest, ASwitchClosesTheWholeTextAndTheRulePart)
     EXPECT_FALSE(IsShown(IDC_ALLOW_LABEL));
 }
 
+TEST_F(KestrixDlgSwitchTest, AClickOnAllowDisablesItInTheLogThatHasRulesAndInNoOther)
+{
+    OpenWithARecord();
+    CWindow allow = Item(IDC_ALLOW);
+    allow.EnableWindow();
+    const auto click = [&] { m_page.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_ALLOW, BN_CLICKED)); };
+    click();
+    EXPECT_TRUE(allow.IsWindowEnabled());
+    m_page.m_nLogType = LogTypeFirewall;
+    m_page.RefreshLog(CKestrixDlg::AnyReason);
+    click();
+    EXPECT_FALSE(allow.IsWindowEnabled());
+}
+
 TEST_F(KestrixDlgSwitchTest, ARefreshLosesTheSelectedDateAndGoesToTheFirst)
 {
     m_database.AddDay(2026, 11, 20);

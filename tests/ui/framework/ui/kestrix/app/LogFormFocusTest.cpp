@@ -154,6 +154,21 @@ TEST_F(LogFormFocusTest, TheFocusLeavesTheWholeLocationThatARefreshHides)
     EXPECT_NE(focus, IDC_INFO_VALUE_2_WHOLE);
 }
 
+// It stays on the page as a plain text, where no key would do anything.
+TEST_F(LogFormFocusTest, TheFocusLeavesALocationThatAnotherLogShowsAsAPlainText)
+{
+    OpenDatabase();
+    const int focus = FocusAfter(IDC_INFO_VALUE_2,
+                                 [&]
+                                 {
+                                     m_form.Page()->m_nLogType = LogTypeScan;
+                                     m_form.Page()->RefreshLog(CKestrixDlg::AnyReason);
+                                     EXPECT_TRUE(CWindow(PageItem(IDC_INFO_VALUE_2)).IsWindowVisible());
+                                     EXPECT_TRUE(CWindow(PageItem(IDC_INFO_VALUE_2)).IsWindowEnabled());
+                                 });
+    EXPECT_EQ(focus, IDC_RECORD_LIST);
+}
+
 TEST_F(LogFormFocusTest, TheFocusLeavesAnExportButtonThatARefreshDisables)
 {
     ExpectToLeave(IDC_FORM_EXPORT);
@@ -180,4 +195,17 @@ TEST_F(LogFormFocusTest, AFormThatComesBackWhoseButtonWasDisabledMeanwhileGivesT
                              m_form.SendMessage(WM_ACTIVATE, WA_ACTIVE);
                          }),
               IDC_RECORD_LIST);
+}
+
+// The list is given the focus when the form is seen again, not before. A disabled button has lost it.
+TEST_F(LogFormFocusTest, AFormThatIsActivatedAsAnIconGivesTheFocusToNoControl)
+{
+    constexpr int noControl = 0;
+    EXPECT_EQ(FocusAfter(IDC_FORM_EXPORT,
+                         [&]
+                         {
+                             m_form.Item(IDC_FORM_EXPORT).EnableWindow(false);
+                             m_form.SendMessage(WM_ACTIVATE, MAKEWPARAM(WA_ACTIVE, TRUE));
+                         }),
+              noControl);
 }

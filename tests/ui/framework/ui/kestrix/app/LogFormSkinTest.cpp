@@ -2,6 +2,7 @@
 
 #include "resource/resource.h"
 #include "tests/support/ImportPatch.h"
+#include "tests/support/Picture.h"
 #include "tests/support/RegistrySandbox.h"
 #include "tests/support/TraceRecorder.h"
 #include "tests/ui/framework/ui/kestrix/app/FormTest.h"
@@ -13,6 +14,20 @@ extern "C" decltype(&::DrawIcon) __imp_DrawIcon;
 
 namespace
 {
+
+// The number of pixels that are not of the picture's ground, the colour of its corner.
+int InkOf(const Picture& picture)
+{
+    int ink = 0;
+    for (int y = 0; y < picture.Height(); ++y)
+    {
+        for (int x = 0; x < picture.Width(); ++x)
+        {
+            ink += picture.At(x, y) != picture.At(0, 0);
+        }
+    }
+    return ink;
+}
 
 class LogFormSkinTest : public FormTest
 {
@@ -115,6 +130,39 @@ TEST_F(LogFormSkinTest, AFormWithAReportHasTwoTabsAndItsOwnTitle)
                     EXPECT_FALSE(m_form.Page()->IsWindowVisible());
                     EXPECT_EQ(CWindow(m_form.Page()->GetDlgItem(IDC_SETTING)).GetStyle() & WS_VISIBLE, 0u);
                     EXPECT_EQ(m_form.Item(IDC_FORM_REPORT_TITLE).GetWindowText(), Text(542));
+                }});
+}
+
+TEST_F(LogFormSkinTest, ATabIsNeverNarrowerThanTheOthers)
+{
+    m_form.Run({[&] { EXPECT_EQ(m_form.Item(IDC_FORM_TAB).SendMessage(TCM_SETMINTABWIDTH, 0, -1), 110); }});
+}
+
+TEST_F(LogFormSkinTest, TheButtonsOfTheFrameDoNotDrawTheirNames)
+{
+    m_form.Run({[&]
+                {
+                    for (const UINT id : {IDC_FORM_MINIMISE, IDC_FORM_CLOSE_BOX})
+                    {
+                        CWindow button = m_form.Item(id);
+                        ASSERT_NE(button.GetWindowText(), L"");
+                        const Picture named = PictureOf(button);
+                        button.SetWindowText({});
+                        EXPECT_TRUE(PictureOf(button) == named) << id;
+                    }
+                }});
+}
+
+TEST_F(LogFormSkinTest, TheTitleOfTheReportIsBoldAndItsTotalIsNot)
+{
+    WithReport();
+    m_form.Run({[&]
+                {
+                    CWindow total = m_form.Item(IDC_FORM_REPORT_TOTAL);
+                    CWindow title = m_form.Item(IDC_FORM_REPORT_TITLE);
+                    title.SetWindowText(L"the same");
+                    total.SetWindowText(L"the same");
+                    EXPECT_GT(InkOf(PictureOf(title)), InkOf(PictureOf(total)));
                 }});
 }
 
