@@ -2,6 +2,7 @@
 
 #include "common/VdCommon/VdComn_FormatText.h"
 #include "framework/ui/kestrix/logs/CodeTexts.h"
+#include "framework/ui/kestrix/logs/TokenReaders.h"
 #include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 
@@ -150,7 +151,7 @@ void CPFWOutput::AppendProtocol(LogRec& record) const
     const auto row = std::ranges::find(Protocols, nProtocol, &CodeText::code);
     if (row == std::end(Protocols))
     {
-        record.Append(std::to_wstring(nProtocol));
+        record.Append(DecimalText(nProtocol));
         return;
     }
     const std::wstring_view text = LoadText(row->text);

@@ -4,6 +4,8 @@
 #include "common/VdCommon/VdComn_Number.h"
 
 #include <algorithm>
+#include <charconv>
+#include <limits>
 
 std::wstring ClockText(std::wstring_view token)
 {
@@ -17,6 +19,12 @@ std::wstring ClockText(std::wstring_view token)
 std::uint32_t CodeOf(std::wstring_view token)
 {
     return static_cast<std::uint32_t>(VdCommon::WideToInteger(token));
+}
+
+std::wstring DecimalText(std::uint32_t number)
+{
+    char digits[std::numeric_limits<std::uint32_t>::digits10 + 1];
+    return {digits, std::to_chars(digits, std::end(digits), number).ptr};
 }
 
 void Unescape(std::wstring_view token, std::wstring& text, std::size_t characters)

@@ -14,6 +14,9 @@ std::wstring ClockText(std::wstring_view token);
 // A code: the decimal number at the start of the token as the C library reads it, a negative one modulo 2 to the 32.
 std::uint32_t CodeOf(std::wstring_view token);
 
+// The number in decimal digits.
+std::wstring DecimalText(std::uint32_t number);
+
 // The plain form of an escaped token, put into text as a buffer of so many characters keeps it; an empty token empties
 // it. The token must not lie in text.
 void Unescape(std::wstring_view token, std::wstring& text, std::size_t characters = std::wstring::npos);

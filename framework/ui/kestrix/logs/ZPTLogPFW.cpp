@@ -4,7 +4,6 @@
 #include "common/VdCommon/VdComn_Number.h"
 #include "framework/ui/kestrix/logs/ColumnOrder.h"
 #include "framework/ui/kestrix/logs/FirewallAddress.h"
-#include "framework/ui/kestrix/logs/PFWOutput.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
 #include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
@@ -149,8 +148,6 @@ CZPTLogPFW::CZPTLogPFW(std::pmr::memory_resource* upstream) : CZPTLogBase(upstre
     m_pfnCompareDn = &CZPTLogPFW::CompareFuncDn;
 }
 
-CZPTLogPFW::~CZPTLogPFW() = default;
-
 int CALLBACK CZPTLogPFW::CompareFuncUp(LPARAM first, LPARAM second, LPARAM column)
 {
     return CompareUp(first, second, column);
@@ -176,7 +173,7 @@ void CZPTLogPFW::MakeRecode(std::size_t index, std::wstring_view token, LogRec& 
     switch (index)
     {
     case 0:
-        m_pOutput = std::make_unique<CPFWOutput>(token);
+        m_pOutput.emplace(token);
         return;
     case 1:
         m_pOutput->nEvent = CodeOf(token);
@@ -223,7 +220,7 @@ void CZPTLogPFW::SetDirectionKind(std::wstring_view token, LogRec& record)
     const std::wstring_view time = m_pOutput->szTime.data();
     record.Append(time.empty() ? NoTime : time);
     m_pOutput->AppendProtocol(record);
-    record.Append(std::to_wstring(m_pOutput->nDirection));
+    record.Append(DecimalText(m_pOutput->nDirection));
 }
 
 void CZPTLogPFW::SetLocal(std::wstring_view token, LogRec& record)

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "framework/ui/kestrix/logs/FirewallSelection.h"
+#include "framework/ui/kestrix/logs/PFWOutput.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 
-class CPFWOutput;
+#include <optional>
 
 // The firewall log: when, on which protocol, between which ends and for which program something was tried, and what
 // came of it.
@@ -11,7 +12,6 @@ class CZPTLogPFW : public CZPTLogBase
 {
 public:
     explicit CZPTLogPFW(std::pmr::memory_resource* upstream = std::pmr::new_delete_resource());
-    ~CZPTLogPFW() override;
 
     void MakeRecode(std::size_t index, std::wstring_view token, LogRec& record) override;
 
@@ -25,7 +25,7 @@ protected:
     LogRec* NewRecord(std::pmr::memory_resource* memory) const override;
 
     std::wstring m_strLocalAddress;
-    std::unique_ptr<CPFWOutput> m_pOutput; // of the record being parsed; null between records
+    std::optional<CPFWOutput> m_pOutput; // of the record being parsed; none between records
     FirewallSelection m_Selection;
 
 private:

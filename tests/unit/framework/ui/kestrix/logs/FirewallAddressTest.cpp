@@ -14,6 +14,8 @@ TEST(FirewallAddressTest, AnAddressIsANumberByItsOctets)
         {L"192.0.2.10", 0xC000020A},
         {L"255.255.255.255", 0xFFFFFFFF},
         {L"10.1", 0x0A000001},
+        {L"010.0.0.1", 0x08000001},
+        {L"10.0.0.1 ", 0x0A000001},
         {L"0x0a.012.0.1", 0x0A0A0001},
         {L"167772161", 0x0A000001},
     };
@@ -25,7 +27,7 @@ TEST(FirewallAddressTest, AnAddressIsANumberByItsOctets)
 
 TEST(FirewallAddressTest, ATextThatIsNoAddressCountsAsTheHighestOneAndABlankAs0)
 {
-    for (const wchar_t* const text : {L"Unknown", L"10.0.0.256", L"10.0.0.0.1", L"LIP", L"\x65E5\x672C", L"\xD800"})
+    for (const wchar_t* const text : {L"Unknown", L"10.0.0.256", L"10.0.0.1000", L"10.0.0.", L".10.0.0", L"10..0.1", L"10.0.0.0.1", L"LIP", L"\x65E5\x672C", L"\xD800"})
     {
         EXPECT_EQ(AddressOrder(text), 0xFFFFFFFFu) << std::wstring_view(text).size();
     }

@@ -72,7 +72,7 @@ TEST_F(ZPTLogPFWTest, ALineHasElevenFieldsAndAnIcon)
         EXPECT_EQ(record.Field(i), fields[i]) << i;
     }
     EXPECT_EQ(record.nImage, 0u);
-    EXPECT_EQ(m_log.m_pOutput, nullptr) << "between records";
+    EXPECT_FALSE(m_log.m_pOutput) << "between records";
 }
 
 TEST_F(ZPTLogPFWTest, TheTimeEndsWhereItsTokenEnds)
