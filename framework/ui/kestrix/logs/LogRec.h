@@ -24,7 +24,10 @@ struct LogRec
     // Copies the text into the record's memory, as its next field.
     void Append(std::wstring_view text) { strData.push_back(Keep(text)); }
 
-    // The same for a text that outlives the record by itself: a literal or a text of the language file. Nothing is
+    // Copies the two texts one after the other, as the next field.
+    void AppendJoined(std::wstring_view first, std::wstring_view second);
+
+    // As Append, for a text that outlives the record by itself: a literal or a text of the language file. Nothing is
     // copied.
     void AppendLasting(std::wstring_view text) { strData.push_back(text); }
 

@@ -213,10 +213,11 @@ void CZPTLogSpyware::SetScanResult(std::wstring_view token, LogRec& record)
     const auto result = std::ranges::find(ScanResults, code, &ScanResult::code);
     const bool isKnown = result != std::end(ScanResults);
     record.Append(m_szToken10);
+    const std::wstring_view threat = record.LastField();
     record.Append(m_szToken6);
     record.Append(m_szToken5);
     record.AppendLasting(isKnown ? std::wstring_view(LoadText(result->text)) : std::wstring_view());
-    record.Append(m_szToken10);
+    record.AppendLasting(threat); // kept already
     record.AppendLasting(ThreatSources::SourceText(m_nSource));
     record.nImage = isKnown ? result->image : UnknownResultImage;
 }

@@ -203,23 +203,19 @@ void CZPTLogSysTuner::MakeRecode(std::size_t index, std::wstring_view token, Log
 void CZPTLogSysTuner::AppendValue(std::wstring_view token, LogRec& record) const
 {
     const Function& function = CurrentFunction();
-    std::wstring text(token);
     switch (function.value)
     {
     case Value::None:
-        text.clear();
-        break;
+        return record.AppendLasting({});
     case Value::Text:
-        break;
+        return record.Append(token);
     case Value::Count:
-        text += LoadText(VdCommon::WideToInteger(token) > 1 ? function.many : function.one);
-        break;
+        return record.AppendJoined(token, LoadText(VdCommon::WideToInteger(token) > 1 ? function.many : function.one));
     case Value::Date:
-        FormatLastAccessDate(text);
-        text.insert(0, LoadText(function.one));
-        break;
+        std::wstring date(token);
+        FormatLastAccessDate(date);
+        return record.AppendJoined(LoadText(function.one), date);
     }
-    record.Append(text);
 }
 
 void CZPTLogSysTuner::FormatLastAccessDate(std::wstring& text) const
