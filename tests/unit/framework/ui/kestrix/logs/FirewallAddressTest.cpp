@@ -27,7 +27,8 @@ TEST(FirewallAddressTest, AnAddressIsANumberByItsOctets)
 
 TEST(FirewallAddressTest, ATextThatIsNoAddressCountsAsTheHighestOneAndABlankAs0)
 {
-    for (const wchar_t* const text : {L"Unknown", L"10.0.0.256", L"10.0.0.1000", L"10.0.0.", L".10.0.0", L"10..0.1", L"10.0.0.0.1", L"LIP", L"\x65E5\x672C", L"\xD800"})
+    for (const wchar_t* const text : {L"Unknown", L"10.0.0.256", L"10.0.0.1000", L"10.0.0.", L".10.0.0", L"10..0.1",
+                                      L"10.0.0.0.1", L"LIP", L"\x65E5\x672C", L"\xD800"})
     {
         EXPECT_EQ(AddressOrder(text), 0xFFFFFFFFu) << std::wstring_view(text).size();
     }
