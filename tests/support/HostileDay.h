@@ -23,6 +23,6 @@ struct ExpectedRecord
 using LogReference = std::function<std::optional<ExpectedRecord>(std::wstring_view line)>;
 
 // Puts hostile lines into the log, which has just been made, and compares what becomes of each with the reference, up
-// to the first difference. The lines are others in each run: the seed is printed, and KESTRIX_SEED in the environment
-// takes one to run again.
+// to the first difference. The lines are the same in each run: KESTRIX_SEED in the environment takes another
+// seed, or "random" for a new one. The seed is printed.
 void ExpectHostileDay(CZPTLogBase& log, const LogReference& reference, const LineShape& shape);

@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/logs/ZPTLogURL.h"
 
 #include "tests/support/CategoryService.h"
+#include "tests/support/DebugScale.h"
 #include "tests/support/TraceRecorder.h"
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
 #include "tests/unit/framework/ui/kestrix/logs/reference/UrlFilterReference.h"
@@ -151,17 +152,20 @@ TEST_F(ZPTLogURLTest, TheFirstGroupOfAKeyThatIsThereTwiceWinsAndAnEmptyKeyIsAKey
 // A walk over the list for each line would compare texts two thousand million times.
 TEST_F(ZPTLogURLTest, AListOf100000GroupsIsReadAndDoesNotSlowDownEachLine)
 {
+    constexpr std::size_t count = Scaled(100'000);
+    constexpr std::size_t lines = count / 5;
     CategoryService::Groups groups;
-    for (int i = 0; i < 100'000; ++i)
+    for (std::size_t i = 0; i < count; ++i)
     {
         groups.emplace_back(std::to_wstring(i), L"group " + std::to_wstring(i));
     }
     m_service.Offer(groups);
     CZPTLogURL log;
-    for (int i = 0; i < 20'000; ++i)
+    for (std::size_t i = 0; i < lines; ++i)
     {
-        ASSERT_TRUE(log.PutRecode(L"x|1030|x|1F|Blocked|0|a|" + std::to_wstring(80'000 + i), CZPTLogBase::AnyLine));
-        ASSERT_EQ(log.GetLogText(i, 4), L"group " + std::to_wstring(80'000 + i));
+        const std::wstring key = std::to_wstring(count - lines + i);
+        ASSERT_TRUE(log.PutRecode(L"x|1030|x|1F|Blocked|0|a|" + key, CZPTLogBase::AnyLine));
+        ASSERT_EQ(log.GetLogText(i, 4), L"group " + key);
     }
 }
 
