@@ -132,7 +132,7 @@ protected:
         const std::multiset<std::wstring> before = RunningPrograms();
         ClickLinkOf(viewer, 0, threat);
         ClickLinkOf(viewer, 1, LastThreat);
-        // The viewer deals with one click behind the other: when the second has had its effect, so has the first.
+        // The viewer deals with one click after the other: when the second has had its effect, so has the first.
         const auto hasLast = [&] { return std::ranges::count(m_records.All(), Record("zlast")) != 0; };
         EXPECT_TRUE(WaitUntil(hasLast));
         EXPECT_TRUE(WaitUntil([&] { return RunningPrograms() == before; })) << "another program runs";

@@ -53,7 +53,7 @@ public:
     // Any type, and exactly these bytes.
     void Set(const std::wstring& path, const std::wstring& name, DWORD type, const void* data, std::size_t size) const
     {
-        // The system looks behind a text without a terminator for one: let it find none, and not leave the block.
+        // The system looks after a text without a terminator for one: let it find none, and not leave the block.
         std::vector<BYTE> padded(static_cast<const BYTE*>(data), static_cast<const BYTE*>(data) + size);
         padded.insert(padded.end(), sizeof(wchar_t), BYTE{0xFF});
         Require(::RegSetValueExW(Open(path).get(), name.c_str(), 0, type, padded.data(), static_cast<DWORD>(size)));

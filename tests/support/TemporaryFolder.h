@@ -33,5 +33,5 @@ std::string Utf16Bytes(std::wstring_view text);
 // Replaces the file by a byte order mark and the text.
 void WriteUtf16(const std::wstring& path, std::wstring_view text);
 
-// The text of a UTF-16 file behind its byte order mark; throws std::runtime_error when it has none.
+// The text of a UTF-16 file after its byte order mark; throws std::runtime_error when it has none.
 std::wstring ReadUtf16(const std::wstring& path);

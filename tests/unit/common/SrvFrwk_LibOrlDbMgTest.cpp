@@ -95,7 +95,7 @@ TEST_F(LibOrlDbMgTest, ALibraryThatLacksAnExportStaysLoadedUnboundUntilTheWrappe
         EXPECT_FALSE(binding.Initialize(incomplete.Folder()));
         EXPECT_FALSE(binding.IsBound());
         EXPECT_EQ(binding.Module(), incomplete.Module());
-        EXPECT_NE(binding.Orl_Uninitialize, nullptr); // those before and behind the missing one are looked up
+        EXPECT_NE(binding.Orl_Uninitialize, nullptr); // those before and after the missing one are looked up
         EXPECT_EQ(binding.Orl_FreeFunction, nullptr);
         EXPECT_EQ(m_trace.Texts(), Failure(L"0x0000007f"));
 

@@ -6,7 +6,7 @@
 namespace
 {
 
-// A text beside no margin is centred in the room behind the gap.
+// A text beside no margin is centred in the room after the gap.
 constexpr int NoMargin = 0;
 constexpr int NoGap = 0;
 

@@ -23,7 +23,7 @@ public:
     // False when the text could not be written.
     bool Write(std::wstring_view text);
 
-    // Writes the text in double quotes, with what stands behind it: a tab or a line feed.
+    // Writes the text in double quotes, with what stands after it: a tab or a line feed.
     bool WriteLabel(std::wstring_view text, wchar_t end);
 
     // Writes what is still in memory, all of it to the disk; false when that failed.

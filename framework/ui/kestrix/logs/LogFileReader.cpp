@@ -110,7 +110,7 @@ std::wstring_view LogFileReader::NextPiece()
     }
 }
 
-// Moves what is left to the front of the buffer and reads behind it; false when nothing more came.
+// Moves what is left to the front of the buffer and reads after it; false when nothing more came.
 bool LogFileReader::ReadBlock()
 {
     const std::size_t left = m_nEnd - m_nBegin;

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-// Reads a daily log file line by line: UTF-16 text behind a two-byte mark that is not looked at.
+// Reads a daily log file line by line: UTF-16 text after a two-byte mark that is not looked at.
 //
 // A line is what readers of these files have always taken for one, a buffer of 2,046 characters at a time:
 // - a line of more than 2,046 characters with its line end is passed over with all its pieces;
@@ -22,7 +22,7 @@ public:
     // The longest piece of text that is taken for a line, in characters.
     static constexpr std::size_t LongestLine = 2046;
 
-    // Opens the file behind its mark, or, with a limit that is not 0, that many bytes before its end, behind one
+    // Opens the file after its mark, or, with a limit that is not 0, that many bytes before its end, after one
     // discarded line. False when it cannot be opened or positioned, or when no buffer can be had.
     // Others may write, move or delete the file meanwhile.
     bool Open(const std::wstring& path, std::uint32_t limit = 0);
@@ -41,7 +41,7 @@ private:
     UniqueFile m_hFile;
     std::vector<wchar_t> m_arrBuffer;
     std::size_t m_nBegin = 0;    // first character that was not given yet
-    std::size_t m_nEnd = 0;      // behind the last whole character read
-    std::size_t m_nOddBytes = 0; // 1 when half a character stands behind m_nEnd
+    std::size_t m_nEnd = 0;      // after the last whole character read
+    std::size_t m_nOddBytes = 0; // 1 when half a character stands after m_nEnd
     bool m_bLineStartOk = true;
 };

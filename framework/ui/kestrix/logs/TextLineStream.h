@@ -11,7 +11,7 @@ class TextLineStream
 {
 public:
     // Opens the file at its beginning or, with a limit that is not 0 and smaller than the file, that many bytes before
-    // its end, behind the first and then partial line. False when it cannot be opened or positioned.
+    // its end, after the first and then partial line. False when it cannot be opened or positioned.
     bool Open(const std::wstring& path, std::uint32_t limit = 0);
 
     // The next line without its end; false at the end of the file.

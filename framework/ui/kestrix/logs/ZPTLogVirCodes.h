@@ -25,7 +25,7 @@ struct Outcome
 Outcome FirstOutcome(const Event& event, std::uint32_t action, std::uint32_t result);
 Outcome SecondOutcome(const Event& event, std::uint32_t action, std::uint32_t result);
 
-// Whether a second action was tried at all: only behind a first one that can fail for want of a cure.
+// Whether a second action was tried at all: only after a first one that can fail for want of a cure.
 bool SecondActionCounts(std::uint32_t firstAction, std::uint32_t firstResult);
 
 } // namespace VirusCodes

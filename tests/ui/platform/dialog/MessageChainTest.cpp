@@ -13,7 +13,7 @@ namespace
 constexpr int ControlId = 5;
 constexpr UINT Probe = WM_USER + 1;
 
-// What a handler does behind its note; by default nothing more.
+// What a handler does after its note; by default nothing more.
 using Action = std::function<LRESULT(CWnd&)>;
 
 // A control that handles what is reflected to it.

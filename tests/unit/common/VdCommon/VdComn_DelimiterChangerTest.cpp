@@ -54,7 +54,7 @@ TEST(DelimiterChanger, BrokenEscapeAsTheFirstIsRemovedAndTheCharacterBehindStays
 
 TEST(DelimiterChanger, BrokenEscapeBehindASeparatorGivesTheSeparatorAgain)
 {
-    // The stale replacement also swallows the character behind the mark.
+    // The stale replacement also swallows the character after the mark.
     EXPECT_EQ(Decoded(L"a%Ib%xc"), L"a|b|c");
 }
 

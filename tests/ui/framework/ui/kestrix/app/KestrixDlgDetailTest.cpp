@@ -13,7 +13,7 @@ class KestrixDlgDetailTest : public PageTest
 {
 protected:
     // The list shows them in the order: a first action that failed and a second that did, an unknown threat, and a
-    // detail. The detail stands last in the file, since it would be that of all records behind it.
+    // detail. The detail stands last in the file, since it would be that of all records after it.
     KestrixDlgDetailTest()
     {
         OpenDay({L"x|1000|1048576|x|0|0|threat|" + LongPlace + L"|2|0|1|1",

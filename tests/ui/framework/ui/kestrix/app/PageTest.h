@@ -65,7 +65,7 @@ protected:
     Texts Cells(int row) const;
     Texts Column(int column) const;
 
-    // A notification as the control sends it, with this structure behind the header.
+    // A notification as the control sends it, with this structure after the header.
     template <class Notification>
     void Notify(UINT control, UINT code, Notification& notification)
     {

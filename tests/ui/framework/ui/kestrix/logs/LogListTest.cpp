@@ -26,7 +26,7 @@ public:
     void UseIcons() { m_layout.iconBitmap = IDB_LOG_ICONS; }
 };
 
-// Refuses every row behind the first few.
+// Refuses every row after the first few.
 class FullList : public CSortListCtrl
 {
 protected:

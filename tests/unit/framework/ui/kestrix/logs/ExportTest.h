@@ -54,7 +54,7 @@ protected:
 
     void Put(std::wstring_view line) { ASSERT_TRUE(m_log.PutRecode(line, CZPTLogBase::AnyLine)); }
 
-    // The record lines of the file, behind the title and the labels.
+    // The record lines of the file, after the title and the labels.
     std::wstring RecordLines(std::uint32_t logType = LogTypeVirus)
     {
         EXPECT_TRUE(Export(logType));

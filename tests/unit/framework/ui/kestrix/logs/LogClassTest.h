@@ -44,7 +44,7 @@ protected:
         }
     }
 
-    // What stands in a row of the list, and behind it what a column that is not there leaves.
+    // What stands in a row of the list, and after it what a column that is not there leaves.
     Texts Cells(const LogRec& record) const
     {
         Texts cells;

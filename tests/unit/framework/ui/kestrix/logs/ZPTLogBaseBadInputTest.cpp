@@ -62,7 +62,7 @@ protected:
         return m_log.ReadLogW(m_path);
     }
 
-    // The names of the records, each with a blank behind it.
+    // The names of the records, each with a blank after it.
     static std::wstring Names(const CZPTLogBase& log)
     {
         std::wstring names;
@@ -165,7 +165,7 @@ TEST_F(ZPTLogBaseBadInputTest, ANulCharacterDropsItsLineAndTheNext)
 TEST_F(ZPTLogBaseBadInputTest, AFileOfNulCharacters)
 {
     EXPECT_TRUE(Read(std::wstring(300'000, L'\0') + Line(L"a")));
-    // The last piece of NUL characters ends inside the line: all of its text stands behind a NUL.
+    // The last piece of NUL characters ends inside the line: all of its text comes after a NUL.
     EXPECT_EQ(m_log.GetLogCount(), 0u);
 }
 

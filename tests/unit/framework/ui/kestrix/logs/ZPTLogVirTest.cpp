@@ -297,7 +297,7 @@ TEST_F(ZPTLogVirTest, AFileLineThatHasADetailTokenShowsIt)
     EXPECT_EQ(Put(L"x|103015|1|x|0|0|6|1|1|0|0|detail").Field(7), L"detail");
 }
 
-// The detail stands until another record brings one, so a file line behind a provider line shows the old one.
+// The detail stands until another record brings one, so a file line after a provider line shows the old one.
 TEST_F(ZPTLogVirTest, TheDetailOfARecordStaysForALineThatBringsNone)
 {
     Put(Event{});
