@@ -60,8 +60,7 @@ public:
         static constexpr LogInfoRow rows[] = {{IDS_LABEL_THREAT, true}, {0, false}, {IDS_LABEL_TYPE, true}};
         static constexpr UINT titles[] = {IDS_TITLE_VIRUS, IDS_VIRUS_TITLE_2};
         static constexpr LogColumn columns[] = {{IDS_COLUMN_TIME, 70, 0, 0}, {IDS_COLUMN_THREAT, 90, 2, 1}};
-        static constexpr LogLayout layout = {
-            .type = LogTypeScan, .titles = titles, .columns = columns, .infoRows = rows};
+        static const LogLayout layout = {.type = LogTypeScan, .titles = titles, .columns = columns, .infoRows = rows};
         Setup(layout);
     }
 };
