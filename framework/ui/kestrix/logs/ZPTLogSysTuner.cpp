@@ -5,7 +5,6 @@
 #include "framework/ui/kestrix/logs/CodeTexts.h"
 #include "framework/ui/kestrix/logs/ColumnOrder.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
-#include "platform/dialog/OleDateTime.h"
 #include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 
@@ -148,11 +147,18 @@ struct SlashedDate
     int day;
 };
 
-// What stands for a date that the region cannot show.
-std::wstring NoDateText()
+constexpr std::size_t LongestDate = 259;
+
+// The date as the user's region writes it, or what stands for one that the region cannot show.
+std::wstring RegionDate(const COleDateTime& date)
 {
-    const std::wstring& text = LoadText(IDS_INVALID_DATE);
-    return text.empty() ? L"Invalid DateTime" : text;
+    const std::wstring text = date.Format(VAR_DATEVALUEONLY);
+    if (!text.empty())
+    {
+        return text.substr(0, LongestDate);
+    }
+    const std::wstring& none = LoadText(IDS_INVALID_DATE);
+    return none.empty() ? L"Invalid DateTime" : none;
 }
 
 } // namespace
@@ -200,7 +206,7 @@ void CZPTLogSysTuner::MakeRecode(std::size_t index, std::wstring_view token, Log
     }
 }
 
-void CZPTLogSysTuner::AppendValue(std::wstring_view token, LogRec& record) const
+void CZPTLogSysTuner::AppendValue(std::wstring_view token, LogRec& record)
 {
     const Function& function = CurrentFunction();
     switch (function.value)
@@ -218,10 +224,9 @@ void CZPTLogSysTuner::AppendValue(std::wstring_view token, LogRec& record) const
     }
 }
 
-void CZPTLogSysTuner::FormatLastAccessDate(std::wstring& text) const
+void CZPTLogSysTuner::FormatLastAccessDate(std::wstring& text)
 {
     VD_TRACE(Flow, L"[Enter] CZPTLogSysTuner::FormatLastAccessDate...");
-    constexpr std::size_t longest = 259;
     constexpr int noon = 12;
     const SlashedDate date(text);
     VD_TRACE(Info, L"CZPTLogSysTuner::FormatLastAccessDate - Date = [%d/%d/%d]", date.year, date.month, date.day);
@@ -231,11 +236,23 @@ void CZPTLogSysTuner::FormatLastAccessDate(std::wstring& text) const
         VD_TRACE(Error, L"*** CZPTLogSysTuner::FormatLastAccessDate - oletime invalid");
         return;
     }
-    const std::wstring formatted = time.Format(VAR_DATEVALUEONLY);
-    text = formatted.empty() ? NoDateText() : formatted.substr(0, longest);
+    text = DateText(time);
     // Readers of the trace know the text by the name of the function that it was first written for.
     VD_TRACE(Info, L"*** CKestrixDlg::FillDate() - Datetime string to be filled : [%s]", text);
     VD_TRACE(Flow, L"[Leave] CZPTLogSysTuner::FormatLastAccessDate...");
+}
+
+const std::wstring& CZPTLogSysTuner::DateText(const COleDateTime& date)
+{
+    const auto found = m_mapDateText.find(date);
+    return found != m_mapDateText.end() ? found->second : m_mapDateText.emplace(date, RegionDate(date)).first->second;
+}
+
+// With the records go the dates' texts: the region may be another when the next day is read.
+void CZPTLogSysTuner::ClearLog()
+{
+    CZPTLogBase::ClearLog();
+    m_mapDateText.clear();
 }
 
 bool CZPTLogSysTuner::SetListLog()

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
+#include "platform/dialog/OleDateTime.h"
+
+#include <map>
 
 // The log of the system tuner: which function did what, to which item, and how much that came to. Texts are composed so
 // that a row of the list reads as a sentence.
@@ -13,15 +16,21 @@ public:
 
     // Throws std::invalid_argument when the records are others at the end than at the beginning.
     bool SetListLog() override;
+    void ClearLog() override;
     void GetColumnText(const LogRec* record, std::wstring& text, int column) const override;
 
 protected:
     // Turns a date in the form YYYY/MM/DD into the short date of the user's region, with whatever stands after it. A
     // text that does not begin with a date stays as it is.
-    void FormatLastAccessDate(std::wstring& text) const;
+    void FormatLastAccessDate(std::wstring& text);
 
 private:
     static int CALLBACK CompareFuncUp(LPARAM first, LPARAM second, LPARAM column);
 
-    void AppendValue(std::wstring_view token, LogRec& record) const;
+    void AppendValue(std::wstring_view token, LogRec& record);
+    const std::wstring& DateText(const COleDateTime& date);
+
+    // The dates of the loaded lines as the region writes them. They repeat, and the system takes longer to write one
+    // than all else of a line takes.
+    std::map<COleDateTime, std::wstring> m_mapDateText;
 };

@@ -41,7 +41,7 @@ protected:
         return std::wstring(Put(LineOf(type, L"0", L"0", L"", value)).Field(5));
     }
 
-    std::wstring DateOf(std::wstring text) const
+    std::wstring DateOf(std::wstring text)
     {
         m_log.FormatLastAccessDate(text);
         return text;
@@ -163,6 +163,18 @@ TEST_F(ZPTLogSysTunerTest, ADateThatTheRegionCannotShowIsCalledInvalid)
 {
     const ImportPatch refuse(__imp_VarBstrFromDate, &RefuseDate);
     EXPECT_EQ(DateOf(L"2007/12/31"), Text(55296));
+}
+
+TEST_F(ZPTLogSysTunerTest, TheDatesOfADayStayAsTheyAreAndThoseOfTheNextDayAreInTheFormThatTheRegionHasThen)
+{
+    EXPECT_EQ(DateOf(L"2007/12/31"), L"31.12.2007");
+    {
+        const ImportPatch refuse(__imp_VarBstrFromDate, &RefuseDate);
+        EXPECT_EQ(DateOf(L"2007/12/31"), L"31.12.2007") << "the region is asked for a date once";
+    }
+    SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, L"yyyy-MM-dd");
+    m_log.ClearLog();
+    EXPECT_EQ(DateOf(L"2007/12/31"), L"2007-12-31");
 }
 
 TEST_F(ZPTLogSysTunerTest, ADateIsTracedWithItsNumbersAndADateThatIsNoneAsAnError)
