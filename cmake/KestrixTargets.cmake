@@ -34,14 +34,19 @@ if(KESTRIX_PRECOMPILED_HEADERS)
   target_precompile_headers(kestrix_headers PRIVATE ${PROJECT_SOURCE_DIR}/cmake/CommonHeaders.h)
 endif()
 
+# kestrix_use_common_headers(TARGET): for a target that is compiled as the product is.
+function(kestrix_use_common_headers target)
+  if(TARGET kestrix_headers)
+    target_precompile_headers(${target} REUSE_FROM kestrix_headers)
+  endif()
+endfunction()
+
 # kestrix_library(NAME SOURCES... LINKS...): a static library of the product.
 function(kestrix_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
   add_library(${name} STATIC ${arg_SOURCES})
   target_link_libraries(${name} PUBLIC kestrix_options ${arg_LINKS})
-  if(TARGET kestrix_headers)
-    target_precompile_headers(${name} REUSE_FROM kestrix_headers)
-  endif()
+  kestrix_use_common_headers(${name})
 endfunction()
 
 # kestrix_resource_file(NAME SOURCE rc FILE path): target NAME makes the file from one resource source, as language

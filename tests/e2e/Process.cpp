@@ -94,7 +94,11 @@ std::wstring ProgramFolder()
 
 Process::Process(const std::wstring& program, const std::wstring& arguments)
 {
-    std::wstring line = L"\"" + program + L"\"" + (arguments.empty() ? L"" : L" " + arguments);
+    std::wstring line = L"\"" + program + L"\"";
+    if (!arguments.empty())
+    {
+        line += L" " + arguments;
+    }
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION information{};
