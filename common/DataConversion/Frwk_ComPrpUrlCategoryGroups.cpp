@@ -1,31 +1,12 @@
 #include "common/DataConversion/Frwk_ComPrpUrlCategoryGroups.h"
 
+#include "common/DataConversion/Frwk_Append.h"
 #include "common/VdCommon/VdComn_DebugLog.h"
 
-#include <new>
 #include <utility>
 
 namespace Frwk::DataTypes
 {
-
-namespace
-{
-
-// False where the memory is missing.
-bool Append(std::vector<UrlCategoryGroup>& list, UrlCategoryGroup&& group) noexcept
-{
-    try
-    {
-        list.push_back(std::move(group));
-        return true;
-    }
-    catch (const std::bad_alloc&)
-    {
-        return false;
-    }
-}
-
-} // namespace
 
 bool ComPrpUrlCategoryGroups::GetPrpUrlCategoryGroups(std::vector<UrlCategoryGroup>* list) const
 {

@@ -29,10 +29,15 @@ public:
     // From now on a block of more bytes fails.
     void FailAbove(std::size_t bytes) { m_nLimit = bytes; }
 
+    // From now on this block, counted from 1, fails, and no other.
+    void FailOnly(int number) { m_nUntilFailure = number; }
+
 private:
+    bool Fails(std::size_t size) { return size > m_nLimit || --m_nUntilFailure == 0; }
+
     static void* Malloc(std::size_t size)
     {
-        void* const block = size > s_pWatch->m_nLimit ? nullptr : s_pWatch->m_malloc.Original()(size);
+        void* const block = s_pWatch->Fails(size) ? nullptr : s_pWatch->m_malloc.Original()(size);
         s_pWatch->m_nBlocks += block != nullptr;
         return block;
     }
@@ -45,9 +50,11 @@ private:
 
     static void* WINAPI Reserve(void* address, SIZE_T size, DWORD type, DWORD protection)
     {
-        void* const block =
-            size > s_pWatch->m_nLimit ? nullptr : s_pWatch->m_reserve.Original()(address, size, type, protection);
-        s_pWatch->m_nBlocks += block != nullptr && (type & MEM_RESERVE) != 0;
+        const bool reserves = (type & MEM_RESERVE) != 0; // else the block is there already
+        void* const block = reserves && s_pWatch->Fails(size)
+                                ? nullptr
+                                : s_pWatch->m_reserve.Original()(address, size, type, protection);
+        s_pWatch->m_nBlocks += block != nullptr && reserves;
         return block;
     }
 
@@ -60,6 +67,7 @@ private:
     inline static AllocationWatch* s_pWatch = nullptr;
     long m_nBlocks = 0;
     std::size_t m_nLimit = std::numeric_limits<std::size_t>::max();
+    int m_nUntilFailure = 0; // from below 1 on it is never reached
     const ImportPatch<void* (*)(std::size_t)> m_malloc{__imp_malloc, &Malloc};
     const ImportPatch<void (*)(void*)> m_free{__imp_free, &Free};
     const ImportPatch<decltype(&::VirtualAlloc)> m_reserve{__imp_VirtualAlloc, &Reserve};
