@@ -8,6 +8,7 @@
 #include "framework/ui/kestrix/logs/ColumnOrder.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
 #include "platform/dialog/ComPtr.h"
+#include "platform/dialog/ComUse.h"
 #include "platform/dialog/ResourceText.h"
 #include "resource/WebAndTaskTexts.h"
 #include "resource/resource.h"
@@ -67,27 +68,6 @@ std::wstring g_strUrlAction;
 std::uint32_t g_nUrlResult = 0;
 std::wstring g_strUrlAddress;
 std::wstring_view g_strUrlCategory; // lives as long as the log that is being read
-
-// COM for the calling thread, for the life of the object.
-class ComUse
-{
-public:
-    ComUse() : m_isOwn(SUCCEEDED(::CoInitialize(nullptr))) {}
-
-    ~ComUse()
-    {
-        if (m_isOwn)
-        {
-            ::CoUninitialize();
-        }
-    }
-
-    ComUse(const ComUse&) = delete;
-    ComUse& operator=(const ComUse&) = delete;
-
-private:
-    const bool m_isOwn;
-};
 
 void QueryCategoryGroups(IVdFrwkProperty& property, std::vector<Frwk::DataTypes::UrlCategoryGroup>& list)
 {
