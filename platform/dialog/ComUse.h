@@ -4,15 +4,15 @@
 
 #include <objbase.h>
 
-// COM for the calling thread, for the life of the object.
+// COM for the calling thread, for the life of the object; not on a thread that has it in another form.
 class ComUse
 {
 public:
-    ComUse() : m_isOwn(SUCCEEDED(::CoInitialize(nullptr))) {}
+    ComUse() noexcept : m_status(::CoInitialize(nullptr)) {}
 
     ~ComUse()
     {
-        if (m_isOwn)
+        if (SUCCEEDED(m_status))
         {
             ::CoUninitialize();
         }
@@ -21,6 +21,9 @@ public:
     ComUse(const ComUse&) = delete;
     ComUse& operator=(const ComUse&) = delete;
 
+    // Negative where the thread has no COM from here.
+    HRESULT Status() const noexcept { return m_status; }
+
 private:
-    const bool m_isOwn;
+    const HRESULT m_status;
 };

@@ -265,12 +265,18 @@ void CKestrixDlg::OnStnClickedMoreInfo()
 
 void CKestrixDlg::OnBnClickedBtnAddRule()
 {
-    if (m_pLogData != nullptr && Kind()->hasAllowRule)
+    if (m_pLogData == nullptr || !Kind()->hasAllowRule)
     {
-        m_pLogData->AddAllowRule();
-        m_DetailPane.DisableAllow();
-        KeepFocusUsable();
+        return;
     }
+    const CWaitCursor wait;
+    m_Operations.Run(
+        [this]
+        {
+            m_pLogData->AddAllowRule();
+            m_DetailPane.DisableAllow();
+            KeepFocusUsable();
+        });
 }
 
 void CKestrixDlg::FillLogTypeCombo()
@@ -307,6 +313,11 @@ void CKestrixDlg::OnBnClickedBtnView()
 }
 
 void CKestrixDlg::RefreshLog(int)
+{
+    m_Operations.Refresh();
+}
+
+void CKestrixDlg::BuildAnew()
 {
     const CWaitCursor wait;
     m_DetailPane.RemoveKind();

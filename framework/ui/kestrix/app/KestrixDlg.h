@@ -4,6 +4,7 @@
 #include "framework/ui/kestrix/app/page/DateList.h"
 #include "framework/ui/kestrix/app/page/DetailPane.h"
 #include "framework/ui/kestrix/app/page/LogChoice.h"
+#include "framework/ui/kestrix/app/page/LogOperations.h"
 #include "framework/ui/kestrix/app/page/PageHeadings.h"
 #include "framework/ui/kestrix/app/page/RecordList.h"
 #include "framework/ui/kestrix/app/page/ThreatLink.h"
@@ -36,8 +37,8 @@ public:
     // Loads the selected date.
     void OnSelchangeLogDate();
 
-    // Builds the page anew for m_nLogType, after a switch to another log or a purge, and loads the newest date. The
-    // reason is not looked at.
+    // Builds the page anew for m_nLogType, after a switch to another log or a purge, and loads the newest date; while
+    // an operation of the log runs, after that. The reason is not looked at.
     void RefreshLog(int reason);
     static constexpr int AnyReason = 100;
 
@@ -94,6 +95,7 @@ private:
     void SetFonts();
     bool TakeProvider();
     bool MakeLog();
+    void BuildAnew();
     void FillDate();
     bool ShowFirstDate();
 
@@ -114,6 +116,7 @@ private:
 
     IDBManagerProvider* m_pIDBManagerProvider = nullptr; // not owned
     std::unique_ptr<CZPTLogBase> m_pLogData;             // null for a type that has no class
+    CLogOperations m_Operations{[this] { BuildAnew(); }};
 
     CPageHeadings m_Headings;
     CDateList m_DateList;
