@@ -8,6 +8,16 @@ namespace
 constexpr DWORD LocalCookie = 17;
 constexpr DWORD SessionCookie = 18;
 
+// A call with all that it passes on: "QueryValue 112 1 0 0 0 of 3", with the number of elements of its array.
+std::wstring CallOf(const wchar_t* name, ULONG type, ULONG subType, ULONG zero, ULONG zeroToo, ULONG word,
+                    const SAFEARRAY* array)
+{
+    const ULONG count = array != nullptr ? array->rgsabound[0].cElements : 0;
+    return std::wstring(name) + L" " + std::to_wstring(type) + L" " + std::to_wstring(subType) + L" " +
+           std::to_wstring(zero) + L" " + std::to_wstring(zeroToo) + L" " + std::to_wstring(word) + L" of " +
+           std::to_wstring(count);
+}
+
 std::wstring NameOf(DWORD cookie)
 {
     return cookie == LocalCookie ? L"local" : cookie == SessionCookie ? L"session" : L"unknown";
@@ -127,22 +137,19 @@ public:
     HRESULT STDMETHODCALLTYPE QueryValue(ULONG type, ULONG subType, ULONG zero, ULONG zeroToo, ULONG* word,
                                          LPSAFEARRAY* array) override
     {
-        const ULONG count = *array != nullptr ? (*array)->rgsabound[0].cElements : 0;
-        const std::wstring call = L"QueryValue " + std::to_wstring(type) + L" " + std::to_wstring(subType) + L" " +
-                                  std::to_wstring(zero) + L" " + std::to_wstring(zeroToo) + L" " +
-                                  std::to_wstring(*word) + L" of " + std::to_wstring(count);
         HRESULT result = S_OK;
-        if (this->m_owner.Ends(Step::Query, call, result))
+        if (this->m_owner.Ends(Step::Query, CallOf(L"QueryValue", type, subType, zero, zeroToo, *word, *array), result))
         {
             return result;
         }
         return this->m_owner.m_onQuery ? this->m_owner.m_onQuery(type, array) : S_OK;
     }
 
-    HRESULT STDMETHODCALLTYPE SetValue(ULONG, ULONG, ULONG, ULONG, ULONG*, ULONG*, LPSAFEARRAY) override
+    HRESULT STDMETHODCALLTYPE SetValue(ULONG type, ULONG subType, ULONG zero, ULONG zeroToo, ULONG* word, ULONG*,
+                                       LPSAFEARRAY array) override
     {
-        this->m_owner.m_calls.push_back(L"SetValue");
-        return S_OK;
+        return this->m_owner.Take(Step::Set, CallOf(L"SetValue", type, subType, zero, zeroToo, *word, array), type,
+                                  array);
     }
 };
 
@@ -179,10 +186,11 @@ public:
 
     ULONG STDMETHODCALLTYPE Release() override { return Drop(); }
 
-    HRESULT STDMETHODCALLTYPE DoCommand(ULONG, ULONG, ULONG, ULONG, ULONG*, ULONG*, LPSAFEARRAY) override
+    HRESULT STDMETHODCALLTYPE DoCommand(ULONG type, ULONG subType, ULONG zero, ULONG zeroToo, ULONG* word, ULONG*,
+                                        LPSAFEARRAY array) override
     {
-        m_owner.m_calls.push_back(L"DoCommand");
-        return S_OK;
+        return m_owner.Take(Step::Command, CallOf(L"DoCommand", type, subType, zero, zeroToo, *word, array), type,
+                            array);
     }
 
     HRESULT STDMETHODCALLTYPE Reserved5() override { return E_NOTIMPL; }
@@ -344,4 +352,14 @@ bool ControllerDouble::Ends(Step step, const std::wstring& call, HRESULT& result
     }
     result = found->second;
     return true;
+}
+
+HRESULT ControllerDouble::Take(Step step, const std::wstring& call, ULONG type, LPSAFEARRAY array)
+{
+    HRESULT result = S_OK;
+    if (Ends(step, call, result))
+    {
+        return result;
+    }
+    return m_onSend ? m_onSend(type, array) : S_OK;
 }

@@ -29,6 +29,8 @@ public:
         Profile, // getting the active profile
         Property,
         Query,
+        Set,
+        Command,
     };
 
     ControllerDouble();
@@ -60,6 +62,7 @@ public:
     std::vector<std::wstring> m_calls;
     std::function<void(const std::wstring& call)> m_onCall;     // runs when a call has arrived, before it is dealt with
     std::function<HRESULT(ULONG type, LPSAFEARRAY*)> m_onQuery; // fills the array of a QueryValue
+    std::function<HRESULT(ULONG type, LPSAFEARRAY)> m_onSend;   // looks at the array of a SetValue or DoCommand
 
 private:
     class Part;
@@ -73,6 +76,9 @@ private:
 
     // Notes the call; gives whether the step is to do nothing, and then its result.
     bool Ends(Step step, const std::wstring& call, HRESULT& result);
+
+    // A call that sends an array: notes it and answers.
+    HRESULT Take(Step step, const std::wstring& call, ULONG type, LPSAFEARRAY array);
 
     std::map<Step, HRESULT> m_failures;
     std::map<DWORD, IUnknown*> m_sinks; // by cookie, counted here

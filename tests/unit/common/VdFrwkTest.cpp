@@ -46,7 +46,7 @@ protected:
 TEST_F(VdFrwkTest, DoCommandIsTheFourthMethodOfTheController)
 {
     EXPECT_EQ(CallSlot(m_controller.get(), 3, 22UL, 1UL, 0UL, 0UL, &m_word, &m_result, m_array), S_OK);
-    EXPECT_EQ(Calls(), std::vector<std::wstring>{L"DoCommand"});
+    EXPECT_EQ(Calls(), std::vector<std::wstring>{L"DoCommand 22 1 0 0 0 of 0"});
 }
 
 TEST_F(VdFrwkTest, GetActiveProfileIsTheEleventhAndItsQueryValueTheFourthAndSetValueTheFifth)
@@ -56,7 +56,8 @@ TEST_F(VdFrwkTest, GetActiveProfileIsTheEleventhAndItsQueryValueTheFourthAndSetV
     ASSERT_TRUE(profile);
     EXPECT_EQ(CallSlot(profile.get(), 3, 112UL, 1UL, 0UL, 0UL, &m_word, &m_array), S_OK);
     EXPECT_EQ(CallSlot(profile.get(), 4, 113UL, 2UL, 0UL, 0UL, &m_word, &m_result, m_array), S_OK);
-    EXPECT_EQ(Calls(), (std::vector<std::wstring>{L"GetActiveProfile", L"QueryValue 112 1 0 0 0 of 0", L"SetValue"}));
+    EXPECT_EQ(Calls(), (std::vector<std::wstring>{L"GetActiveProfile", L"QueryValue 112 1 0 0 0 of 0",
+                                                  L"SetValue 113 2 0 0 0 of 0"}));
 }
 
 TEST_F(VdFrwkTest, GetPropertyIsTheFourteenth)

@@ -206,16 +206,6 @@ TEST_F(ZPTLogPFWViewTest, WithoutARecordOrAPageNothingIsShownNorSelected)
     EXPECT_TRUE(m_log.m_Selection.szAppPath.empty());
 }
 
-TEST_F(ZPTLogPFWViewTest, AnAllowRuleThatNobodyTakesChangesNothing)
-{
-    Show(LineOf(L"C:\\a.exe"));
-    const InfoPaneDouble before = m_pane;
-    m_log.AddAllowRule();
-    EXPECT_EQ(m_pane[0], before[0]);
-    EXPECT_EQ(m_pane.AllowRule(), true);
-    EXPECT_FALSE(m_log.IsBlockRuleActive());
-}
-
 TEST_F(ZPTLogPFWViewTest, TheExportHasALabelForEachFieldButTheDirection)
 {
     EXPECT_EQ(LabelLine(), HeaderOfTexts({294, 608, 612, 482, 483, 484, 485, 615, 616, 617}));
