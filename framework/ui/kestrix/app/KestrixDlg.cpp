@@ -62,7 +62,9 @@ BOOL CKestrixDlg::OnInitDialog()
     SetSkin(m_SettingButton, true);
     SetFonts();
     m_DetailPane.Start();
-    if (!TakeProvider() || !MakeLog() || !ShowFirstDate())
+    bool isShown = false;
+    m_Operations.Run([&] { isShown = TakeProvider() && MakeLog() && ShowFirstDate(); });
+    if (!isShown)
     {
         return FALSE;
     }
