@@ -1,16 +1,13 @@
 #include "suite/framework/CategoryFile.h"
 
+#include "suite/framework/TextFile.h"
 #include "suite/framework/Trace.h"
+#include "suite/framework/Utf8.h"
 #include "suite/samples/UrlCategories.h"
 
-#include <windows.h>
-
-#include <algorithm>
 #include <fstream>
-#include <iterator>
 #include <optional>
 #include <system_error>
-#include <utility>
 
 namespace Framework
 {
@@ -25,26 +22,7 @@ constexpr std::string_view Comment =
     "# the service makes a new one.\r\n"
     "\r\n";
 
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view Blanks = " \t\r";
-
-std::wstring Wide(std::string_view text)
-{
-    const int size = static_cast<int>(text.size());
-    std::wstring wide(text.size(), L'\0'); // as long as it can get
-    wide.resize(static_cast<std::size_t>(
-        MultiByteToWideChar(CP_UTF8, 0, text.data(), size, wide.data(), static_cast<int>(wide.size()))));
-    return wide;
-}
-
-std::string Narrow(std::wstring_view text)
-{
-    const int size = static_cast<int>(text.size());
-    std::string narrow(3 * text.size(), '\0'); // as long as it can get
-    narrow.resize(static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text.data(), size, narrow.data(),
-                                                               static_cast<int>(narrow.size()), nullptr, nullptr)));
-    return narrow;
-}
+constexpr std::string_view Blanks = " \t";
 
 std::string_view Trimmed(std::string_view text)
 {
@@ -74,30 +52,15 @@ bool MakeFile(const std::filesystem::path& path)
     return isMade;
 }
 
-std::optional<std::string> ReadWhole(const std::filesystem::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-    {
-        return std::nullopt;
-    }
-    std::string text(std::istreambuf_iterator<char>(file), {});
-    return file.bad() ? std::nullopt : std::optional(std::move(text));
-}
-
 } // namespace
 
 List ParseCategories(std::string_view text)
 {
-    if (text.starts_with(ByteOrderMark))
-    {
-        text.remove_prefix(ByteOrderMark.size());
-    }
+    text = WithoutByteOrderMark(text);
     List groups;
     while (!text.empty())
     {
-        const std::string_view line = text.substr(0, text.find('\n'));
-        text.remove_prefix(std::min(text.size(), line.size() + 1));
+        const std::string_view line = TakeLine(text);
         const std::size_t sign = line.find('=');
         if (sign != line.npos && !Trimmed(line).starts_with('#'))
         {
@@ -113,7 +76,7 @@ List CategoryFile::Groups() const
     std::error_code error;
     const bool isMissing = !std::filesystem::exists(m_path, error) && !error;
     const std::optional<std::string> text =
-        !isMissing || MakeFile(m_path) ? ReadWhole(m_path) : std::optional<std::string>();
+        !isMissing || MakeFile(m_path) ? ReadTextFile(m_path) : std::optional<std::string>();
     if (text)
     {
         return ParseCategories(*text);

@@ -1,6 +1,6 @@
 #include "suite/framework/CommandLine.h"
 
-#include <windows.h>
+#include "suite/framework/Utf8.h"
 
 #include <algorithm>
 #include <cwctype>
@@ -28,15 +28,6 @@ constexpr TaskRow Tasks[] = {
 
 constexpr std::wstring_view Idle = L"idle:";
 constexpr std::size_t MostDigits = 8; // a day and more in milliseconds
-
-std::string Narrow(const std::wstring& text)
-{
-    std::string bytes(text.size() * 3, '\0');
-    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
-                                         static_cast<int>(bytes.size()), nullptr, nullptr);
-    bytes.resize(static_cast<std::size_t>(size));
-    return bytes;
-}
 
 [[noreturn]] void Refuse(const std::wstring& argument)
 {
