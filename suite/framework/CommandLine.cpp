@@ -19,11 +19,8 @@ struct TaskRow
 
 // Embedding is what the system adds when a client starts the service.
 constexpr TaskRow Tasks[] = {
-    {L"regserver", Task::Register},
-    {L"unregserver", Task::Unregister},
-    {L"exit", Task::Exit},
-    {L"embedding", Task::Serve},
-    {L"?", Task::Help},
+    {L"regserver", Task::Register}, {L"unregserver", Task::Unregister}, {L"exit", Task::Exit},
+    {L"rules", Task::Rules},        {L"embedding", Task::Serve},        {L"?", Task::Help},
 };
 
 constexpr std::wstring_view Idle = L"idle:";
@@ -61,6 +58,26 @@ bool ReadTask(Options& options, std::wstring_view word)
     return true;
 }
 
+bool ReadOption(Options& options, const std::wstring& argument)
+{
+    std::wstring word = argument;
+    std::ranges::transform(word, word.begin(), std::towlower);
+    const bool isOption = word.starts_with(L'/') || word.starts_with(L'-');
+    word.erase(0, 1);
+    return isOption && (ReadTask(options, word) || ReadIdle(options, word));
+}
+
+// The file follows /Rules.
+bool ReadFile(Options& options, const std::wstring& argument)
+{
+    const bool isFile = options.task == Task::Rules && options.rules.empty() && !argument.empty();
+    if (isFile)
+    {
+        options.rules = argument;
+    }
+    return isFile;
+}
+
 } // namespace
 
 Options ParseCommandLine(std::span<const std::wstring> arguments)
@@ -68,11 +85,7 @@ Options ParseCommandLine(std::span<const std::wstring> arguments)
     Options options;
     for (const std::wstring& argument : arguments)
     {
-        std::wstring word = argument;
-        std::ranges::transform(word, word.begin(), std::towlower);
-        const bool isOption = word.starts_with(L'/') || word.starts_with(L'-');
-        word.erase(0, 1);
-        if (!isOption || !(ReadTask(options, word) || ReadIdle(options, word)))
+        if (!ReadOption(options, argument) && !ReadFile(options, argument))
         {
             Refuse(argument);
         }
@@ -97,10 +110,13 @@ std::string HelpText()
            "usage: VdFrwkSvc /RegServer [/Idle:MS]\n"
            "       VdFrwkSvc /UnregServer\n"
            "       VdFrwkSvc /Exit\n"
+           "       VdFrwkSvc /Rules [FILE]\n"
            "\n"
            "  /RegServer    registers the service and the library VdFrwkPs.dll beside it\n"
            "  /UnregServer  takes both out of the registry\n"
            "  /Exit         has the service that runs tell its clients to exit; without one nothing is done\n"
+           "  /Rules        prints the firewall rules as a table that tells its form; with a file, loads its rules in\n"
+           "                their place, and none of them when a line is wrong\n"
            "  /Idle:MS      milliseconds that the service stays unused before it ends; 5000 without it\n"
            "\n"
            "exit status: 0 done, 1 something failed, 2 wrong command line\n";

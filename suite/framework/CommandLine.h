@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <filesystem>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -14,6 +15,7 @@ enum class Task
     Register,
     Unregister,
     Exit,
+    Rules,
     Help,
 };
 
@@ -21,6 +23,7 @@ struct Options
 {
     Task task = Task::Serve;
     std::chrono::milliseconds idle{5000}; // how long the service stays when nobody uses it any more
+    std::filesystem::path rules{};        // the file that /Rules loads; empty when it prints
 };
 
 // A command line that is none; the text says how to do it right.

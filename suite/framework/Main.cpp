@@ -1,6 +1,7 @@
 #include "suite/framework/CommandLine.h"
 #include "suite/framework/Instance.h"
 #include "suite/framework/Registration.h"
+#include "suite/framework/RulesTask.h"
 #include "suite/framework/Server.h"
 
 #include <cstdio>
@@ -36,6 +37,9 @@ void Run(const Framework::Options& options)
         {
             std::fputs("VdFrwkSvc: the service is not running.\n", stderr);
         }
+        break;
+    case Framework::Task::Rules:
+        options.rules.empty() ? Framework::PrintRules() : Framework::LoadRules(options.rules);
         break;
     case Framework::Task::Help:
         std::fputs(Framework::HelpText().c_str(), stdout);

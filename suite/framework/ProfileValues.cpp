@@ -1,9 +1,11 @@
 #include "suite/framework/ProfileValues.h"
 
+#include "suite/framework/FirewallRules.h"
 #include "suite/framework/PurgeSettings.h"
 #include "suite/framework/Shape.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Framework
 {
@@ -11,15 +13,8 @@ namespace Framework
 namespace
 {
 
-using enum Element;
-
-constexpr Element FirewallRule[] = {Bool,   Word, Text, Word, Text,    Word,    Word,    Word,
-                                    Word,   Text, Text, Word, Number,  Number,  Bytes16, Bytes16,
-                                    Number, Word, Text, Bool, Bytes20, Bytes16, Bytes16};
-static_assert(std::size(FirewallRule) == 23);
-
-constexpr Element ThreeNumbers[] = {Number, Number, Number};
-constexpr Element TwoNumbers[] = {Number, Number};
+constexpr Element ThreeNumbers[] = {Element::Number, Element::Number, Element::Number};
+constexpr Element TwoNumbers[] = {Element::Number, Element::Number};
 
 List FirstReportSettings()
 {
@@ -31,7 +26,6 @@ PurgeSettings SettingsOf(const List& list)
     return {std::get<std::uint32_t>(list[0]), std::get<std::uint32_t>(list[1])};
 }
 
-constexpr ValueKey FirewallRules{48, 5};
 constexpr ValueKey ReportSettings{112, 1};
 constexpr ValueKey PurgeSettingsKey{113, 2};
 
@@ -44,8 +38,12 @@ struct Row
 };
 
 constexpr Row Rows[] = {
-    {FirewallRules, [](const List& list) { return IsListOf(list, FirewallRule); },
-     [](const ValueStore& store) { return store.Get(FirewallRules).value_or(List()); },
+    {FirewallRules, &AreFirewallRules,
+     [](const ValueStore& store)
+     {
+         std::optional<List> rules = store.Get(FirewallRules);
+         return rules ? std::move(*rules) : FirstFirewallRules();
+     },
      [](ValueStore& store, const List& list) { store.Set(FirewallRules, list); }},
     {ReportSettings, [](const List& list) { return HasShape(list, ThreeNumbers); },
      [](const ValueStore& store) { return store.Get(ReportSettings).value_or(FirstReportSettings()); },

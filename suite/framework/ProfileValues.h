@@ -7,7 +7,7 @@ namespace Framework
 {
 
 // The values of the active profile:
-//   48, 5    the firewall rules: a list of records of 23 elements; none at first
+//   48, 5    the firewall rules: a list of records of 23 elements; see FirewallRules.h
 //   112, 1   the report settings: frequency in days, alert flag, an unused number; 7, 0, 0 at first
 //   113, 2   the purge settings: days, flag; see PurgeSettings.h
 class ProfileValues : public ValueSource

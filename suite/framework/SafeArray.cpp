@@ -37,12 +37,18 @@ private:
 
 std::optional<List> ReadList(SAFEARRAY* array, int depth);
 
+// Any other number would not come back as it came.
+bool IsBool(VARIANT_BOOL value)
+{
+    return value == VARIANT_TRUE || value == VARIANT_FALSE;
+}
+
 std::optional<Value> ReadElement(const VARIANT& element, int depth)
 {
     switch (element.vt)
     {
     case VT_BOOL:
-        return Value(element.boolVal != VARIANT_FALSE);
+        return IsBool(element.boolVal) ? std::optional<Value>(element.boolVal == VARIANT_TRUE) : std::nullopt;
     case VT_UI1:
         return Value(std::uint8_t{element.bVal});
     case VT_UI2:
@@ -83,6 +89,7 @@ std::optional<List> ReadList(SAFEARRAY* array, int depth)
     }
     const ElementAccess access(array);
     List list;
+    list.reserve(access.Elements().size());
     for (const VARIANT& element : access.Elements())
     {
         std::optional<Value> value = ReadElement(element, depth);

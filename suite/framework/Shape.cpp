@@ -42,14 +42,15 @@ bool HasShape(const List& list, std::span<const Element> elements)
     return std::ranges::equal(list, elements, Is);
 }
 
-bool IsListOf(const List& list, std::span<const Element> elements)
+std::size_t FirstMisfit(const List& list, std::span<const Element> elements)
 {
-    return std::ranges::all_of(list,
-                               [elements](const Value& value)
-                               {
-                                   const List* const record = std::get_if<List>(&value);
-                                   return record != nullptr && HasShape(*record, elements);
-                               });
+    const auto misfit = std::ranges::find_if(list,
+                                             [elements](const Value& value)
+                                             {
+                                                 const List* const record = std::get_if<List>(&value);
+                                                 return record == nullptr || !HasShape(*record, elements);
+                                             });
+    return static_cast<std::size_t>(misfit - list.begin());
 }
 
 } // namespace Framework

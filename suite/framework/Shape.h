@@ -21,7 +21,7 @@ enum class Element
 // Whether the list has exactly these elements.
 bool HasShape(const List& list, std::span<const Element> elements);
 
-// Whether every element of the list is a list of this shape.
-bool IsListOf(const List& list, std::span<const Element> elements);
+// The place of the first element that is no list of this shape; the size of the list when there is none.
+std::size_t FirstMisfit(const List& list, std::span<const Element> elements);
 
 } // namespace Framework

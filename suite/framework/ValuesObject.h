@@ -3,7 +3,10 @@
 #include "common/VdFrwk.h"
 #include "suite/framework/ComObject.h"
 #include "suite/framework/SafeArray.h"
+#include "suite/framework/Trace.h"
 #include "suite/framework/ValueSource.h"
+
+#include <string>
 
 namespace Framework
 {
@@ -54,7 +57,13 @@ public:
                     return E_POINTER;
                 }
                 const std::optional<List> list = ReadArray(array);
-                return list ? m_source.Set({type, subType}, *list) : E_INVALIDARG;
+                const HRESULT answer = list ? m_source.Set({type, subType}, *list) : E_INVALIDARG;
+                if (FAILED(answer))
+                {
+                    Trace("The value " + std::to_string(type) + ", " + std::to_string(subType) +
+                          " that a client sets is refused; what is stored stays.");
+                }
+                return answer;
             });
     }
 

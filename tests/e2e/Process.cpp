@@ -19,6 +19,12 @@ std::wstring TitleOf(HWND window)
     return length != 0 ? title.data() : std::wstring();
 }
 
+UniqueFile MakeFileToInherit(const std::wstring& path)
+{
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    return UniqueFile(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS, 0, nullptr));
+}
+
 // What stands in the memory that a program which writes debugger output shares with the one that listens.
 struct SharedOutput
 {
@@ -92,7 +98,7 @@ std::wstring ProgramFolder()
     return std::filesystem::current_path().wstring() + L"\\";
 }
 
-Process::Process(const std::wstring& program, const std::wstring& arguments)
+Process::Process(const std::wstring& program, const std::wstring& arguments, const std::wstring& output)
 {
     std::wstring line = L"\"" + program + L"\"";
     if (!arguments.empty())
@@ -101,9 +107,16 @@ Process::Process(const std::wstring& program, const std::wstring& arguments)
     }
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
+    const UniqueFile file = output.empty() ? UniqueFile() : MakeFileToInherit(output);
+    if (file)
+    {
+        startup.dwFlags = STARTF_USESTDHANDLES;
+        startup.hStdOutput = file.get();
+        startup.hStdError = file.get();
+    }
     PROCESS_INFORMATION information{};
-    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &information))
+    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, static_cast<bool>(file), 0, nullptr, nullptr,
+                        &startup, &information))
     {
         throw std::runtime_error("a program of the test cannot be started");
     }

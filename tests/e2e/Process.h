@@ -19,8 +19,9 @@ std::wstring ProgramFolder();
 class Process
 {
 public:
-    // arguments: what follows the program's name on the command line. Throws std::runtime_error when it cannot start.
-    explicit Process(const std::wstring& program, const std::wstring& arguments = {});
+    // arguments: what follows the program's name on the command line. output: the file that is made of what it prints;
+    // without one that goes where the test's own goes. Throws std::runtime_error when it cannot start.
+    explicit Process(const std::wstring& program, const std::wstring& arguments = {}, const std::wstring& output = {});
     ~Process();
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;

@@ -123,7 +123,7 @@ void Service::Thaw()
     CallForProcesses("NtResumeProcess");
 }
 
-DWORD Service::Run(const std::wstring& arguments)
+DWORD Service::Run(const std::wstring& arguments, const std::wstring& output)
 {
-    return Process(ProgramFolder() + Program, arguments).ExitCode();
+    return Process(ProgramFolder() + Program, arguments, output).ExitCode();
 }

@@ -1,6 +1,7 @@
 // The service in its own process: its values and commands.
 
 #include "suite/database/EventDatabase.h"
+#include "suite/framework/FirewallRules.h"
 #include "suite/framework/SafeArray.h"
 #include "suite/framework/ValueSource.h"
 #include "suite/samples/UrlCategories.h"
@@ -105,7 +106,7 @@ TEST_F(ServiceTest, ValuesSurviveAServiceThatIsKilled)
 
 TEST_F(ServiceTest, FirewallRulesComeBackUnchangedInTheirOrderAfterARestart)
 {
-    EXPECT_EQ(QueryProfile(*Connect().Get(), RulesKey), List());
+    EXPECT_EQ(QueryProfile(*Connect().Get(), RulesKey), Framework::FirstFirewallRules());
     const List rules{Rule(L"first", 0), Rule(L"", 1), Rule(L"\x00E4\x65E5", 0)};
     EXPECT_EQ(SetProfile(*Connect().Get(), RulesKey, rules), Framework::Success);
     ASSERT_TRUE(Service::HasEnded());
@@ -210,7 +211,7 @@ TEST_F(ServiceTest, ArraysThatAreNoneOfItsValuesAreRefusedAndChangeNothing)
     SAFEARRAYBOUND bounds[] = {{2, 0}, {2, 0}};
     refuses(SafeArrayCreate(VT_VARIANT, 2, bounds));
 
-    EXPECT_EQ(QueryProfile(*controller.Get(), RulesKey), List());
+    EXPECT_EQ(QueryProfile(*controller.Get(), RulesKey), Framework::FirstFirewallRules());
     EXPECT_EQ(QueryProfile(*controller.Get(), ReportKey), (List{7u, 0u, 0u}));
     EXPECT_EQ(QueryProfile(*controller.Get(), PurgeKey)[1], Framework::Value(0u));
 }

@@ -32,6 +32,18 @@ TEST(CommandLineTest, TasksHaveEitherMarkAndAnyCase)
     EXPECT_EQ(Parse({L"/?"}).task, Task::Help);
 }
 
+TEST(CommandLineTest, RulesArePrintedOrLoadedFromTheFileThatFollows)
+{
+    EXPECT_EQ(Parse({L"/Rules"}).task, Task::Rules);
+    EXPECT_TRUE(Parse({L"/rules"}).rules.empty());
+    EXPECT_EQ(Parse({L"/Rules", L"my rules.txt"}).rules, L"my rules.txt");
+    EXPECT_EQ(Parse({L"-RULES", L"/home/rules.txt"}).rules, L"/home/rules.txt");
+    EXPECT_THROW(Parse({L"rules.txt", L"/Rules"}), BadCommandLine);
+    EXPECT_THROW(Parse({L"/Rules", L"one.txt", L"two.txt"}), BadCommandLine);
+    EXPECT_THROW(Parse({L"/Rules", L""}), BadCommandLine);
+    EXPECT_THROW(Parse({L"/Exit", L"rules.txt"}), BadCommandLine);
+}
+
 TEST(CommandLineTest, TheIdleTimeIsMilliseconds)
 {
     const Options options = Parse({L"/RegServer", L"/Idle:250"});

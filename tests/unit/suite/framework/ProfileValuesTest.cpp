@@ -1,8 +1,11 @@
 #include "suite/framework/ProfileValues.h"
 
+#include "suite/framework/FirewallRules.h"
 #include "suite/framework/PurgeSettings.h"
+#include "tests/support/DebugScale.h"
 #include "tests/support/RegistrySandbox.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/unit/suite/framework/RandomRules.h"
 #include "tests/unit/suite/framework/SampleRule.h"
 
 #include <gtest/gtest.h>
@@ -36,9 +39,10 @@ protected:
 
 TEST_F(ProfileValuesTest, TheFirstValues)
 {
-    EXPECT_EQ(Get(Rules), List());
+    EXPECT_EQ(Get(Rules), FirstFirewallRules());
     EXPECT_EQ(Get(Report), (List{7u, 0u, 0u}));
     EXPECT_EQ(Get(Purge), (List{30u, 1u}));
+    EXPECT_EQ(m_store.Get(Rules), std::nullopt) << "nothing is written that nobody has set";
 }
 
 TEST_F(ProfileValuesTest, WhatIsSetIsThere)
@@ -50,8 +54,23 @@ TEST_F(ProfileValuesTest, WhatIsSetIsThere)
     EXPECT_EQ(Get(Rules), rules);
     EXPECT_EQ(Get(Report), (List{1u, 2u, 3u}));
     EXPECT_EQ(ReadPurgeSettings(), (PurgeSettings{14, 0}));
+}
+
+TEST_F(ProfileValuesTest, ARuleListThatSomebodyHasEmptiedStaysEmpty)
+{
     EXPECT_EQ(m_values.Set(Rules, {}), Success);
     EXPECT_EQ(Get(Rules), List());
+    EXPECT_EQ(ValueStore(m_folder.Path()).Get(Rules), List());
+}
+
+TEST_F(ProfileValuesTest, FiveThousandRulesComeBackFromTheFileElementByElementInTheirOrder)
+{
+    const List rules = RandomRules(Scaled(5000), 48);
+    EXPECT_EQ(m_values.Set(Rules, rules), Success);
+    ValueStore again(m_folder.Path());
+    List read;
+    EXPECT_EQ(ProfileValues(again).Query(Rules, read), Success);
+    EXPECT_TRUE(read == rules); // without printing them
 }
 
 TEST_F(ProfileValuesTest, EveryElementOfARuleMustHaveItsType)

@@ -6,6 +6,8 @@
 
 #include <oleauto.h>
 
+#include <utility>
+
 using namespace Framework;
 
 namespace
@@ -76,6 +78,21 @@ TEST(SafeArrayTest, ATextWithATerminatorInsideOrHalfACharacterIsRefused)
     EXPECT_EQ(ReadArray(ArrayOf(text).get()), std::nullopt);
     text.bstrVal = SysAllocStringByteLen("abc", 3);
     EXPECT_EQ(ReadArray(ArrayOf(text).get()), std::nullopt);
+}
+
+TEST(SafeArrayTest, ABoolIsTrueOrFalseAndNoOtherNumber)
+{
+    VARIANT flag = Element(VT_BOOL);
+    for (const auto& [number, read] : {std::pair{VARIANT_TRUE, true}, std::pair{VARIANT_FALSE, false}})
+    {
+        flag.boolVal = number;
+        EXPECT_EQ(ReadArray(ArrayOf(flag).get()), (List{read}));
+    }
+    for (const VARIANT_BOOL number : {1, 2, -2, 0x100})
+    {
+        flag.boolVal = number;
+        EXPECT_EQ(ReadArray(ArrayOf(flag).get()), std::nullopt) << number;
+    }
 }
 
 TEST(SafeArrayTest, ListsThatLieTooDeepInOneAnotherAreRefused)

@@ -83,3 +83,24 @@ TEST_F(ValueStoreTest, AValueThatCannotBeWrittenIsNotKept)
     EXPECT_EQ(store.Get(Key), (List{1u}));
     EXPECT_EQ(ValueStore(m_folder.Path()).Get(Key), (List{1u}));
 }
+
+// A process that is killed while it writes leaves this.
+TEST_F(ValueStoreTest, HalfANewFileBesideTheOldOneIsNeitherReadNorInTheWay)
+{
+    ValueStore(m_folder.Path()).Set(Key, {1u});
+    const std::string bytes = ReadBytes(m_folder.File(ValueStore::FileName));
+    WriteBytes(m_folder.File(L"Framework.new"), bytes.substr(0, bytes.size() / 2));
+    ValueStore store(m_folder.Path());
+    EXPECT_EQ(store.Get(Key), (List{1u}));
+    store.Set(Key, {2u});
+    EXPECT_EQ(ValueStore(m_folder.Path()).Get(Key), (List{2u}));
+    EXPECT_FALSE(Exists(L"Framework.new"));
+}
+
+TEST_F(ValueStoreTest, AFirstValueThatCannotBeWrittenIsNotThere)
+{
+    ValueStore store(m_folder.Path());
+    std::filesystem::create_directory(m_folder.Path() / L"Framework.new");
+    EXPECT_THROW(store.Set(Key, {2u}), std::system_error);
+    EXPECT_EQ(store.Get(Key), std::nullopt);
+}
