@@ -4,7 +4,7 @@
 
 #include "tests/support/AllocationWatch.h"
 #include "tests/support/DebugScale.h"
-#include "tests/support/RandomRules.h"
+#include "tests/support/RandomFwRules.h"
 #include "tests/unit/common/DataConversion/FwRuleSample.h"
 #include "tests/unit/common/FrameworkValues.h"
 #include "tests/unit/common/WireText.h"
@@ -163,7 +163,7 @@ TEST_F(FirewallRules, TenThousandRulesOfChanceComeBackBitForBit)
 {
     constexpr std::uint32_t seed = 20261122;
     std::printf("seed %u\n", seed);
-    RandomRules random(seed);
+    RandomFwRules random(seed);
     std::size_t left = Scaled(10'000);
     constexpr std::size_t atOnce = 10; // the watch over the memory walks along its blocks
     for (; left >= atOnce; left -= atOnce)

@@ -6,7 +6,7 @@
 #include "tests/support/DebugScale.h"
 #include "tests/support/FirewallService.h"
 #include "tests/support/LogFixture.h"
-#include "tests/support/RandomRules.h"
+#include "tests/support/RandomFwRules.h"
 #include "tests/support/TraceRecorder.h"
 #include "tests/unit/common/WireArray.h"
 #include "tests/unit/framework/ui/kestrix/logs/FirewallRuleKit.h"
@@ -349,7 +349,7 @@ TEST_F(ZPTLogPFWRulesTest, AnEmptyListIsNotStored)
 
 TEST_F(ZPTLogPFWRulesTest, FiveThousandRulesComeBackAsTheyAreAfterTheNewOne)
 {
-    m_service.m_rules = RandomRules(20261122).List(Scaled(5000));
+    m_service.m_rules = RandomFwRules(20261122).List(Scaled(5000));
     FwRuleList expected = m_service.m_rules;
     expected.push_front(MadeRule(L"C:\\a.exe", L"a"));
     m_log.AddAllowRule();

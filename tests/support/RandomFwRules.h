@@ -7,12 +7,12 @@
 #include <random>
 
 // Rules of chance, the same for the same seed: numbers of every size, texts of any characters that a text can have.
-class RandomRules
+class RandomFwRules
 {
 public:
     using Rule = Frwk::DataTypes::FwRule;
 
-    explicit RandomRules(std::uint32_t seed) : m_random(seed) {}
+    explicit RandomFwRules(std::uint32_t seed) : m_random(seed) {}
 
     Rule Next()
     {
