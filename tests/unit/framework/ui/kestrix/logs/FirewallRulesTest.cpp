@@ -337,7 +337,7 @@ TEST(FirewallRulesTest, ListsOfChanceHaveTheOutcomeAndTheTracesOfTheSearchThatBe
 {
     TraceRecorder trace;
     std::mt19937 random(20261122);
-    for (int i = 0; i < 300; ++i)
+    for (int i = 0; i < 100; ++i)
     {
         FwRuleList rules;
         std::generate_n(std::back_inserter(rules), random() % 12, [&] { return RuleOfChance(random); });
