@@ -101,15 +101,26 @@ std::optional<List> ValueStore::Get(const ValueKey& key) const
 void ValueStore::Set(const ValueKey& key, List list)
 {
     const std::lock_guard guard(m_mutex);
-    Values values = m_values;
-    values[key] = std::move(list);
-    Write(values);
-    m_values = std::move(values);
+    const auto [place, isNew] = m_values.try_emplace(key);
+    place->second.swap(list);
+    try
+    {
+        Write();
+    }
+    catch (...)
+    {
+        place->second.swap(list);
+        if (isNew)
+        {
+            m_values.erase(place);
+        }
+        throw;
+    }
 }
 
-void ValueStore::Write(const Values& values) const
+void ValueStore::Write() const
 {
-    WriteWhole(m_folder / TemporaryName, FileBytes(values));
+    WriteWhole(m_folder / TemporaryName, FileBytes(m_values));
     Rename(m_folder / TemporaryName, m_folder / FileName);
 }
 

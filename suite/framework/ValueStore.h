@@ -31,7 +31,7 @@ public:
     void Set(const ValueKey& key, List list);
 
 private:
-    void Write(const Values& values) const;
+    void Write() const;
 
     const std::filesystem::path m_folder;
     mutable std::mutex m_mutex;

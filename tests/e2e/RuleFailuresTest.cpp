@@ -1,0 +1,192 @@
+// The viewer's allow rule while the service is killed: what is traced, and that the profile is the old or the new one.
+
+#include "framework/ui/kestrix/logs/ZPTLogPFW.h"
+#include "suite/framework/FirewallRules.h"
+#include "suite/framework/ValueSource.h"
+#include "suite/framework/ValueStore.h"
+#include "tests/e2e/Process.h"
+#include "tests/e2e/ServiceFixture.h"
+#include "tests/support/DebugScale.h"
+#include "tests/support/TraceRecorder.h"
+#include "tests/unit/suite/framework/RandomRules.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <random>
+#include <thread>
+
+namespace
+{
+
+using Framework::FirewallRules;
+using Framework::List;
+using Texts = std::vector<std::wstring>;
+
+constexpr wchar_t Program[] = L"C:\\Program Files\\Pinecone Browser\\pinecone.exe";
+constexpr std::uint32_t Tcp = 6;
+constexpr std::uint32_t Outgoing = 2;
+constexpr int MostTries = 5;
+constexpr int RandomMoments = 3;
+
+// The parts of the viewer's transaction, which may be tried one by one.
+struct Log : CZPTLogPFW
+{
+    using CZPTLogPFW::QueryPfwRules;
+    using CZPTLogPFW::RemoveSelectedPfwRuleAndAddAllowRule;
+    using CZPTLogPFW::StorePfwRules;
+};
+
+List RuleOfProgram(std::uint16_t action)
+{
+    List rule = Framework::UsualRule();
+    rule[Framework::RuleName] = std::wstring(L"pinecone");
+    rule[Framework::RuleProgram] = std::wstring(Program);
+    rule[Framework::RuleAction] = action;
+    rule[Framework::RuleDirection] = std::uint16_t{2};
+    rule[Framework::RuleProtocol] = Tcp;
+    return rule;
+}
+
+// Kills the service at the moment for which the function waits, while the object lives.
+class Killer
+{
+public:
+    explicit Killer(const std::function<void()>& waitForMoment)
+        : m_thread(
+              [waitForMoment]
+              {
+                  waitForMoment();
+                  Service::Kill();
+              })
+    {
+    }
+
+    ~Killer() { m_thread.join(); }
+
+    Killer(const Killer&) = delete;
+    Killer& operator=(const Killer&) = delete;
+
+private:
+    std::thread m_thread;
+};
+
+class RuleFailuresTest : public ServiceFixture
+{
+protected:
+    RuleFailuresTest()
+    {
+        m_new.insert(m_new.begin(), RuleOfProgram(0));
+        m_old.insert(m_old.begin() + static_cast<std::ptrdiff_t>(m_old.size() / 2), RuleOfProgram(1));
+        Reset();
+    }
+
+    void Reset() { EXPECT_EQ(SetProfile(*Connect().Get(), FirewallRules, m_old), Framework::Success); }
+
+    bool IsStored(const List& rules) const
+    {
+        return Framework::ValueStore(m_service.Installed().Path()).Get(FirewallRules) == rules;
+    }
+
+    static int Allow()
+    {
+        const FirewallSelection selection{Program, Outgoing, Tcp};
+        return Log::RemoveSelectedPfwRuleAndAddAllowRule(&selection);
+    }
+
+    // How long an operation takes, in milliseconds.
+    static DWORD DurationOf(const std::function<void()>& operation)
+    {
+        const ULONGLONG start = GetTickCount64();
+        operation();
+        return static_cast<DWORD>(GetTickCount64() - start);
+    }
+
+    // Reads the rules while the service is killed in the middle of it; false when it was killed too early or too late.
+    bool ReadWhileKilled(const Texts& failure)
+    {
+        FwRuleList rules;
+        const DWORD duration = DurationOf([&] { EXPECT_TRUE(Log::QueryPfwRules(rules)); });
+        m_traces.Clear();
+        bool isRead = false;
+        {
+            const Killer killer([duration] { Sleep(duration / 3); });
+            isRead = Log::QueryPfwRules(rules);
+        }
+        return !isRead && StartsOf(m_traces.Errors()) == failure;
+    }
+
+    // The texts up to their first bracket that follows a blank: without the code of an error.
+    static Texts StartsOf(Texts texts)
+    {
+        for (std::wstring& text : texts)
+        {
+            text.resize(std::min(text.size(), text.find_first_of(L"([", 1)));
+        }
+        return texts;
+    }
+
+    const List m_others = RandomRules(Scaled(5000), 3);
+    List m_old = m_others;
+    List m_new = m_others;
+    TraceRecorder m_traces;
+};
+
+} // namespace
+
+TEST_F(RuleFailuresTest, AServiceThatIsKilledBeforeOrAfterTheReadOrTheWriteLosesNothing)
+{
+    FwRuleList rules;
+    Service::Kill();
+    EXPECT_EQ(Allow(), 1) << "killed before the read";
+    EXPECT_TRUE(m_traces.Errors().empty());
+    Service::Kill();
+    EXPECT_TRUE(IsStored(m_new)) << "killed after the write";
+
+    EXPECT_TRUE(Log::QueryPfwRules(rules));
+    Service::Kill();
+    rules.pop_front();
+    EXPECT_TRUE(Log::StorePfwRules(rules)) << "killed after the read, before the write";
+    EXPECT_TRUE(IsStored(m_others));
+    EXPECT_TRUE(m_traces.Errors().empty());
+}
+
+TEST_F(RuleFailuresTest, AServiceThatIsKilledDuringTheReadIsTracedAndTheProfileStays)
+{
+    bool isSeen = false;
+    for (int i = 0; i < MostTries && !isSeen; ++i)
+    {
+        isSeen = ReadWhileKilled({L"[CZPTLogPFW::QueryPfwRules] err Code: "});
+    }
+    EXPECT_TRUE(isSeen) << testing::PrintToString(m_traces.Errors());
+    EXPECT_TRUE(IsStored(m_old));
+}
+
+TEST_F(RuleFailuresTest, AServiceThatIsKilledDuringTheWriteIsTracedAndTheProfileIsTheOldOrTheNewOne)
+{
+    const std::filesystem::path beside = m_service.Installed().File(L"Framework.new");
+    {
+        const Killer killer([&] { WaitUntil([&] { return exists(beside); }, 30'000, 0); });
+        EXPECT_EQ(Allow(), 1);
+    }
+    const bool isNew = IsStored(m_new);
+    EXPECT_TRUE(isNew || IsStored(m_old));
+    EXPECT_EQ(StartsOf(m_traces.Errors()), isNew && m_traces.Errors().empty()
+                                               ? Texts()
+                                               : Texts{L"[CZPTLogPFW::StorePfwRules] Failed, error code = "});
+    EXPECT_EQ(m_traces.Texts(VdCommon::TraceLevel::Flow).back(),
+              L"[Leave] CZPTLogPFW::RemoveSelectedPfwRuleAndAddAllowRule");
+
+    const DWORD duration = DurationOf([&] { Reset(), Allow(); });
+    std::random_device random;
+    for (int i = 0; i < RandomMoments; ++i)
+    {
+        Reset();
+        const DWORD moment = random() % duration;
+        {
+            const Killer killer([moment] { Sleep(moment); });
+            EXPECT_EQ(Allow(), 1) << moment;
+        }
+        EXPECT_TRUE(IsStored(m_old) || IsStored(m_new)) << "killed after " << moment << " ms";
+    }
+}

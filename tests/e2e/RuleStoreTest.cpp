@@ -1,0 +1,150 @@
+// The firewall rules of the service: what is left of them when it is killed, and what a person sees and changes.
+
+#include "suite/framework/Apartment.h"
+#include "suite/framework/FirewallRules.h"
+#include "suite/framework/RuleText.h"
+#include "suite/framework/ValueSource.h"
+#include "suite/framework/ValueStore.h"
+#include "tests/e2e/Process.h"
+#include "tests/e2e/ServiceFixture.h"
+#include "tests/support/DebugScale.h"
+#include "tests/unit/suite/framework/RandomRules.h"
+
+#include <atomic>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <random>
+#include <stdexcept>
+#include <thread>
+
+namespace
+{
+
+using Framework::FirewallRules;
+using Framework::List;
+
+constexpr int RandomMoments = 4;
+
+// A client in a thread of its own that sets rules; its call has begun when the constructor returns.
+class Setter
+{
+public:
+    explicit Setter(const List& rules) : m_thread([this, &rules] { Run(rules); })
+    {
+        WaitUntil([this] { return m_bCalls.load(); });
+    }
+
+    ~Setter() { m_thread.join(); }
+
+    Setter(const Setter&) = delete;
+    Setter& operator=(const Setter&) = delete;
+
+    // What the service answered, or the system when it was gone.
+    HRESULT Result() const
+    {
+        WaitUntil([this] { return m_result != E_PENDING; });
+        return m_result;
+    }
+
+private:
+    void Run(const List& rules)
+    {
+        const Framework::Apartment apartment;
+        const auto controller = Connect();
+        m_bCalls = true;
+        m_result = TrySet(*controller.Get(), rules);
+    }
+
+    static HRESULT TrySet(IVdFrwkLocalController& controller, const List& rules)
+    {
+        try
+        {
+            return SetProfile(controller, FirewallRules, rules);
+        }
+        catch (const std::runtime_error&)
+        {
+            return E_FAIL;
+        }
+    }
+
+    std::atomic<bool> m_bCalls = false;
+    std::atomic<HRESULT> m_result = E_PENDING;
+    std::thread m_thread; // last, since it uses the others
+};
+
+class RuleStoreTest : public ServiceFixture
+{
+protected:
+    std::wstring File(const wchar_t* name) const { return m_service.Installed().File(name); }
+
+    // What the next process of the service will have. There is none now.
+    std::optional<List> Stored() const
+    {
+        return Framework::ValueStore(m_service.Installed().Path()).Get(FirewallRules);
+    }
+
+    // Sets the rules and kills the service at the moment for which the function waits. Whether they are stored.
+    bool IsStoredAfterKill(const List& rules, const std::function<void(Setter&)>& waitForMoment)
+    {
+        Setter setter(rules);
+        waitForMoment(setter);
+        Service::Kill();
+        const bool isStored = Stored() == rules;
+        EXPECT_TRUE(isStored || FAILED(setter.Result())) << "the client was told that they are";
+        return isStored;
+    }
+
+    List m_old = RandomRules(Scaled(5000), 1);
+    List m_new = RandomRules(Scaled(5000), 2);
+};
+
+} // namespace
+
+TEST_F(RuleStoreTest, AServiceThatIsKilledLeavesTheOldOrTheNewRules)
+{
+    const ULONGLONG start = GetTickCount64();
+    EXPECT_TRUE(IsStoredAfterKill(m_old, [](Setter& setter) { EXPECT_EQ(setter.Result(), Framework::Success); }));
+    const auto duration = static_cast<unsigned>(GetTickCount64() - start);
+
+    const auto expectOldOrNew = [&](const std::string& moment, const std::function<void(Setter&)>& waitForMoment)
+    {
+        if (IsStoredAfterKill(m_new, waitForMoment))
+        {
+            m_old.swap(m_new);
+        }
+        EXPECT_TRUE(Stored() == m_old) << moment;
+    };
+    const std::filesystem::path beside = File(L"Framework.new");
+    expectOldOrNew("while the file is written", [&](Setter&) { WaitUntil([&] { return exists(beside); }, 30'000, 0); });
+    expectOldOrNew("before the service has it", [](Setter&) {});
+    std::random_device random;
+    for (int i = 0; i < RandomMoments; ++i)
+    {
+        const DWORD moment = random() % duration;
+        expectOldOrNew("after " + std::to_string(moment) + " ms", [&](Setter&) { Sleep(moment); });
+    }
+    EXPECT_TRUE(QueryProfile(*Connect().Get(), FirewallRules) == m_old) << "read by the next process";
+}
+
+TEST_F(RuleStoreTest, APersonPrintsTheRulesChangesThemAndLoadsThem)
+{
+    const std::wstring table = File(L"rules.txt");
+    const std::wstring output = File(L"output.txt");
+    EXPECT_EQ(Service::Run(L"/Rules", table), 0u);
+    EXPECT_EQ(Framework::ParseRules(ReadBytes(table)), Framework::FirstFirewallRules());
+
+    const std::string changed = ReadBytes(table) + "block any TCP 0 - * * \"One more\" C:\\more.exe\r\n";
+    WriteBytes(table, changed);
+    EXPECT_EQ(Service::Run(L"/Rules \"" + table + L"\"", output), 0u);
+    EXPECT_EQ(ReadBytes(output), "");
+    const List rules = QueryProfile(*Connect().Get(), FirewallRules);
+    EXPECT_EQ(rules.size(), Framework::FirstFirewallRules().size() + 1);
+    EXPECT_EQ(rules, Framework::ParseRules(changed));
+
+    WriteBytes(table, "block any TCP 0 - * * good -\r\nblock any TCP wrong\r\n");
+    EXPECT_EQ(Service::Run(L"/Rules \"" + table + L"\"", output), 1u);
+    EXPECT_NE(ReadBytes(output).find("\nline 2: "), std::string::npos) << ReadBytes(output);
+    EXPECT_EQ(Service::Run(L"/Rules \"" + File(L"missing.txt") + L"\"", output), 1u);
+    EXPECT_EQ(QueryProfile(*Connect().Get(), FirewallRules), rules);
+}
