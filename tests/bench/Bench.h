@@ -48,3 +48,4 @@ Figures BenchAddressSort();
 Figures BenchExport();
 Figures BenchTrace();
 Figures BenchStart();
+Figures BenchRules();

@@ -25,9 +25,9 @@ struct Bench
 
 // A name may stand for several.
 constexpr Bench Benches[] = {
-    {L"read", &BenchRead},     {L"memory", &BenchMemory}, {L"database", &BenchDatabase},
-    {L"days", &BenchDays},     {L"list", &BenchList},     {L"list", &BenchAddressSort},
-    {L"export", &BenchExport}, {L"trace", &BenchTrace},   {L"start", &BenchStart},
+    {L"read", &BenchRead},   {L"memory", &BenchMemory},    {L"database", &BenchDatabase}, {L"days", &BenchDays},
+    {L"list", &BenchList},   {L"list", &BenchAddressSort}, {L"export", &BenchExport},     {L"trace", &BenchTrace},
+    {L"start", &BenchStart}, {L"rules", &BenchRules},
 };
 
 constexpr int OverBudget = 1;
