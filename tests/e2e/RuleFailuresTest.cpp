@@ -1,10 +1,9 @@
 // The viewer's allow rule while the service is killed: what is traced, and that the profile is the old or the new one.
 
 #include "framework/ui/kestrix/logs/ZPTLogPFW.h"
-#include "suite/framework/FirewallRules.h"
 #include "suite/framework/ValueSource.h"
-#include "suite/framework/ValueStore.h"
 #include "tests/e2e/Process.h"
+#include "tests/e2e/RuleList.h"
 #include "tests/e2e/ServiceFixture.h"
 #include "tests/support/DebugScale.h"
 #include "tests/support/TraceRecorder.h"
@@ -19,7 +18,6 @@
 namespace
 {
 
-using Framework::FirewallRules;
 using Framework::List;
 using Texts = std::vector<std::wstring>;
 
@@ -27,7 +25,7 @@ constexpr wchar_t Program[] = L"C:\\Program Files\\Pinecone Browser\\pinecone.ex
 constexpr std::uint32_t Tcp = 6;
 constexpr std::uint32_t Outgoing = 2;
 constexpr int MostTries = 5;
-constexpr int RandomMoments = 3;
+constexpr int RandomMoments = 2;
 
 // The parts of the viewer's transaction, which may be tried one by one.
 struct Log : CZPTLogPFW
@@ -46,6 +44,12 @@ List RuleOfProgram(std::uint16_t action)
     rule[Framework::RuleDirection] = std::uint16_t{2};
     rule[Framework::RuleProtocol] = Tcp;
     return rule;
+}
+
+List With(List rules, std::size_t place, const List& rule)
+{
+    rules.insert(rules.begin() + static_cast<std::ptrdiff_t>(place), rule);
+    return rules;
 }
 
 // Kills the service at the moment for which the function waits, while the object lives.
@@ -74,19 +78,9 @@ private:
 class RuleFailuresTest : public ServiceFixture
 {
 protected:
-    RuleFailuresTest()
-    {
-        m_new.insert(m_new.begin(), RuleOfProgram(0));
-        m_old.insert(m_old.begin() + static_cast<std::ptrdiff_t>(m_old.size() / 2), RuleOfProgram(1));
-        Reset();
-    }
+    RuleFailuresTest() { Reset(); }
 
-    void Reset() { EXPECT_EQ(SetProfile(*Connect().Get(), FirewallRules, m_old), Framework::Success); }
-
-    bool IsStored(const List& rules) const
-    {
-        return Framework::ValueStore(m_service.Installed().Path()).Get(FirewallRules) == rules;
-    }
+    void Reset() const { EXPECT_EQ(m_old.Set(*Connect().Get()), Framework::Success); }
 
     static int Allow()
     {
@@ -126,9 +120,10 @@ protected:
         return texts;
     }
 
-    const List m_others = RandomRules(Scaled(5000), 3);
-    List m_old = m_others;
-    List m_new = m_others;
+    const List m_rules = RandomRules(Scaled(5000), 3);
+    const RuleList m_others{m_rules};
+    const RuleList m_old{With(m_rules, m_rules.size() / 2, RuleOfProgram(1))};
+    const RuleList m_new{With(m_rules, 0, RuleOfProgram(0))};
     TraceRecorder m_traces;
 };
 
@@ -141,13 +136,13 @@ TEST_F(RuleFailuresTest, AServiceThatIsKilledBeforeOrAfterTheReadOrTheWriteLoses
     EXPECT_EQ(Allow(), 1) << "killed before the read";
     EXPECT_TRUE(m_traces.Errors().empty());
     Service::Kill();
-    EXPECT_TRUE(IsStored(m_new)) << "killed after the write";
+    EXPECT_TRUE(m_new.AreStored(m_service)) << "killed after the write";
 
     EXPECT_TRUE(Log::QueryPfwRules(rules));
     Service::Kill();
     rules.pop_front();
     EXPECT_TRUE(Log::StorePfwRules(rules)) << "killed after the read, before the write";
-    EXPECT_TRUE(IsStored(m_others));
+    EXPECT_TRUE(m_others.AreStored(m_service));
     EXPECT_TRUE(m_traces.Errors().empty());
 }
 
@@ -159,7 +154,7 @@ TEST_F(RuleFailuresTest, AServiceThatIsKilledDuringTheReadIsTracedAndTheProfileS
         isSeen = ReadWhileKilled({L"[CZPTLogPFW::QueryPfwRules] err Code: "});
     }
     EXPECT_TRUE(isSeen) << testing::PrintToString(m_traces.Errors());
-    EXPECT_TRUE(IsStored(m_old));
+    EXPECT_TRUE(m_old.AreStored(m_service));
 }
 
 TEST_F(RuleFailuresTest, AServiceThatIsKilledDuringTheWriteIsTracedAndTheProfileIsTheOldOrTheNewOne)
@@ -169,8 +164,8 @@ TEST_F(RuleFailuresTest, AServiceThatIsKilledDuringTheWriteIsTracedAndTheProfile
         const Killer killer([&] { WaitUntil([&] { return exists(beside); }, 30'000, 0); });
         EXPECT_EQ(Allow(), 1);
     }
-    const bool isNew = IsStored(m_new);
-    EXPECT_TRUE(isNew || IsStored(m_old));
+    const bool isNew = m_new.AreStored(m_service);
+    EXPECT_TRUE(isNew || m_old.AreStored(m_service));
     EXPECT_EQ(StartsOf(m_traces.Errors()), isNew && m_traces.Errors().empty()
                                                ? Texts()
                                                : Texts{L"[CZPTLogPFW::StorePfwRules] Failed, error code = "});
@@ -187,6 +182,6 @@ TEST_F(RuleFailuresTest, AServiceThatIsKilledDuringTheWriteIsTracedAndTheProfile
             const Killer killer([moment] { Sleep(moment); });
             EXPECT_EQ(Allow(), 1) << moment;
         }
-        EXPECT_TRUE(IsStored(m_old) || IsStored(m_new)) << "killed after " << moment << " ms";
+        EXPECT_TRUE(m_old.AreStored(m_service) || m_new.AreStored(m_service)) << "killed after " << moment << " ms";
     }
 }

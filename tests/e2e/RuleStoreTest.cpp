@@ -1,11 +1,10 @@
 // The firewall rules of the service: what is left of them when it is killed, and what a person sees and changes.
 
 #include "suite/framework/Apartment.h"
-#include "suite/framework/FirewallRules.h"
 #include "suite/framework/RuleText.h"
 #include "suite/framework/ValueSource.h"
-#include "suite/framework/ValueStore.h"
 #include "tests/e2e/Process.h"
+#include "tests/e2e/RuleList.h"
 #include "tests/e2e/ServiceFixture.h"
 #include "tests/support/DebugScale.h"
 #include "tests/unit/suite/framework/RandomRules.h"
@@ -13,7 +12,6 @@
 #include <atomic>
 #include <filesystem>
 #include <functional>
-#include <optional>
 #include <random>
 #include <stdexcept>
 #include <thread>
@@ -24,13 +22,13 @@ namespace
 using Framework::FirewallRules;
 using Framework::List;
 
-constexpr int RandomMoments = 4;
+constexpr int RandomMoments = 3;
 
 // A client in a thread of its own that sets rules; its call has begun when the constructor returns.
 class Setter
 {
 public:
-    explicit Setter(const List& rules) : m_thread([this, &rules] { Run(rules); })
+    explicit Setter(const RuleList& rules) : m_thread([this, &rules] { Run(rules); })
     {
         WaitUntil([this] { return m_bCalls.load(); });
     }
@@ -48,7 +46,7 @@ public:
     }
 
 private:
-    void Run(const List& rules)
+    void Run(const RuleList& rules)
     {
         const Framework::Apartment apartment;
         const auto controller = Connect();
@@ -56,11 +54,11 @@ private:
         m_result = TrySet(*controller.Get(), rules);
     }
 
-    static HRESULT TrySet(IVdFrwkLocalController& controller, const List& rules)
+    static HRESULT TrySet(IVdFrwkLocalController& controller, const RuleList& rules)
     {
         try
         {
-            return SetProfile(controller, FirewallRules, rules);
+            return rules.Set(controller);
         }
         catch (const std::runtime_error&)
         {
@@ -78,53 +76,45 @@ class RuleStoreTest : public ServiceFixture
 protected:
     std::wstring File(const wchar_t* name) const { return m_service.Installed().File(name); }
 
-    // What the next process of the service will have. There is none now.
-    std::optional<List> Stored() const
-    {
-        return Framework::ValueStore(m_service.Installed().Path()).Get(FirewallRules);
-    }
-
     // Sets the rules and kills the service at the moment for which the function waits. Whether they are stored.
-    bool IsStoredAfterKill(const List& rules, const std::function<void(Setter&)>& waitForMoment)
+    bool AreStoredAfterKill(const RuleList& rules, const std::function<void(Setter&)>& waitForMoment)
     {
         Setter setter(rules);
         waitForMoment(setter);
         Service::Kill();
-        const bool isStored = Stored() == rules;
-        EXPECT_TRUE(isStored || FAILED(setter.Result())) << "the client was told that they are";
-        return isStored;
+        const bool areStored = rules.AreStored(m_service);
+        EXPECT_TRUE(areStored || FAILED(setter.Result())) << "the client was told that they are";
+        return areStored;
     }
-
-    List m_old = RandomRules(Scaled(5000), 1);
-    List m_new = RandomRules(Scaled(5000), 2);
 };
 
 } // namespace
 
 TEST_F(RuleStoreTest, AServiceThatIsKilledLeavesTheOldOrTheNewRules)
 {
+    const List rules[] = {RandomRules(Scaled(5000), 1), RandomRules(Scaled(5000), 2)};
+    const RuleList lists[] = {RuleList(rules[0]), RuleList(rules[1])};
     const ULONGLONG start = GetTickCount64();
-    EXPECT_TRUE(IsStoredAfterKill(m_old, [](Setter& setter) { EXPECT_EQ(setter.Result(), Framework::Success); }));
+    EXPECT_TRUE(AreStoredAfterKill(lists[0], [](Setter& setter) { EXPECT_EQ(setter.Result(), Framework::Success); }))
+        << "after the write";
     const auto duration = static_cast<unsigned>(GetTickCount64() - start);
 
+    int stored = 0;
     const auto expectOldOrNew = [&](const std::string& moment, const std::function<void(Setter&)>& waitForMoment)
     {
-        if (IsStoredAfterKill(m_new, waitForMoment))
-        {
-            m_old.swap(m_new);
-        }
-        EXPECT_TRUE(Stored() == m_old) << moment;
+        stored = AreStoredAfterKill(lists[1 - stored], waitForMoment) ? 1 - stored : stored;
+        EXPECT_TRUE(lists[stored].AreStored(m_service)) << moment;
     };
+    expectOldOrNew("before the service has the list", [](Setter&) {});
     const std::filesystem::path beside = File(L"Framework.new");
-    expectOldOrNew("while the file is written", [&](Setter&) { WaitUntil([&] { return exists(beside); }, 30'000, 0); });
-    expectOldOrNew("before the service has it", [](Setter&) {});
+    expectOldOrNew("during the write", [&](Setter&) { WaitUntil([&] { return exists(beside); }, 30'000, 0); });
     std::random_device random;
     for (int i = 0; i < RandomMoments; ++i)
     {
         const DWORD moment = random() % duration;
         expectOldOrNew("after " + std::to_string(moment) + " ms", [&](Setter&) { Sleep(moment); });
     }
-    EXPECT_TRUE(QueryProfile(*Connect().Get(), FirewallRules) == m_old) << "read by the next process";
+    EXPECT_TRUE(QueryProfile(*Connect().Get(), FirewallRules) == rules[stored]) << "as the next process reads it";
 }
 
 TEST_F(RuleStoreTest, APersonPrintsTheRulesChangesThemAndLoadsThem)

@@ -33,7 +33,7 @@ private:
     std::wstring Text()
     {
         constexpr std::wstring_view letters = L"ab-\"% \t#=\\,Я日";
-        std::wstring text(Below(5) == 0 ? Below(300) : Below(12), L' ');
+        std::wstring text(Below(50) == 0 ? Below(300) : Below(12), L' ');
         const bool isPlain = Bool();
         for (wchar_t& unit : text)
         {
