@@ -22,7 +22,7 @@ namespace
 using Framework::FirewallRules;
 using Framework::List;
 
-constexpr int RandomMoments = 3;
+constexpr int RandomMoments = 2;
 
 // A client in a thread of its own that sets rules; its call has begun when the constructor returns.
 class Setter
@@ -111,7 +111,7 @@ TEST_F(RuleStoreTest, AServiceThatIsKilledLeavesTheOldOrTheNewRules)
     std::random_device random;
     for (int i = 0; i < RandomMoments; ++i)
     {
-        const DWORD moment = random() % duration;
+        const DWORD moment = random() % (duration + 1);
         expectOldOrNew("after " + std::to_string(moment) + " ms", [&](Setter&) { Sleep(moment); });
     }
     EXPECT_TRUE(QueryProfile(*Connect().Get(), FirewallRules) == rules[stored]) << "as the next process reads it";
