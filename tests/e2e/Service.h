@@ -36,7 +36,8 @@ public:
     static void Freeze();
     static void Thaw();
 
-    // Runs its program with these arguments, and with what it prints in a file where one is named; returns the exit code.
+    // Runs its program with these arguments, and with what it prints in a file where one is named; returns the exit
+    // code.
     static DWORD Run(const std::wstring& arguments, const std::wstring& output = {});
 
 private:

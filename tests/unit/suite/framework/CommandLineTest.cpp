@@ -37,7 +37,7 @@ TEST(CommandLineTest, RulesArePrintedOrLoadedFromTheFileThatFollows)
     EXPECT_EQ(Parse({L"/Rules"}).task, Task::Rules);
     EXPECT_TRUE(Parse({L"/rules"}).rules.empty());
     EXPECT_EQ(Parse({L"/Rules", L"my rules.txt"}).rules, L"my rules.txt");
-    EXPECT_EQ(Parse({L"-RULES", L"/home/rules.txt"}).rules, L"/home/rules.txt");
+    EXPECT_EQ(Parse({L"-RULES", L"/lists/rules.txt"}).rules, L"/lists/rules.txt");
     EXPECT_THROW(Parse({L"rules.txt", L"/Rules"}), BadCommandLine);
     EXPECT_THROW(Parse({L"/Rules", L"one.txt", L"two.txt"}), BadCommandLine);
     EXPECT_THROW(Parse({L"/Rules", L""}), BadCommandLine);
