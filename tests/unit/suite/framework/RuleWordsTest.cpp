@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace Framework;
 
 namespace
@@ -50,10 +52,15 @@ TEST(RuleWordsTest, EveryTextHasAWordThatIsReadAsTheText)
 
 TEST(RuleWordsTest, EveryUnitOfATextComesBack)
 {
-    for (unsigned unit = 1; unit <= 0xFFFF; ++unit)
+    constexpr unsigned many = 64;
+    for (unsigned first = 0; first <= 0xFFFF; first += many)
     {
-        const std::wstring text{L'a', static_cast<wchar_t>(unit), L'b'};
-        ASSERT_EQ(SplitWords(WordOf(text)), Words{text}) << unit;
+        std::wstring text;
+        for (unsigned unit = std::max(first, 1u); unit < first + many; ++unit)
+        {
+            text += static_cast<wchar_t>(unit);
+        }
+        EXPECT_EQ(SplitWords(WordOf(text)), Words{text}) << first;
     }
 }
 
