@@ -163,6 +163,7 @@ TEST_F(RuleFailuresTest, AServiceThatIsKilledDuringTheReadIsTracedAndTheProfileS
 
 TEST_F(RuleFailuresTest, AServiceThatIsKilledDuringTheWriteIsTracedAndTheProfileIsTheOldOrTheNewOne)
 {
+    const auto controller = Connect();
     const std::filesystem::path beside = m_service.Installed().File(L"Framework.new");
     {
         const Killer killer([&] { WaitUntil([&] { return exists(beside); }, 30'000, 0); });

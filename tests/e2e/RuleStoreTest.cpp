@@ -122,6 +122,7 @@ TEST_F(RuleStoreTest, APersonPrintsTheRulesChangesThemAndLoadsThem)
 {
     const std::wstring table = File(L"rules.txt");
     const std::wstring output = File(L"output.txt");
+    const auto controller = Connect(); // keeps the service: who comes in the moment in which it ends is refused by Wine
     EXPECT_EQ(Service::Run(L"/Rules", table), 0u);
     EXPECT_EQ(Framework::ParseRules(ReadBytes(table)), Framework::FirstFirewallRules());
 
@@ -129,7 +130,7 @@ TEST_F(RuleStoreTest, APersonPrintsTheRulesChangesThemAndLoadsThem)
     WriteBytes(table, changed);
     EXPECT_EQ(Service::Run(L"/Rules \"" + table + L"\"", output), 0u);
     EXPECT_EQ(ReadBytes(output), "");
-    const List rules = QueryProfile(*Connect().Get(), FirewallRules);
+    const List rules = QueryProfile(*controller.Get(), FirewallRules);
     EXPECT_EQ(rules.size(), Framework::FirstFirewallRules().size() + 1);
     EXPECT_EQ(rules, Framework::ParseRules(changed));
 
@@ -137,5 +138,5 @@ TEST_F(RuleStoreTest, APersonPrintsTheRulesChangesThemAndLoadsThem)
     EXPECT_EQ(Service::Run(L"/Rules \"" + table + L"\"", output), 1u);
     EXPECT_NE(ReadBytes(output).find("\nline 2: "), std::string::npos) << ReadBytes(output);
     EXPECT_EQ(Service::Run(L"/Rules \"" + File(L"missing.txt") + L"\"", output), 1u);
-    EXPECT_EQ(QueryProfile(*Connect().Get(), FirewallRules), rules);
+    EXPECT_EQ(QueryProfile(*controller.Get(), FirewallRules), rules);
 }
