@@ -1,5 +1,6 @@
 #include "common/VdCommon/VdComn_MuiResource.h"
 
+#include "tests/support/DebuggerOutput.h"
 #include "tests/unit/common/VdCommon/MuiFiles.h"
 
 #include <gtest/gtest.h>
@@ -24,35 +25,6 @@ DWORD WINAPI ModulePath(HMODULE module, wchar_t* room, DWORD size)
     room[length < size ? length : size - 1] = L'\0';
     return length;
 }
-
-// Listens to what the process writes to the debugger output: an exception that nobody else handles, with the text in
-// the 8-bit code page. The tests write ASCII.
-class DebuggerOutput
-{
-public:
-    DebuggerOutput() : m_handler(::AddVectoredExceptionHandler(1, Listen)) { s_lines.clear(); }
-
-    ~DebuggerOutput() { ::RemoveVectoredExceptionHandler(m_handler); }
-
-    static std::vector<std::wstring> s_lines;
-
-private:
-    static LONG WINAPI Listen(EXCEPTION_POINTERS* pointers)
-    {
-        constexpr DWORD NarrowOutput = 0x40010006; // its arguments: length with terminator, text
-        const EXCEPTION_RECORD& record = *pointers->ExceptionRecord;
-        if (record.ExceptionCode == NarrowOutput)
-        {
-            const auto* const text = reinterpret_cast<const char*>(record.ExceptionInformation[1]);
-            s_lines.emplace_back(text, text + record.ExceptionInformation[0] - 1);
-        }
-        return EXCEPTION_CONTINUE_SEARCH;
-    }
-
-    void* m_handler;
-};
-
-std::vector<std::wstring> DebuggerOutput::s_lines;
 
 class MuiResourceLoad : public ::testing::Test
 {
@@ -121,7 +93,7 @@ TEST_F(MuiResourceLoad, EachPlaceTriedGoesToTheDebuggerOutput)
 {
     const DebuggerOutput output;
     m_resource.Load();
-    EXPECT_EQ(output.s_lines, (std::vector<std::wstring>{First().wstring(), Second().wstring()}));
+    EXPECT_EQ(output.Texts(), (std::vector<std::string>{First().string(), Second().string()}));
 }
 
 TEST_F(MuiResourceLoad, SecondPlaceIsNotNamedWhenTheFirstServes)
@@ -129,7 +101,7 @@ TEST_F(MuiResourceLoad, SecondPlaceIsNotNamedWhenTheFirstServes)
     WritePlain(First(), 1);
     const DebuggerOutput output;
     m_resource.Load();
-    EXPECT_EQ(output.s_lines, std::vector<std::wstring>{First().wstring()});
+    EXPECT_EQ(output.Texts(), std::vector<std::string>{First().string()});
 }
 
 TEST_F(MuiResourceLoad, LanguageOfMoreThan84CharactersIsCut)
@@ -142,8 +114,8 @@ TEST_F(MuiResourceLoad, LanguageOfMoreThan84CharactersIsCut)
 
     const DebuggerOutput output;
     m_resource.Load();
-    ASSERT_FALSE(output.s_lines.empty());
-    EXPECT_EQ(output.s_lines[0], First(kept.c_str()).wstring());
+    ASSERT_FALSE(output.Texts().empty());
+    EXPECT_EQ(output.Texts()[0], First(kept.c_str()).string());
 }
 
 TEST_F(MuiResourceLoad, FolderOfMoreThan260CharactersIsCut)
@@ -151,9 +123,8 @@ TEST_F(MuiResourceLoad, FolderOfMoreThan260CharactersIsCut)
     m_resource.SetFolder(std::wstring(261, L'f'));
     const DebuggerOutput output;
     m_resource.Load();
-    ASSERT_FALSE(output.s_lines.empty());
-    EXPECT_EQ(output.s_lines[0],
-              m_folder.Path().wstring() + L"\\" + std::wstring(260, L'f') + L"\\en-US\\Kestrix.exe.mui");
+    ASSERT_FALSE(output.Texts().empty());
+    EXPECT_EQ(output.Texts()[0], m_folder.Path().string() + "\\" + std::string(260, 'f') + "\\en-US\\Kestrix.exe.mui");
 }
 
 TEST_F(MuiResourceLoad, ProgramPathOf259CharactersIsLookedAt)
@@ -161,8 +132,8 @@ TEST_F(MuiResourceLoad, ProgramPathOf259CharactersIsLookedAt)
     g_program = L"C:\\" + std::wstring(256, L'p');
     const DebuggerOutput output;
     EXPECT_FALSE(m_resource.Load());
-    ASSERT_EQ(output.s_lines.size(), 2u);
-    EXPECT_EQ(output.s_lines[1], g_program + L".mui");
+    ASSERT_EQ(output.Texts().size(), 2u);
+    EXPECT_EQ(output.Texts()[1], std::filesystem::path(g_program).string() + ".mui");
 }
 
 TEST_F(MuiResourceLoad, ProgramPathOf260CharactersOrMoreFailsAtOnce)
@@ -172,7 +143,7 @@ TEST_F(MuiResourceLoad, ProgramPathOf260CharactersOrMoreFailsAtOnce)
         g_program = L"C:\\" + std::wstring(length - 3, L'p');
         const DebuggerOutput output;
         EXPECT_FALSE(m_resource.Load());
-        EXPECT_TRUE(output.s_lines.empty()) << length;
+        EXPECT_TRUE(output.Texts().empty()) << length;
     }
 }
 
@@ -181,7 +152,7 @@ TEST_F(MuiResourceLoad, ProgramPathThatCannotBeHadFailsAtOnce)
     g_program.clear();
     const DebuggerOutput output;
     EXPECT_FALSE(m_resource.Load());
-    EXPECT_TRUE(output.s_lines.empty());
+    EXPECT_TRUE(output.Texts().empty());
 }
 
 TEST_F(MuiResourceLoad, ProgramPathWithoutBackslashFailsAtOnce)
@@ -189,7 +160,7 @@ TEST_F(MuiResourceLoad, ProgramPathWithoutBackslashFailsAtOnce)
     g_program = L"Kestrix.exe";
     const DebuggerOutput output;
     EXPECT_FALSE(m_resource.Load());
-    EXPECT_TRUE(output.s_lines.empty());
+    EXPECT_TRUE(output.Texts().empty());
 }
 
 TEST_F(MuiResourceLoad, SecondLoadFreesTheFirstFile)
@@ -249,8 +220,8 @@ TEST_F(MuiResourceLoad, OwnPathOfTheProgramIsTheDefault)
     ::GetModuleFileNameW(nullptr, program, MAX_PATH);
     const DebuggerOutput output;
     EXPECT_FALSE(MuiResource().Load());
-    ASSERT_EQ(output.s_lines.size(), 2u);
-    EXPECT_EQ(output.s_lines[1], std::wstring(program) + L".mui");
+    ASSERT_EQ(output.Texts().size(), 2u);
+    EXPECT_EQ(output.Texts()[1], std::filesystem::path(program).string() + ".mui");
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 // The built library, as its users load it.
 
-#include "tests/unit/suite/VdDbg/DebuggerOutput.h"
+#include "tests/support/DebuggerOutput.h"
 #include "tests/unit/suite/VdDbg/TraceLogs.h"
 
 #include <gtest/gtest.h>

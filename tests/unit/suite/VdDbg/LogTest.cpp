@@ -1,7 +1,7 @@
 #include "suite/VdDbg/Log.h"
 
+#include "tests/support/DebuggerOutput.h"
 #include "tests/support/ImportPatch.h"
-#include "tests/unit/suite/VdDbg/DebuggerOutput.h"
 #include "tests/unit/suite/VdDbg/TraceLogs.h"
 
 #include <gtest/gtest.h>

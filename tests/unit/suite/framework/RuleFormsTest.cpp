@@ -2,7 +2,7 @@
 
 #include "suite/framework/FirewallRules.h"
 #include "suite/framework/SafeArray.h"
-#include "tests/unit/suite/VdDbg/DebuggerOutput.h"
+#include "tests/support/DebuggerOutput.h"
 #include "tests/unit/suite/framework/SampleRule.h"
 #include "tests/unit/suite/framework/ServiceFixture.h"
 
