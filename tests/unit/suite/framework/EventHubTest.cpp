@@ -1,6 +1,7 @@
 #include "suite/framework/EventHub.h"
 
 #include "suite/framework/Apartment.h"
+#include "tests/support/DebuggerOutput.h"
 #include "tests/unit/suite/framework/Inbox.h"
 
 #include <gtest/gtest.h>
@@ -153,6 +154,31 @@ TEST_F(EventHubTest, OfAKindThatIsPurgedAgainMeanwhileASinkThatHangsIsToldOnce)
     hanging.LetGo();
     ASSERT_TRUE(hanging.WaitFor(4));
     EXPECT_EQ(hanging.Events(), (Events{"4 22 1", "4 22 1", "4 22 1", "1 -1 0"}));
+}
+
+TEST_F(EventHubTest, ASinkThatLosesItsOldestEventIsToldOfInTheTraceThoughAnotherGotAll)
+{
+    const DebuggerOutput output;
+    Inbox hanging(S_OK, true);
+    Inbox alive;
+    EventHub hub;
+    Advise(hub, hanging);
+    Advise(hub, alive); // comes after the one that loses
+    std::uint32_t sent = 0;
+    const auto raise = [&]
+    {
+        hub.Raise({4, 22, ++sent});
+        return alive.WaitFor(sent);
+    };
+    ASSERT_TRUE(raise() && hanging.WaitFor(1)); // is on its way, and so waits no more
+    while (sent <= EventQueue::MostWaiting)
+    {
+        ASSERT_TRUE(raise());
+    }
+    EXPECT_EQ(output.Texts(), std::vector<std::string>());
+    ASSERT_TRUE(raise());
+    EXPECT_EQ(output.Texts(), std::vector<std::string>{"VdFrwkSvc: Too many events wait for a client that does not "
+                                                       "answer; it does not get the oldest.\n"});
 }
 
 TEST_F(EventHubTest, TheEndWaitsForNoSinkThatHangs)
