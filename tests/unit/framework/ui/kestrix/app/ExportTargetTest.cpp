@@ -1,10 +1,15 @@
 #include "framework/ui/kestrix/app/ExportTarget.h"
 
+#include "tests/support/ImportPatch.h"
 #include "tests/support/RegistrySandbox.h"
 
 #include <gtest/gtest.h>
 
 #include <shlobj.h>
+
+#include <string_view>
+
+extern "C" decltype(&::GetProcAddress) __imp_GetProcAddress;
 
 namespace
 {
@@ -22,6 +27,41 @@ HMODULE WINAPI LoadAnother(const wchar_t*)
     return ::LoadLibraryW(L"lz32.dll");
 }
 
+// The shell's function for the folder, while the object lives: it knows none and notes what it was asked.
+class NoDocumentsFolder
+{
+public:
+    NoDocumentsFolder()
+    {
+        s_find = m_patch.Original();
+        s_folder = 0;
+        s_makes = TRUE;
+    }
+
+    static inline int s_folder = 0;
+    static inline BOOL s_makes = FALSE; // whether a folder that is missing would be made
+
+private:
+    static FARPROC WINAPI Find(HMODULE module, const char* name)
+    {
+        return name == std::string_view("SHGetSpecialFolderPathW")
+                   ? reinterpret_cast<FARPROC>(reinterpret_cast<void (*)()>(&TellNone))
+                   : s_find(module, name);
+    }
+
+    static BOOL WINAPI TellNone(HWND, wchar_t* path, int folder, BOOL makes)
+    {
+        wcscpy(path, L"left over");
+        s_folder = folder;
+        s_makes = makes;
+        return FALSE;
+    }
+
+    static inline decltype(&::GetProcAddress) s_find = nullptr;
+
+    const ImportPatch<decltype(&::GetProcAddress)> m_patch{__imp_GetProcAddress, &Find};
+};
+
 } // namespace
 
 TEST(ExportTarget, TheDocumentsFolderIsTheOneThatTheShellKnows)
@@ -30,6 +70,16 @@ TEST(ExportTarget, TheDocumentsFolderIsTheOneThatTheShellKnows)
     ASSERT_TRUE(::SHGetSpecialFolderPathW(nullptr, folder, CSIDL_PERSONAL, FALSE));
     EXPECT_STRNE(folder, L"");
     EXPECT_EQ(DocumentsFolder(), folder);
+}
+
+TEST(ExportTarget, ADocumentsFolderThatIsMissingIsNotMadeAndHasNoName)
+{
+    const RegistrySandbox registry;
+    registry.SetText(ShellFolders, L"Personal", L"X:\\papers");
+    const NoDocumentsFolder shell;
+    EXPECT_EQ(DocumentsFolder(), L"") << "the registry is for a system whose shell cannot be asked";
+    EXPECT_EQ(shell.s_folder, CSIDL_PERSONAL);
+    EXPECT_FALSE(shell.s_makes);
 }
 
 TEST(ExportTarget, WithoutTheLibraryOrTheFunctionTheDocumentsFolderComesFromTheRegistry)
