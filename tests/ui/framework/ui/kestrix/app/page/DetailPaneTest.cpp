@@ -49,6 +49,9 @@ protected:
 
     bool ShowsText() const { return m_window.Shows(IDC_INFO_VALUE_0_TEXT); }
 
+    // Whether the Tab key comes to a value.
+    bool IsTabStop(UINT control) const { return (m_window.Item(control).GetStyle() & WS_TABSTOP) != 0; }
+
     bool IsLinkEnabled() const { return m_window.Item(IDC_INFO_VALUE_0_LINK).IsWindowEnabled(); }
 
     void ExpectFirstText(int rows) const
@@ -171,6 +174,31 @@ TEST_F(DetailPaneTest, TheWholeTextTakesThePlaceOfTheThirdValueUntilThatIsShownA
     m_pane.ShowShortText();
     EXPECT_TRUE(m_window.Shows(IDC_INFO_VALUE_2));
     EXPECT_FALSE(m_window.Shows(IDC_INFO_VALUE_2_WHOLE));
+}
+
+TEST_F(DetailPaneTest, TheTabKeyComesToTheLinkAndTheLocationOfAKindThatHasThemAlone)
+{
+    constexpr LogKind wholeKind{.firstInfo = FirstInfo::Text, .hasWholeInfo = true};
+
+    const struct
+    {
+        const LogKind& kind;
+        bool link;
+        bool location;
+    } cases[] = {
+        {LinkKind, true, true},       {wholeKind, false, true}, {TextKind, false, false},
+        {TextOnlyKind, false, false}, {TallKind, false, false}, {LinkKind, true, true},
+    };
+
+    for (const auto& expected : cases)
+    {
+        SCOPED_TRACE(static_cast<int>(expected.kind.firstInfo));
+        m_pane.SetKind(expected.kind);
+        m_pane.SetInfoLink(L"threat", {});
+        m_pane.SetInfoText(2, L"location", {});
+        EXPECT_EQ(IsTabStop(IDC_INFO_VALUE_0_LINK), expected.link);
+        EXPECT_EQ(IsTabStop(IDC_INFO_VALUE_2), expected.location);
+    }
 }
 
 TEST_F(DetailPaneTest, AKindWithoutAWholeTextOpensNoneAndLeavesARowHiddenThatItHides)
