@@ -2,7 +2,6 @@
 
 #include "framework/ui/kestrix/app/CalendarSeconds.h"
 #include "platform/dialog/Exceptions.h"
-#include "platform/dialog/OleDateTime.h"
 
 namespace
 {
@@ -30,9 +29,9 @@ std::int64_t NoonOf(const COleDateTime& date)
 
 } // namespace
 
-bool IsDateInDayRange(const COleDateTime& date, std::uint32_t startDay, std::uint32_t endDay)
+bool IsDateInDayRange(const COleDateTime& date, std::uint32_t startDay, std::uint32_t endDay, const COleDateTime& today)
 {
-    const std::int64_t today = NoonOf(COleDateTime::Now());
-    const auto daysBack = static_cast<std::uint32_t>((today - NoonOf(date)) / SecondsOfADay);
+    const std::int64_t todaysNoon = NoonOf(today);
+    const auto daysBack = static_cast<std::uint32_t>((todaysNoon - NoonOf(date)) / SecondsOfADay);
     return startDay <= daysBack && daysBack < endDay;
 }
