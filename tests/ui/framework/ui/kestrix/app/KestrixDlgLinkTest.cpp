@@ -3,57 +3,18 @@
 #include "resource/resource.h"
 #include "tests/support/ChangedLanguageFile.h"
 #include "tests/support/ControllerDouble.h"
-#include "tests/support/ImportPatch.h"
+#include "tests/support/StartRecorder.h"
 #include "tests/support/TraceRecorder.h"
 #include "tests/ui/framework/ui/kestrix/app/PageTest.h"
 
-#include <windows.h>
-
-#include <shellapi.h>
-
 #include <algorithm>
-
-extern "C" decltype(&::ShellExecuteW) __imp_ShellExecuteW;
 
 namespace
 {
 
 constexpr auto Refused = static_cast<HRESULT>(0x80040201);
 
-struct Start
-{
-    std::wstring verb;
-    std::wstring file;
-    std::wstring arguments;
-    int show;
-
-    friend bool operator==(const Start&, const Start&) = default;
-};
-
-// Keeps what is started instead of starting it.
-class StartRecorder
-{
-public:
-    StartRecorder() : m_patch(__imp_ShellExecuteW, &Record)
-    {
-        s_starts.clear();
-        s_result = 33;
-    }
-
-    static inline std::vector<Start> s_starts;
-    static inline INT_PTR s_result = 33; // above 32 is success
-
-private:
-    static HINSTANCE WINAPI Record(HWND, const wchar_t* verb, const wchar_t* file, const wchar_t* arguments,
-                                   const wchar_t*, int show)
-    {
-        const auto textOf = [](const wchar_t* text) { return text != nullptr ? std::wstring(text) : std::wstring(); };
-        s_starts.push_back({textOf(verb), textOf(file), textOf(arguments), show});
-        return reinterpret_cast<HINSTANCE>(s_result);
-    }
-
-    const ImportPatch<decltype(&::ShellExecuteW)> m_patch;
-};
+using Start = StartRecorder::Start;
 
 struct Apartment
 {
@@ -100,7 +61,7 @@ protected:
     const Apartment m_apartment;
     ControllerDouble m_controller;
     const TraceRecorder m_trace;
-    const StartRecorder m_starts;
+    StartRecorder m_starts;
 };
 
 } // namespace
@@ -110,7 +71,7 @@ TEST_F(KestrixDlgLinkTest, AClickStartsTheBrowserWithTheAddressOfTheThreat)
     OpenWith(L"Trojan.Some-Name_7");
     AnswerWith(VT_BOOL, VARIANT_TRUE);
     ClickLink();
-    EXPECT_EQ(StartRecorder::s_starts,
+    EXPECT_EQ(m_starts.Starts(),
               (std::vector<Start>{{L"open", L"iexplore.exe", AddressOf(L"Trojan.Some-Name_7"), SW_SHOWNORMAL}}));
     EXPECT_EQ(std::ranges::count(m_trace.Texts(), L"Click Link String Edit"), 1);
     EXPECT_EQ(
@@ -127,17 +88,17 @@ TEST_F(KestrixDlgLinkTest, AnAddressTextWithOtherPlacesThanOneForTheNameOpensAll
     const LanguageFile language(changed.Path());
     OpenWith(L"Worm");
     ClickLink();
-    EXPECT_EQ(StartRecorder::s_starts,
+    EXPECT_EQ(m_starts.Starts(),
               (std::vector<Start>{{L"open", L"iexplore.exe", L"https://www.example.com/?name=Worm", SW_SHOWNORMAL}}));
 }
 
 TEST_F(KestrixDlgLinkTest, ABrowserThatDoesNotStartIsReplacedByWhateverOpensAnAddress)
 {
     OpenWith(L"Worm");
-    StartRecorder::s_result = 2;
+    m_starts.m_nResult = 2;
     ClickLink();
-    ASSERT_EQ(StartRecorder::s_starts.size(), 2u);
-    EXPECT_EQ(StartRecorder::s_starts[1], (Start{L"open", AddressOf(L"Worm"), L"", SW_SHOWNORMAL}));
+    ASSERT_EQ(m_starts.Starts().size(), 2u);
+    EXPECT_EQ(m_starts.Starts()[1], (Start{L"open", AddressOf(L"Worm"), L"", SW_SHOWNORMAL}));
 }
 
 TEST_F(KestrixDlgLinkTest, NothingOpensWithoutAConnection)
@@ -145,7 +106,7 @@ TEST_F(KestrixDlgLinkTest, NothingOpensWithoutAConnection)
     OpenWith(L"Worm");
     AnswerWith(VT_BOOL, VARIANT_FALSE);
     ClickLink();
-    EXPECT_TRUE(StartRecorder::s_starts.empty());
+    EXPECT_TRUE(m_starts.Starts().empty());
     EXPECT_EQ(CountOfError(L"[CKestrixDlg::OnStnClickedTypesValue] Internet connection is unavailable now.."), 1);
 }
 
@@ -154,7 +115,7 @@ TEST_F(KestrixDlgLinkTest, NothingOpensWithoutAName)
     OpenWith(L"Worm");
     Item(IDC_INFO_VALUE_0_LINK).SetWindowText(L"");
     ClickLink();
-    EXPECT_TRUE(StartRecorder::s_starts.empty());
+    EXPECT_TRUE(m_starts.Starts().empty());
     EXPECT_TRUE(m_controller.m_calls.empty());
 }
 
@@ -163,11 +124,11 @@ TEST_F(KestrixDlgLinkTest, OnlySomeLogsHaveALink)
     OpenWith(L"Worm");
     for (std::uint32_t type = 0; type <= LogTypeNone; ++type)
     {
-        StartRecorder::s_starts.clear();
+        m_starts.Clear();
         m_page.m_nLogType = type;
         ClickLink();
         const bool hasLink = type == LogTypeVirus || type == LogTypeTsc || type == LogTypeSpyware;
-        EXPECT_EQ(StartRecorder::s_starts.size(), hasLink ? 1u : 0u) << type;
+        EXPECT_EQ(m_starts.Starts().size(), hasLink ? 1u : 0u) << type;
     }
 }
 
@@ -177,10 +138,10 @@ TEST_F(KestrixDlgLinkTest, AServiceThatDoesNotAnswerCountsAsAConnection)
     OpenWith(L"Worm");
     for (const Step step : {Step::Create, Step::Property, Step::Query})
     {
-        StartRecorder::s_starts.clear();
+        m_starts.Clear();
         m_controller.Fail(step, Refused);
         ClickLink();
-        EXPECT_EQ(StartRecorder::s_starts.size(), 1u);
+        EXPECT_EQ(m_starts.Starts().size(), 1u);
         m_controller.Work(step);
     }
     EXPECT_EQ(CountOfError(L"[CKestrixDlg::ChkInternetConnect()] pLocalController->GetProperty failed [-2147220991]"),
@@ -196,7 +157,7 @@ TEST_F(KestrixDlgLinkTest, AnAnswerOfAnotherTypeOrNoneCountsAsAConnection)
     ClickLink();
     m_controller.m_onQuery = nullptr;
     ClickLink();
-    EXPECT_EQ(StartRecorder::s_starts.size(), 2u);
+    EXPECT_EQ(m_starts.Starts().size(), 2u);
     EXPECT_EQ(CountOfError(L"[CKestrixDlg::ChkInternetConnect()] GetProductType failed"), 2);
 }
 
@@ -215,11 +176,11 @@ TEST_F(KestrixDlgLinkTest, AHostileNameIsOneArgumentOfOneBrowserAndNothingElse)
     };
     for (const std::wstring& name : names)
     {
-        StartRecorder::s_starts.clear();
+        m_starts.Clear();
         Item(IDC_INFO_VALUE_0_LINK).SetWindowText(name);
         ClickLink();
-        ASSERT_EQ(StartRecorder::s_starts.size(), 1u) << name.size();
-        const Start& start = StartRecorder::s_starts[0];
+        ASSERT_EQ(m_starts.Starts().size(), 1u) << name.size();
+        const Start& start = m_starts.Starts()[0];
         EXPECT_EQ(start.file, L"iexplore.exe");
         const std::wstring prefix = AddressOf(L"");
         ASSERT_EQ(start.arguments.substr(0, prefix.size()), prefix);
@@ -228,7 +189,7 @@ TEST_F(KestrixDlgLinkTest, AHostileNameIsOneArgumentOfOneBrowserAndNothingElse)
         EXPECT_EQ(rest.find_first_not_of(L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~%"),
                   std::wstring::npos);
     }
-    EXPECT_EQ(StartRecorder::s_starts[0].arguments, AddressOf(L"a%0D%0Ab%09c"));
+    EXPECT_EQ(m_starts.Starts()[0].arguments, AddressOf(L"a%0D%0Ab%09c"));
 }
 
 TEST_F(KestrixDlgLinkTest, ANameOfTenThousandCharactersOpensNothing)
@@ -236,5 +197,5 @@ TEST_F(KestrixDlgLinkTest, ANameOfTenThousandCharactersOpensNothing)
     OpenWith(L"Worm");
     Item(IDC_INFO_VALUE_0_LINK).SetWindowText(std::wstring(10'000, L'x'));
     ClickLink();
-    EXPECT_TRUE(StartRecorder::s_starts.empty());
+    EXPECT_TRUE(m_starts.Starts().empty());
 }

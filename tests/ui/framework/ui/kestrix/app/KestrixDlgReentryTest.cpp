@@ -3,12 +3,8 @@
 #include "platform/dialog/WinApp.h"
 #include "resource/resource.h"
 #include "tests/support/ControllerDouble.h"
-#include "tests/support/ImportPatch.h"
+#include "tests/support/StartRecorder.h"
 #include "tests/ui/framework/ui/kestrix/app/DatabasePageTest.h"
-
-#include <shellapi.h>
-
-extern "C" decltype(&::ShellExecuteW) __imp_ShellExecuteW;
 
 namespace
 {
@@ -18,7 +14,6 @@ class KestrixDlgReentryTest : public DatabasePageTest
 protected:
     KestrixDlgReentryTest()
     {
-        s_addresses.clear();
         EXPECT_TRUE(m_app.InitializeEventObject());
         m_database.AddDay(2026, 11, 20);
         SetThreat(L"before");
@@ -63,8 +58,6 @@ protected:
         EXPECT_EQ(TextOf(IDC_INFO_VALUE_0_LINK), L"after");
     }
 
-    static inline Texts s_addresses; // that the browser got
-
 private:
     struct Apartment
     {
@@ -73,16 +66,10 @@ private:
         ~Apartment() { AfxOleTerm(); }
     };
 
-    static HINSTANCE WINAPI Start(HWND, const wchar_t*, const wchar_t*, const wchar_t* arguments, const wchar_t*, int)
-    {
-        s_addresses.emplace_back(arguments);
-        return reinterpret_cast<HINSTANCE>(static_cast<INT_PTR>(33)); // started
-    }
-
     const Apartment m_apartment;
-    const ImportPatch<decltype(&::ShellExecuteW)> m_start{__imp_ShellExecuteW, &Start};
 
 protected:
+    StartRecorder m_starts;
     ControllerDouble m_controller;
 };
 
@@ -98,11 +85,11 @@ TEST_F(KestrixDlgReentryTest, APurgeThatEndsWithinTheClickOnTheLinkLeavesTheName
 {
     for (const wchar_t* call : {L"GetProperty", L"QueryValue 39"})
     {
-        s_addresses.clear();
+        m_starts.Clear();
         PurgeAt(call);
         Item(IDC_INFO_VALUE_0_LINK).SetWindowText(L"before");
         ClickControl(IDC_INFO_VALUE_0_LINK);
-        EXPECT_EQ(s_addresses, Texts{AddressOf(L"before")}) << call;
+        EXPECT_EQ(m_starts.Arguments(), Texts{AddressOf(L"before")}) << call;
         ExpectThePageAfterThePurge();
     }
 }

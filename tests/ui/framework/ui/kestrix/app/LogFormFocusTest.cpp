@@ -1,22 +1,10 @@
 // Where the keyboard is in the form: in the values that can be clicked, and never with a control that has gone.
 
-#include "tests/support/ImportPatch.h"
+#include "tests/support/StartRecorder.h"
 #include "tests/ui/framework/ui/kestrix/app/KeysFormTest.h"
-
-#include <shellapi.h>
-
-extern "C" decltype(&::ShellExecuteW) __imp_ShellExecuteW;
 
 namespace
 {
-
-int s_nPagesOpened = 0;
-
-HINSTANCE WINAPI CountPage(HWND, const wchar_t*, const wchar_t*, const wchar_t*, const wchar_t*, int)
-{
-    ++s_nPagesOpened;
-    return reinterpret_cast<HINSTANCE>(INT_PTR{33}); // above 32 is success
-}
 
 int FocusId()
 {
@@ -81,19 +69,17 @@ TEST_F(LogFormFocusTest, TheTabKeyComesToTheLinkAndTheLocationOfARecordAfterTheL
 
 TEST_F(LogFormFocusTest, SpaceOnTheLinkOpensThePageOfTheThreat)
 {
-    s_nPagesOpened = 0;
-    const ImportPatch<decltype(&::ShellExecuteW)> shell(__imp_ShellExecuteW, &CountPage);
+    const StartRecorder starts;
     const int focus = FocusAfter(IDC_INFO_VALUE_0_LINK, [&] { PressKey(PageItem(IDC_INFO_VALUE_0_LINK), VK_SPACE); });
-    EXPECT_EQ(s_nPagesOpened, 1);
+    EXPECT_EQ(starts.Starts().size(), 1u);
     EXPECT_EQ(focus, IDC_INFO_VALUE_0_LINK);
 }
 
 TEST_F(LogFormFocusTest, EnterOnTheLinkDoesNothing)
 {
-    s_nPagesOpened = 0;
-    const ImportPatch<decltype(&::ShellExecuteW)> shell(__imp_ShellExecuteW, &CountPage);
+    const StartRecorder starts;
     FocusAfter(IDC_INFO_VALUE_0_LINK, [&] { PressKey(PageItem(IDC_INFO_VALUE_0_LINK), VK_RETURN); });
-    EXPECT_EQ(s_nPagesOpened, 0);
+    EXPECT_TRUE(starts.Starts().empty());
 }
 
 TEST_F(LogFormFocusTest, SpaceOnTheLocationOpensTheWholeTextWhichHasTheFocusThen)

@@ -2,19 +2,13 @@
 
 #include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
-#include "tests/support/ImportPatch.h"
 #include "tests/support/LanguageFile.h"
+#include "tests/support/StartRecorder.h"
 
 #include <gtest/gtest.h>
 
-#include <windows.h>
-
-#include <shellapi.h>
-
 #include <string>
 #include <vector>
-
-extern "C" decltype(&::ShellExecuteW) __imp_ShellExecuteW;
 
 namespace
 {
@@ -24,25 +18,14 @@ constexpr std::size_t LongestAddress = 2083; // characters
 class ThreatLinkTest : public ::testing::Test
 {
 protected:
-    ThreatLinkTest() { s_addresses.clear(); }
-
     static std::wstring AddressOf(const std::wstring& name)
     {
         std::wstring address = LoadText(IDS_THREAT_ADDRESS);
         return address.replace(address.find(L"%s"), 2, name);
     }
 
-    static inline std::vector<std::wstring> s_addresses; // that the browser got
-
-private:
-    static HINSTANCE WINAPI Start(HWND, const wchar_t*, const wchar_t*, const wchar_t* arguments, const wchar_t*, int)
-    {
-        s_addresses.emplace_back(arguments);
-        return reinterpret_cast<HINSTANCE>(INT_PTR{33}); // started
-    }
-
     const LanguageFile m_language;
-    const ImportPatch<decltype(&::ShellExecuteW)> m_start{__imp_ShellExecuteW, &Start};
+    StartRecorder m_starts;
 };
 
 } // namespace
@@ -67,9 +50,9 @@ TEST_F(ThreatLinkTest, TheNameStandsInTheAddressAsTheNumbersOfItsBytesWhereItIsN
 
     for (const auto& expected : cases)
     {
-        s_addresses.clear();
+        m_starts.Clear();
         OpenThreatPage(expected.name);
-        EXPECT_EQ(s_addresses, std::vector<std::wstring>{AddressOf(expected.encoded)});
+        EXPECT_EQ(m_starts.Arguments(), std::vector<std::wstring>{AddressOf(expected.encoded)});
     }
 }
 
@@ -77,8 +60,8 @@ TEST_F(ThreatLinkTest, AnAddressOf2083CharactersOpensAndALongerOneDoesNot)
 {
     const std::size_t room = LongestAddress - AddressOf(L"").size();
     OpenThreatPage(std::wstring(room + 1, L'x'));
-    EXPECT_TRUE(s_addresses.empty());
+    EXPECT_TRUE(m_starts.Starts().empty());
     OpenThreatPage(std::wstring(room, L'x'));
-    ASSERT_EQ(s_addresses.size(), 1u);
-    EXPECT_EQ(s_addresses[0].size(), LongestAddress);
+    ASSERT_EQ(m_starts.Starts().size(), 1u);
+    EXPECT_EQ(m_starts.Starts()[0].arguments.size(), LongestAddress);
 }
