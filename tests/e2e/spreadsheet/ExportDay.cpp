@@ -6,8 +6,8 @@
 // be read. With "killed" the process ends without a word as soon as a part of the export is written.
 
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
-#include "tests/support/ImportPatch.h"
 #include "tests/support/LanguageFile.h"
+#include "tests/support/WriteDouble.h"
 
 #include <windows.h>
 
@@ -15,29 +15,16 @@
 #include <exception>
 #include <optional>
 
-extern "C" decltype(&::WriteFile) __imp_WriteFile;
-
 namespace
 {
 
 // Ends the process with the first write to a file, in the way of a task manager.
-class KilledByWrite
+BOOL KillByWrite(HANDLE file, const void* bytes, DWORD size, DWORD* written)
 {
-public:
-    KilledByWrite() : m_patch(__imp_WriteFile, &Write) { s_write = m_patch.Original(); }
-
-private:
-    static BOOL WINAPI Write(HANDLE file, const void* data, DWORD bytes, DWORD* written, OVERLAPPED* overlapped)
-    {
-        s_write(file, data, bytes, written, overlapped);
-        TerminateProcess(GetCurrentProcess(), 1);
-        return FALSE;
-    }
-
-    inline static decltype(&::WriteFile) s_write = nullptr;
-
-    ImportPatch<decltype(&::WriteFile)> m_patch;
-};
+    WriteDouble::PassOn(file, bytes, size, written);
+    TerminateProcess(GetCurrentProcess(), 1);
+    return FALSE;
+}
 
 } // namespace
 
@@ -53,10 +40,10 @@ int wmain(int argc, wchar_t** argv)
             std::fputs("ExportDay: the daily file cannot be read\n", stderr);
             return 2;
         }
-        std::optional<KilledByWrite> killed;
+        std::optional<WriteDouble> killed;
         if (argc > 3)
         {
-            killed.emplace();
+            killed.emplace(&KillByWrite);
         }
         std::uint32_t error = 0;
         const bool done = log.ExportLog(argv[2], LogTypeVirus, L"31/12/2008", L"192.0.2.1", &error);

@@ -1,6 +1,7 @@
 #include "suite/VdDbg/LogFile.h"
 
 #include "tests/support/ImportPatch.h"
+#include "tests/support/WriteDouble.h"
 #include "tests/unit/suite/VdDbg/TraceLogs.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +10,6 @@ using VdDbg::LogFile;
 
 extern "C" decltype(&::FlushFileBuffers) __imp_FlushFileBuffers;
 extern "C" decltype(&::GetFileInformationByHandle) __imp_GetFileInformationByHandle;
-extern "C" decltype(&::WriteFile) __imp_WriteFile;
 
 namespace
 {
@@ -23,29 +23,11 @@ protected:
     const VdDbg::LogName m_name = NameIn(m_folder.Path());
 };
 
-// A disk that is full, or full after half the line. One test at a time uses it.
-struct FullDisk
+BOOL WINAPI RefuseFlush(HANDLE)
 {
-    inline static decltype(&::WriteFile) s_write = nullptr;
-
-    static BOOL WINAPI Refuse(HANDLE, LPCVOID, DWORD, LPDWORD written, LPOVERLAPPED)
-    {
-        *written = 0;
-        SetLastError(ERROR_DISK_FULL);
-        return FALSE;
-    }
-
-    static BOOL WINAPI TakeHalf(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD written, LPOVERLAPPED overlapped)
-    {
-        return s_write(file, bytes, size / 2, written, overlapped);
-    }
-
-    static BOOL WINAPI RefuseFlush(HANDLE)
-    {
-        SetLastError(ERROR_WRITE_FAULT);
-        return FALSE;
-    }
-};
+    SetLastError(ERROR_WRITE_FAULT);
+    return FALSE;
+}
 
 BOOL WINAPI TellNothing(HANDLE, LPBY_HANDLE_FILE_INFORMATION)
 {
@@ -59,7 +41,7 @@ TEST_F(VdDbgLogFileFailures, AFullDiskIsAnErrorAndTheNextLineIsTriedAgain)
     LogFile file(m_name, false);
     EXPECT_EQ(file.Append(Noon(), "one\r\n"), 0U);
     {
-        const ImportPatch<decltype(&::WriteFile)> full(__imp_WriteFile, &FullDisk::Refuse);
+        const FullDisk full;
         EXPECT_EQ(file.Append(Noon(), "two\r\n"), static_cast<DWORD>(ERROR_DISK_FULL));
     }
     EXPECT_EQ(file.Append(Noon(), "three\r\n"), 0U);
@@ -70,9 +52,8 @@ TEST_F(VdDbgLogFileFailures, ALineThatWentInByHalfIsTakenBack)
 {
     LogFile file(m_name, false);
     EXPECT_EQ(file.Append(Noon(), "one\r\n"), 0U);
-    FullDisk::s_write = __imp_WriteFile;
     {
-        const ImportPatch<decltype(&::WriteFile)> full(__imp_WriteFile, &FullDisk::TakeHalf);
+        const HalfWrites half;
         EXPECT_EQ(file.Append(Noon(), "a second line\r\n"), static_cast<DWORD>(ERROR_DISK_FULL));
     }
     EXPECT_EQ(file.Append(Noon(), "three\r\n"), 0U);
@@ -82,7 +63,7 @@ TEST_F(VdDbgLogFileFailures, ALineThatWentInByHalfIsTakenBack)
 TEST_F(VdDbgLogFileFailures, AFlushThatFailsIsAnError)
 {
     LogFile file(m_name, true);
-    const ImportPatch<decltype(&::FlushFileBuffers)> fail(__imp_FlushFileBuffers, &FullDisk::RefuseFlush);
+    const ImportPatch<decltype(&::FlushFileBuffers)> fail(__imp_FlushFileBuffers, &RefuseFlush);
     EXPECT_EQ(file.Append(Noon(), "one\r\n"), static_cast<DWORD>(ERROR_WRITE_FAULT));
 }
 

@@ -1,6 +1,7 @@
 #include "suite/VdDbg/LogFile.h"
 
 #include "tests/support/ImportPatch.h"
+#include "tests/support/WriteDouble.h"
 #include "tests/unit/suite/VdDbg/TraceLogs.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +13,6 @@ using VdDbg::LogFile;
 
 extern "C" decltype(&::FlushFileBuffers) __imp_FlushFileBuffers;
 extern "C" decltype(&::GetFileInformationByHandleEx) __imp_GetFileInformationByHandleEx;
-extern "C" decltype(&::WriteFile) __imp_WriteFile;
 
 namespace
 {
@@ -33,21 +33,12 @@ protected:
 struct Calls
 {
     inline static int s_nFlushes = 0;
-    inline static std::vector<DWORD> s_writes;
-    inline static decltype(&::WriteFile) s_write = nullptr;
-
     inline static decltype(&::GetFileInformationByHandleEx) s_information = nullptr;
 
     static BOOL WINAPI CountFlush(HANDLE)
     {
         ++s_nFlushes;
         return TRUE;
-    }
-
-    static BOOL WINAPI CountWrite(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD written, LPOVERLAPPED overlapped)
-    {
-        s_writes.push_back(size);
-        return s_write(file, bytes, size, written, overlapped);
     }
 
     // Any file that holds something is said to be deleted.
@@ -96,13 +87,17 @@ TEST_F(VdDbgLogFile, ALineIsOneWrite)
 {
     LogFile file(m_name, false);
     const std::string line(100'000, 'x');
-    Calls::s_writes.clear();
-    Calls::s_write = __imp_WriteFile;
+    std::vector<DWORD> writes;
     {
-        const ImportPatch<decltype(&::WriteFile)> count(__imp_WriteFile, &Calls::CountWrite);
+        const WriteDouble count(
+            [&](HANDLE file, const void* bytes, DWORD size, DWORD* written)
+            {
+                writes.push_back(size);
+                return WriteDouble::PassOn(file, bytes, size, written);
+            });
         EXPECT_EQ(file.Append(Noon(), line + "\r\n"), 0U);
     }
-    EXPECT_EQ(Calls::s_writes, std::vector<DWORD>{100'002});
+    EXPECT_EQ(writes, std::vector<DWORD>{100'002});
     EXPECT_EQ(LinesOf(Current()), Lines{line});
 }
 

@@ -1,23 +1,15 @@
 // The Export button with long paths and with files that cannot be written.
 
+#include "tests/support/WriteDouble.h"
 #include "tests/ui/framework/ui/kestrix/app/ExportFormTest.h"
 
 #include <optional>
-
-extern "C" decltype(&::WriteFile) __imp_WriteFile;
 
 namespace
 {
 
 using namespace std::string_literals;
 using Texts = std::vector<std::wstring>;
-
-BOOL WINAPI FailAsOnAFullDisk(HANDLE, const void*, DWORD, DWORD* written, OVERLAPPED*)
-{
-    *written = 0;
-    ::SetLastError(ERROR_DISK_FULL);
-    return FALSE;
-}
 
 class LogFormExportFailureTest : public ExportFormTest
 {
@@ -93,8 +85,8 @@ TEST_F(LogFormExportFailureTest, NoToALongPathAndThenCancelWritesNothing)
 TEST_F(LogFormExportFailureTest, AFullDiskIsToldAndLeavesNoFile)
 {
     m_dialog.AnswerWith(m_path);
-    std::optional<ImportPatch<decltype(&::WriteFile)>> full;
-    Export([&] { full.emplace(__imp_WriteFile, &FailAsOnAFullDisk); });
+    std::optional<FullDisk> full;
+    Export([&] { full.emplace(); });
     EXPECT_EQ(Boxes(), Texts{Text(63)});
     EXPECT_EQ(m_boxes.Boxes()[0].flags, static_cast<UINT>(MB_OK));
     EXPECT_EQ(m_focus, FocusOnTheList(2));

@@ -1,16 +1,14 @@
 #include "framework/ui/kestrix/controls/DIBitmap.h"
 
 #include "tests/support/AllocationWatch.h"
-#include "tests/support/ImportPatch.h"
 #include "tests/support/Picture.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/WriteDouble.h"
 #include "tests/ui/framework/ui/kestrix/controls/BitmapFile.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
-
-extern "C" decltype(&::WriteFile) __imp_WriteFile;
 
 namespace
 {
@@ -295,11 +293,6 @@ TEST_F(DIBitmapFileTest, SavingFailsWithoutAPictureAndWhereNothingCanBeWritten)
     EXPECT_FALSE(std::filesystem::exists(m_folder.File(L"saved.bmp")));
     ASSERT_TRUE(Load(BitmapFile(5, 3, 24).Bytes()));
     EXPECT_FALSE(m_picture.Save(m_folder.File(L"no folder\\saved.bmp")));
-    const ImportPatch<decltype(&::WriteFile)> full(__imp_WriteFile,
-                                                   [](HANDLE, LPCVOID, DWORD, LPDWORD written, LPOVERLAPPED) -> BOOL
-                                                   {
-                                                       *written = 3;
-                                                       return TRUE;
-                                                   });
+    const HalfWrites full;
     EXPECT_FALSE(m_picture.Save(m_folder.File(L"saved.bmp")));
 }

@@ -2,71 +2,27 @@
 
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 
-#include "tests/support/ImportPatch.h"
 #include "tests/support/TraceRecorder.h"
+#include "tests/support/WriteDouble.h"
 #include "tests/unit/framework/ui/kestrix/logs/ExportTest.h"
 
-#include <algorithm>
 #include <functional>
 #include <iterator>
 #include <new>
 #include <string>
 #include <vector>
 
-extern "C" decltype(&::WriteFile) __imp_WriteFile;
-
 namespace
 {
 
 using ZPTLogBaseExportFailureTest = ExportTest;
-
-BOOL WINAPI FailAsOnAFullDisk(HANDLE, const void*, DWORD, DWORD* written, OVERLAPPED*)
-{
-    *written = 0;
-    SetLastError(ERROR_DISK_FULL);
-    return FALSE;
-}
-
-// A disk with room for so many bytes, for all files that are written meanwhile.
-class SmallDisk
-{
-public:
-    explicit SmallDisk(DWORD bytes) : m_patch(__imp_WriteFile, &Write)
-    {
-        s_left = bytes;
-        s_write = m_patch.Original();
-    }
-
-    static DWORD BytesLeft() { return s_left; }
-
-private:
-    static BOOL WINAPI Write(HANDLE file, const void* data, DWORD bytes, DWORD* written, OVERLAPPED* overlapped)
-    {
-        const DWORD part = std::min(bytes, s_left);
-        s_left -= part;
-        s_write(file, data, part, written, overlapped);
-        SetLastError(ERROR_DISK_FULL);
-        return part == bytes;
-    }
-
-    inline static DWORD s_left = 0;
-    inline static decltype(&::WriteFile) s_write = nullptr;
-
-    ImportPatch<decltype(&::WriteFile)> m_patch;
-};
-
-BOOL WINAPI WriteLess(HANDLE, const void*, DWORD bytes, DWORD* written, OVERLAPPED*)
-{
-    *written = bytes - 1;
-    return TRUE;
-}
 
 } // namespace
 
 TEST_F(ZPTLogBaseExportFailureTest, WritingToAFullDiskGivesErrorCode10000AndTheFileIsGone)
 {
     Put(L"a");
-    const ImportPatch<decltype(&::WriteFile)> full(__imp_WriteFile, &FailAsOnAFullDisk);
+    const FullDisk full;
     EXPECT_FALSE(Export());
     EXPECT_EQ(m_nError, 10000u);
     EXPECT_FALSE(FileExists());
@@ -78,7 +34,7 @@ TEST_F(ZPTLogBaseExportFailureTest, ADiskThatIsFullInTheMiddleOfTheRecordsGivesT
     {
         Put(std::wstring(2000, L'x'));
     }
-    const ImportPatch<decltype(&::WriteFile)> full(__imp_WriteFile, &WriteLess);
+    const HalfWrites full;
     EXPECT_FALSE(Export());
     EXPECT_EQ(m_nError, 10000u);
     EXPECT_FALSE(FileExists());
@@ -86,7 +42,7 @@ TEST_F(ZPTLogBaseExportFailureTest, ADiskThatIsFullInTheMiddleOfTheRecordsGivesT
 
 TEST_F(ZPTLogBaseExportFailureTest, AFullDiskIsToldByTheResultAloneWhenNobodyTakesTheCode)
 {
-    const ImportPatch<decltype(&::WriteFile)> full(__imp_WriteFile, &FailAsOnAFullDisk);
+    const FullDisk full;
     EXPECT_FALSE(m_log.ExportLog(m_path, LogTypeVirus, L"", L"", nullptr));
     EXPECT_FALSE(FileExists());
 }
@@ -99,9 +55,9 @@ TEST_F(ZPTLogBaseExportFailureTest, ADiskThatTakesAPartLeavesNoFileAndTracesBoth
     }
     const TraceRecorder trace;
     {
-        const SmallDisk disk(200'000);
+        const FullDisk disk(200'000);
         EXPECT_FALSE(Export());
-        EXPECT_EQ(disk.BytesLeft(), 0u) << "the disk was filled";
+        EXPECT_EQ(disk.Room(), 0u) << "the disk was filled";
     }
     EXPECT_EQ(m_nError, 10000u);
     EXPECT_FALSE(FileExists());
@@ -115,11 +71,11 @@ TEST_F(ZPTLogBaseExportFailureTest, ADiskThatIsFullAtTheVeryEndGivesErrorCode100
     ASSERT_TRUE(Export());
     const auto size = static_cast<DWORD>(ReadBytes(m_path).size());
     {
-        const SmallDisk disk(size);
+        const FullDisk disk(size);
         EXPECT_TRUE(Export()) << "exactly enough";
     }
     std::filesystem::remove(m_path);
-    const SmallDisk disk(size - 1);
+    const FullDisk disk(size - 1);
     EXPECT_FALSE(Export());
     EXPECT_EQ(m_nError, 10000u);
     EXPECT_FALSE(FileExists());
@@ -131,7 +87,7 @@ TEST_F(ZPTLogBaseExportFailureTest, TheFileThatStoodThereSurvivesEveryFailure)
     Put(L"a \"quoted\" field");
     const auto fullDisk = [this]
     {
-        const SmallDisk disk(10);
+        const FullDisk disk(10);
         EXPECT_FALSE(Export());
     };
     const auto labels = [this]
