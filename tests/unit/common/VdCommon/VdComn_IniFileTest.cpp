@@ -82,6 +82,16 @@ protected:
         ::WritePrivateProfileStringW(nullptr, nullptr, nullptr, File().c_str());
     }
 
+    // Reads a text of so many characters, which comes whole, and returns the room of each try.
+    std::vector<DWORD> RoomsForTextOf(std::size_t length)
+    {
+        const std::wstring text(length, L'x');
+        m_ini.SetString(L"name", text);
+        const ReadRooms rooms;
+        EXPECT_EQ(m_ini.QueryString(L"name", L""), text);
+        return rooms.All();
+    }
+
     TemporaryFolder m_folder;
     IniFile m_ini;
 };
@@ -161,38 +171,22 @@ TEST_F(IniFileStorage, LacksBytesQwordsListsAndTheirOpenings)
 
 TEST_F(IniFileStorage, TextOf254CharactersNeedsOnePass)
 {
-    const std::wstring text(254, L'x');
-    m_ini.SetString(L"name", text);
-    const ReadRooms rooms;
-    EXPECT_EQ(m_ini.QueryString(L"name", L""), text);
-    EXPECT_EQ(rooms.All(), (std::vector<DWORD>{256}));
+    EXPECT_EQ(RoomsForTextOf(254), (std::vector<DWORD>{256}));
 }
 
 TEST_F(IniFileStorage, TextOfExactly255CharactersRetriesOnceWith512)
 {
-    const std::wstring text(255, L'x');
-    m_ini.SetString(L"name", text);
-    const ReadRooms rooms;
-    EXPECT_EQ(m_ini.QueryString(L"name", L""), text);
-    EXPECT_EQ(rooms.All(), (std::vector<DWORD>{256, 512}));
+    EXPECT_EQ(RoomsForTextOf(255), (std::vector<DWORD>{256, 512}));
 }
 
 TEST_F(IniFileStorage, TextOf256CharactersRetriesOnceWith512)
 {
-    const std::wstring text(256, L'x');
-    m_ini.SetString(L"name", text);
-    const ReadRooms rooms;
-    EXPECT_EQ(m_ini.QueryString(L"name", L""), text);
-    EXPECT_EQ(rooms.All(), (std::vector<DWORD>{256, 512}));
+    EXPECT_EQ(RoomsForTextOf(256), (std::vector<DWORD>{256, 512}));
 }
 
 TEST_F(IniFileStorage, TextOf511CharactersRetriesTwice)
 {
-    const std::wstring text(511, L'x');
-    m_ini.SetString(L"name", text);
-    const ReadRooms rooms;
-    EXPECT_EQ(m_ini.QueryString(L"name", L""), text);
-    EXPECT_EQ(rooms.All(), (std::vector<DWORD>{256, 512, 768}));
+    EXPECT_EQ(RoomsForTextOf(511), (std::vector<DWORD>{256, 512, 768}));
 }
 
 TEST_F(IniFileStorage, LongDefaultIsGivenWhole)

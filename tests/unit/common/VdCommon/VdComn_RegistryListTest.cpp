@@ -34,6 +34,21 @@ protected:
         return names;
     }
 
+    // Makes values and keys of these names, which are in order, and expects both lists to have them.
+    void ExpectWhole(const Names& all)
+    {
+        for (const std::wstring& name : all)
+        {
+            m_sandbox.SetNumber(Path, name, 1);
+            m_sandbox.MakeKey(Below(name));
+        }
+        EXPECT_TRUE(m_registry.ListValues(m_names));
+        EXPECT_EQ(Sorted(m_names), all);
+        m_names.clear();
+        EXPECT_TRUE(m_registry.ListKeys(m_names));
+        EXPECT_EQ(Sorted(m_names), all);
+    }
+
     RegistrySandbox m_sandbox;
     Registry m_registry;
     Names m_names;
@@ -70,33 +85,13 @@ TEST_F(RegistryList, NamesAreAppended)
 
 TEST_F(RegistryList, ShortNameBehindALongOneIsWhole)
 {
-    const Names all = {std::wstring(200, L'a'), L"b", std::wstring(100, L'c'), L"d"};
-    for (const std::wstring& name : all)
-    {
-        m_sandbox.SetNumber(Path, name, 1);
-        m_sandbox.MakeKey(Below(name));
-    }
-    EXPECT_TRUE(m_registry.ListValues(m_names));
-    EXPECT_EQ(Sorted(m_names), all);
-    m_names.clear();
-    EXPECT_TRUE(m_registry.ListKeys(m_names));
-    EXPECT_EQ(Sorted(m_names), all);
+    ExpectWhole({std::wstring(200, L'a'), L"b", std::wstring(100, L'c'), L"d"});
 }
 
 // The room for a name was called 255 characters and had 256: it holds 255 with the terminator, as all rooms do.
 TEST_F(RegistryList, NamesOfUpTo254CharactersAreWhole)
 {
-    const Names all = {std::wstring(253, L'a'), std::wstring(254, L'b')};
-    for (const std::wstring& name : all)
-    {
-        m_sandbox.SetNumber(Path, name, 1);
-        m_sandbox.MakeKey(Below(name));
-    }
-    EXPECT_TRUE(m_registry.ListValues(m_names));
-    EXPECT_EQ(Sorted(m_names), all);
-    m_names.clear();
-    EXPECT_TRUE(m_registry.ListKeys(m_names));
-    EXPECT_EQ(Sorted(m_names), all);
+    ExpectWhole({std::wstring(253, L'a'), std::wstring(254, L'b')});
 }
 
 TEST_F(RegistryList, ANameOf255CharactersOrMoreThrowsCode234)
