@@ -58,6 +58,13 @@ protected:
         return Compare(m_log.m_pfnCompareDn, first, second, column);
     }
 
+    // Whether the column sorts the first record before the second, in both directions.
+    bool IsBefore(const LogRec& first, const LogRec& second, int column) const
+    {
+        return CompareUp(first, second, column) < 0 && CompareUp(second, first, column) > 0 &&
+               CompareDown(first, second, column) > 0 && CompareDown(second, first, column) < 0;
+    }
+
     // The line of labels of an export, as the file has it.
     std::wstring LabelLine()
     {

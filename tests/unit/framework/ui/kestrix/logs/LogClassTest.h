@@ -55,13 +55,6 @@ protected:
         return cells;
     }
 
-    // Whether the column sorts the first record before the second, in both directions.
-    bool IsBefore(const LogRec& first, const LogRec& second, int column) const
-    {
-        return this->CompareUp(first, second, column) < 0 && this->CompareUp(second, first, column) > 0 &&
-               this->CompareDown(first, second, column) > 0;
-    }
-
     // The columns by the numbers of their titles, with their widths.
     void ExpectColumns(const std::vector<std::pair<UINT, std::uint32_t>>& columns) const
     {

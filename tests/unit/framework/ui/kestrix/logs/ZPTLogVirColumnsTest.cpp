@@ -67,11 +67,9 @@ TEST_F(ZPTLogVirColumnsTest, TheComparePairOrdersByTimeNameAndAnyOtherFieldByCod
 {
     const LogRec& early = Put(L"x|0900|1048576|x|0|0|Zeta|b|1|1|0|0|d");
     const LogRec& late = Put(L"x|1030|1048576|x|0|0|alpha|a|1|1|0|0|d");
-    EXPECT_LT(CompareUp(early, late, 0), 0);
-    EXPECT_GT(CompareDown(early, late, 0), 0);
-    EXPECT_LT(CompareUp(early, late, 2), 0) << "capital letters come first";
-    EXPECT_GT(CompareDown(early, late, 2), 0);
-    EXPECT_GT(CompareUp(early, late, 4), 0);
+    EXPECT_TRUE(IsBefore(early, late, 0));
+    EXPECT_TRUE(IsBefore(early, late, 2)) << "capital letters come first";
+    EXPECT_TRUE(IsBefore(late, early, 4));
     EXPECT_EQ(CompareUp(early, late, 7), 0);
 }
 
