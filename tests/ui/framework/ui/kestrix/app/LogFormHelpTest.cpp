@@ -3,6 +3,7 @@
 #include "framework/ui/kestrix/app/Help.h"
 #include "resource/resource.h"
 #include "tests/support/ImportPatch.h"
+#include "tests/support/ProcedureDouble.h"
 #include "tests/support/RegistrySandbox.h"
 #include "tests/support/TraceRecorder.h"
 #include "tests/ui/framework/ui/kestrix/app/FormTest.h"
@@ -10,7 +11,6 @@
 #include <algorithm>
 
 extern "C" decltype(&::LoadLibraryExW) __imp_LoadLibraryExW;
-extern "C" decltype(&::GetProcAddress) __imp_GetProcAddress;
 
 namespace
 {
@@ -33,13 +33,12 @@ struct HelpCall
 class HelpDouble
 {
 public:
-    HelpDouble() : m_load(__imp_LoadLibraryExW, &Load), m_find(__imp_GetProcAddress, &Find)
+    HelpDouble() : m_load(__imp_LoadLibraryExW, &Load)
     {
         s_calls.clear();
         s_window = nullptr;
         s_installed = true;
         s_load = m_load.Original();
-        s_find = m_find.Original();
     }
 
     static inline std::vector<HelpCall> s_calls;
@@ -65,16 +64,6 @@ private:
         return s_load(path, file, flags);
     }
 
-    static FARPROC WINAPI Find(HMODULE module, const char* name)
-    {
-        if (module == Module)
-        {
-            return name == std::string("HtmlHelpW") ? reinterpret_cast<FARPROC>(reinterpret_cast<void (*)()>(&Help))
-                                                    : nullptr;
-        }
-        return s_find(module, name);
-    }
-
     static HWND WINAPI Help(HWND owner, const wchar_t* file, UINT command, DWORD_PTR data)
     {
         s_calls.push_back({owner, file, command, data});
@@ -82,10 +71,9 @@ private:
     }
 
     static inline decltype(&::LoadLibraryExW) s_load = nullptr;
-    static inline decltype(&::GetProcAddress) s_find = nullptr;
 
     const ImportPatch<decltype(&::LoadLibraryExW)> m_load;
-    const ImportPatch<decltype(&::GetProcAddress)> m_find;
+    const ProcedureDouble m_find{"HtmlHelpW", &Help};
 };
 
 class LogFormHelpTest : public FormTest
