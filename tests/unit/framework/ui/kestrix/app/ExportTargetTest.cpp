@@ -1,15 +1,14 @@
 #include "framework/ui/kestrix/app/ExportTarget.h"
 
 #include "tests/support/ImportPatch.h"
+#include "tests/support/ProcedureDouble.h"
 #include "tests/support/RegistrySandbox.h"
 
 #include <gtest/gtest.h>
 
 #include <shlobj.h>
 
-#include <string_view>
-
-extern "C" decltype(&::GetProcAddress) __imp_GetProcAddress;
+extern "C" decltype(&::RegOpenKeyExW) __imp_RegOpenKeyExW;
 
 namespace
 {
@@ -27,13 +26,20 @@ HMODULE WINAPI LoadAnother(const wchar_t*)
     return ::LoadLibraryW(L"lz32.dll");
 }
 
+int g_nOpened = 0; // keys
+
+LSTATUS WINAPI OpenNoKey(HKEY, LPCWSTR, DWORD, REGSAM, HKEY*)
+{
+    ++g_nOpened;
+    return ERROR_FILE_NOT_FOUND;
+}
+
 // The shell's function for the folder, while the object lives: it knows none and notes what it was asked.
 class NoDocumentsFolder
 {
 public:
     NoDocumentsFolder()
     {
-        s_find = m_patch.Original();
         s_folder = 0;
         s_makes = TRUE;
     }
@@ -42,13 +48,6 @@ public:
     static inline BOOL s_makes = FALSE; // whether a folder that is missing would be made
 
 private:
-    static FARPROC WINAPI Find(HMODULE module, const char* name)
-    {
-        return name == std::string_view("SHGetSpecialFolderPathW")
-                   ? reinterpret_cast<FARPROC>(reinterpret_cast<void (*)()>(&TellNone))
-                   : s_find(module, name);
-    }
-
     static BOOL WINAPI TellNone(HWND, wchar_t* path, int folder, BOOL makes)
     {
         wcscpy(path, L"left over");
@@ -57,9 +56,7 @@ private:
         return FALSE;
     }
 
-    static inline decltype(&::GetProcAddress) s_find = nullptr;
-
-    const ImportPatch<decltype(&::GetProcAddress)> m_patch{__imp_GetProcAddress, &Find};
+    const ProcedureDouble m_procedure{"SHGetSpecialFolderPathW", &TellNone};
 };
 
 } // namespace
@@ -90,6 +87,14 @@ TEST(ExportTarget, WithoutTheLibraryOrTheFunctionTheDocumentsFolderComesFromTheR
     EXPECT_EQ(DocumentsFolder(&LoadNothing), L"X:\\papers");
     EXPECT_EQ(DocumentsFolder(&LoadAnother), L"X:\\papers");
     EXPECT_NE(DocumentsFolder(), L"X:\\papers") << "the shell is asked first";
+}
+
+TEST(ExportTarget, AFolderThatTheRegistryDoesNotTellIsAskedForASecondTime)
+{
+    const ImportPatch<decltype(&::RegOpenKeyExW)> noKey(__imp_RegOpenKeyExW, &OpenNoKey);
+    g_nOpened = 0;
+    EXPECT_EQ(DocumentsFolder(&LoadNothing), L"");
+    EXPECT_EQ(g_nOpened, 2);
 }
 
 TEST(ExportTarget, TheDocumentsFolderHasAtMost259Characters)

@@ -122,6 +122,40 @@ private:
     ImportPatch<decltype(&::CreateFileW)> m_patch;
 };
 
+// Notes how CreateFileW is asked for files, for the life of the object.
+class OpeningRecorder
+{
+public:
+    struct Opening
+    {
+        std::wstring path;
+        DWORD disposition;
+        DWORD flags;
+    };
+
+    OpeningRecorder()
+    {
+        s_openings.clear();
+        s_create = m_patch.Original();
+    }
+
+    // There must be one.
+    static const Opening& First() { return s_openings.at(0); }
+
+private:
+    static HANDLE WINAPI Create(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
+                                DWORD disposition, DWORD flags, HANDLE like)
+    {
+        s_openings.push_back({path, disposition, flags});
+        return s_create(path, access, share, security, disposition, flags, like);
+    }
+
+    inline static std::vector<Opening> s_openings;
+    inline static decltype(&::CreateFileW) s_create = nullptr;
+
+    const ImportPatch<decltype(&::CreateFileW)> m_patch{__imp_CreateFileW, &Create};
+};
+
 DWORD g_attributes = 0;
 
 BOOL WINAPI InformWithAttributes(HANDLE, BY_HANDLE_FILE_INFORMATION* information)
@@ -140,9 +174,9 @@ BOOL WINAPI NoteFlush(HANDLE)
     return TRUE;
 }
 
-BOOL WINAPI NoteMove(LPCWSTR, LPCWSTR, DWORD)
+BOOL WINAPI NoteMove(LPCWSTR, LPCWSTR, DWORD flags)
 {
-    g_order += "moved ";
+    g_order += (flags & MOVEFILE_WRITE_THROUGH) != 0 ? "moved on the disk " : "moved ";
     return TRUE;
 }
 
@@ -183,7 +217,7 @@ TEST_F(ExportReplaceTest, TheNewFileIsOnTheDiskBeforeItReplacesTheOldOne)
     const ImportPatch move(__imp_MoveFileExW, &NoteMove);
     g_order.clear();
     EXPECT_TRUE(Export());
-    EXPECT_EQ(g_order, "flushed moved ");
+    EXPECT_EQ(g_order, "flushed moved on the disk ");
 }
 
 TEST_F(ExportReplaceTest, ADiskThatRefusesTheLastBytesAtTheFlushIsAFailure)
@@ -270,6 +304,26 @@ TEST_F(ExportReplaceTest, WhatANewFileWouldNotBeIsOpenedInPlace)
         ASSERT_TRUE(m_stream.Open(m_path));
         EXPECT_EQ(std::filesystem::exists(m_part), isReplaced) << attributes;
         EXPECT_TRUE(m_stream.Flush() && m_stream.Close());
+    }
+}
+
+TEST_F(ExportReplaceTest, OfALinkItIsTheLinkThatIsLookedAt)
+{
+    const OpeningRecorder openings;
+    EXPECT_TRUE(Export());
+    EXPECT_EQ(openings.First().disposition, static_cast<DWORD>(OPEN_EXISTING));
+    EXPECT_NE(openings.First().flags & FILE_FLAG_OPEN_REPARSE_POINT, 0u);
+}
+
+TEST_F(ExportReplaceTest, APathOf260CharactersIsLiftedOverTheSystemsLimitAndAShorterOneIsLeftAlone)
+{
+    const std::wstring folder = m_folder.File(L"missing\\");
+    for (const auto& [length, prefix] : {std::pair(259u, L""), std::pair(260u, L"\\\\?\\")})
+    {
+        const std::wstring path = folder + std::wstring(length - folder.size(), L'n');
+        const OpeningRecorder openings;
+        EXPECT_FALSE(m_stream.Open(path));
+        EXPECT_EQ(openings.First().path, prefix + path) << length;
     }
 }
 
