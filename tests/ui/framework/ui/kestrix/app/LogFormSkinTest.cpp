@@ -1,5 +1,6 @@
 // The form's window, its tabs, its labels and its caption buttons.
 
+#include "common/VdCommon/VdComn_String.h"
 #include "resource/resource.h"
 #include "tests/support/ImportPatch.h"
 #include "tests/support/Picture.h"
@@ -71,6 +72,30 @@ TEST_F(LogFormSkinTest, TheWindowHasNoCaptionAndNoEdgesOfTheSystem)
     EXPECT_EQ(std::ranges::count_if(texts, [](const auto& text)
                                     { return text.starts_with(L"CLogFormDlg::PreSubclassWindow: New style="); }),
               1);
+}
+
+// The template of the form has nothing of it to remove.
+TEST_F(LogFormSkinTest, ACaptionItsButtonAndEdgesAreRemovedAndTheStylesBeforeAndAfterItAreTraced)
+{
+    const CWindow window(::CreateWindowExW(WS_EX_DLGMODALFRAME, WC_STATICW, L"",
+                                           WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | DS_MODALFRAME, 0, 0,
+                                           200, 100, nullptr, nullptr, AfxGetInstanceHandle(), nullptr));
+    const DWORD style = window.GetStyle();
+    const DWORD exStyle = window.GetExStyle();
+    ASSERT_EQ(style & 0x00C20080, 0x00C20080u);
+    ASSERT_EQ(exStyle & 0x00000101, 0x00000101u);
+    std::wstring before;
+    std::wstring after;
+    VdCommon::String::Format(before, L"CLogFormDlg::PreSubclassWindow: style=%08X, style_ex=%08X", style, exStyle);
+    VdCommon::String::Format(after, L"CLogFormDlg::PreSubclassWindow: New style=%08X, Style_ex=%08X",
+                             style & ~0x00C20080u, exStyle & ~0x00000101u);
+    CLogFormDlg form;
+    ASSERT_TRUE(form.SubclassWindow(window));
+    form.Detach();
+    EXPECT_EQ(window.GetStyle(), style & ~0x00C20080u);
+    EXPECT_EQ(window.GetExStyle(), exStyle & ~0x00000101u);
+    ::DestroyWindow(window);
+    EXPECT_EQ(m_trace.Texts(VdCommon::TraceLevel::Info), (std::vector<std::wstring>{before, after}));
 }
 
 TEST_F(LogFormSkinTest, ItsCornersAreCutAway)

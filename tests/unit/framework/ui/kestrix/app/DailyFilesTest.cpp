@@ -1,9 +1,11 @@
 #include "framework/ui/kestrix/app/page/DailyFiles.h"
 
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/TraceRecorder.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace
@@ -32,6 +34,18 @@ TEST(DailyFiles, TheNameOfAFileTellsItsDay)
     EXPECT_EQ(DayText(files[0]), L"2026-11-20");
     EXPECT_EQ(files[0].size, 5U);
     EXPECT_FALSE(HasForeignLogFile(folder.File(L"20261120.VLG")));
+}
+
+TEST(DailyFiles, EachNameThatIsLookedAtIsTraced)
+{
+    const TemporaryFolder folder;
+    WriteBytes(folder.File(L"20261120.VLG"), "x");
+    WriteBytes(folder.File(L"other.VLG"), "x");
+    const TraceRecorder trace;
+    FindDailyFiles(folder.File(L"*.VLG"));
+    std::vector<std::wstring> texts = trace.Texts(VdCommon::TraceLevel::Flow);
+    std::ranges::sort(texts);
+    EXPECT_EQ(texts, (std::vector<std::wstring>{L"log filename[20261120.VLG]", L"log filename[other.VLG]"}));
 }
 
 TEST(DailyFiles, ADayThatDoesNotExistIsNoDailyFileButAForeignOne)
