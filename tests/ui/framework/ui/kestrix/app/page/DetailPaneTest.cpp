@@ -2,11 +2,14 @@
 
 #include "framework/ui/kestrix/logs/LogKinds.h"
 #include "resource/resource.h"
+#include "tests/support/ImportPatch.h"
 #include "tests/ui/framework/ui/kestrix/app/page/PartWindow.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
+
+extern "C" decltype(&::DrawTextW) __imp_DrawTextW;
 
 namespace
 {
@@ -126,6 +129,17 @@ TEST_F(DetailPaneTest, TheFirstValueKeepsItsPlaceInAPageThatHasBeenMoved)
         m_pane.SetKind(*kind);
         ExpectFirstText(kind == &TallKind ? 3 : 1);
     }
+}
+
+// The order is that in which a screen reader tells the values.
+TEST_F(DetailPaneTest, TheFirstValueKeepsItsPlaceInTheOrderOfTheControls)
+{
+    const HWND before = ::GetWindow(m_window.Item(IDC_INFO_VALUE_0_TEXT), GW_HWNDPREV);
+    ASSERT_NE(before, nullptr);
+    m_pane.SetKind(TallKind);
+    EXPECT_EQ(::GetWindow(m_window.Item(IDC_INFO_VALUE_0_TEXT), GW_HWNDPREV), before);
+    m_pane.RemoveKind();
+    EXPECT_EQ(::GetWindow(m_window.Item(IDC_INFO_VALUE_0_TEXT), GW_HWNDPREV), before);
 }
 
 TEST_F(DetailPaneTest, ARowShowsItsCaptionWithItsValueOrNeither)
@@ -296,6 +310,39 @@ TEST_F(DetailPaneTest, ATallValueIsDrawnAndSetAndTheLinkIsHidden)
     EXPECT_FALSE(ShowsLink());
     EXPECT_TRUE(ShowsText());
     EXPECT_GT(InkOf(m_window.Item(IDC_INFO_VALUE_0_TEXT)), 0);
+}
+
+namespace
+{
+
+struct DrawnText
+{
+    std::wstring text;
+    SIZE room;
+    UINT format;
+};
+
+std::vector<DrawnText> g_drawn;
+
+int WINAPI NoteText(HDC, LPCWSTR text, int length, RECT* place, UINT format)
+{
+    g_drawn.push_back({{text, static_cast<std::size_t>(length)}, {place->right, place->bottom}, format});
+    return 0;
+}
+
+} // namespace
+
+TEST_F(DetailPaneTest, ATallValueIsDrawnInLinesThatMayGoBelowItsControl)
+{
+    m_pane.SetKind(TallKind);
+    g_drawn.clear();
+    const ImportPatch<decltype(&::DrawTextW)> draw(__imp_DrawTextW, &NoteText);
+    m_pane.DrawTallInfo(L"several words", 220);
+    ASSERT_EQ(g_drawn.size(), 1u);
+    EXPECT_EQ(g_drawn[0].text, L"several words");
+    EXPECT_EQ(g_drawn[0].room.cx, Width);
+    EXPECT_EQ(g_drawn[0].room.cy, 3 * Height + 220);
+    EXPECT_EQ(g_drawn[0].format, static_cast<UINT>(DT_WORDBREAK));
 }
 
 TEST_F(DetailPaneTest, TheAllowButtonIsShownEnabledWithItsCaptionAndHiddenWithIt)
