@@ -91,9 +91,14 @@ TEST_F(LogFormReportTest, AnInstallationWithinThePeriodIsItsBeginning)
 
 TEST_F(LogFormReportTest, AnInstallationTimeOfAnotherSizeIsTracedAndLeftOut)
 {
-    m_registry.SetBytes(EventLogKey, L"InstallTime", {1, 2, 3});
-    EXPECT_EQ(TotalLabel(), TotalSince(6));
-    EXPECT_EQ(m_trace.Errors(), std::vector<std::wstring>{L"size of byte_array is invalid: 3"});
+    std::vector<std::wstring> errors;
+    for (const std::size_t size : {3u, 15u, 17u})
+    {
+        m_registry.SetBytes(EventLogKey, L"InstallTime", std::vector<BYTE>(size, 7));
+        EXPECT_EQ(TotalLabel(), TotalSince(6));
+        errors.push_back(L"size of byte_array is invalid: " + std::to_wstring(size));
+    }
+    EXPECT_EQ(m_trace.Errors(), errors);
 }
 
 TEST_F(LogFormReportTest, AnInstallationTimeThatIsNoneIsToldWithItsErrorAndThereIsNoForm)

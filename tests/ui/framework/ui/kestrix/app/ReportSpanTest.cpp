@@ -1,12 +1,23 @@
 #include "framework/ui/kestrix/app/ReportSpan.h"
 
 #include "framework/ui/kestrix/app/Kestrix.h"
+#include "tests/support/ImportPatch.h"
 #include "tests/ui/framework/ui/kestrix/app/ControllerTest.h"
 
 #include <oleauto.h>
 
+extern "C" decltype(&::SafeArrayDestroy) __imp_SafeArrayDestroy;
+
 namespace
 {
+
+int g_nDestroyed = 0; // arrays
+
+HRESULT WINAPI CountDestroyed(SAFEARRAY*)
+{
+    ++g_nDestroyed;
+    return S_OK;
+}
 
 class ReportSpanTest : public ControllerTest
 {
@@ -48,6 +59,15 @@ TEST_F(ReportSpanTest, AsksTheActiveProfileForTheReportSettings)
     EXPECT_EQ(m_controller.m_calls, (Texts{L"CreateInstance", L"GetActiveProfile", L"QueryValue 112 1 0 0 0 of 3"}));
     EXPECT_EQ(m_trace.Texts(), Leave(L"Fre[12], AlertFlag[1]"));
     EXPECT_EQ(m_controller.References(), 0);
+}
+
+TEST_F(ReportSpanTest, TheArrayThatWasFilledIsDestroyedOnce)
+{
+    AnswerWith({12, 1, 2});
+    const ImportPatch<decltype(&::SafeArrayDestroy)> destroy(__imp_SafeArrayDestroy, &CountDestroyed);
+    g_nDestroyed = 0;
+    QueryReportSpan();
+    EXPECT_EQ(g_nDestroyed, 1);
 }
 
 TEST_F(ReportSpanTest, TwoAndThirtyOneGiveSevenWhileThreeAndThirtyAreKept)
