@@ -34,6 +34,19 @@ TEST(InstanceTest, AfterTheServiceTheNextOneIsIt)
     EXPECT_TRUE(Instance().Acquire());
 }
 
+TEST(InstanceTest, AServiceThatEndedIsNotTakenForOneThatRuns)
+{
+    const Instance waiting; // keeps what the processes share
+    {
+        Instance ended;
+        ASSERT_TRUE(ended.Acquire());
+        ended.SetRunning(true);
+    }
+    Instance starting;
+    ASSERT_TRUE(starting.Acquire());
+    InAnotherThread([] { EXPECT_THROW(Instance().Acquire(1ms), InstanceBlocked); });
+}
+
 // The service waited for a minute, and so did the viewer that had started it, without a window.
 TEST(InstanceTest, AMutexThatIsHeldForLongIsReportedWithItsNameAndARemedy)
 {
@@ -50,6 +63,7 @@ TEST(InstanceTest, AMutexThatIsHeldForLongIsReportedWithItsNameAndARemedy)
             catch (const InstanceBlocked& blocked)
             {
                 const std::string text = blocked.what();
+                EXPECT_TRUE(text.starts_with("A program other than the service holds")) << text;
                 EXPECT_NE(text.find("Local\\VdFrwkSvc-Instance"), text.npos) << text;
                 EXPECT_NE(text.find("End that program, or sign out"), text.npos) << text;
             }
