@@ -156,4 +156,13 @@ TEST_F(DebugLogSettingsTest, AnIniFileWithoutALevelLetsErrorsThroughAlone)
     EXPECT_FALSE(Trace(TraceLevel::Flow));
 }
 
+TEST_F(DebugLogSettingsTest, AnIniFileWithoutEnableSwitchesNothingOn)
+{
+    const TemporaryFolder folder;
+    WriteBytes(folder.File(L"trace.ini"), "[InteractiveSession]\r\nLevel=256\r\n");
+    const std::wstring path = folder.Path().wstring();
+    EXPECT_TRUE(m_log.Initialize(L"Kestrix", Key::InIniFile(path.c_str(), L"trace.ini"), path))
+        << "the library, which is not there, is not looked for";
+}
+
 } // namespace

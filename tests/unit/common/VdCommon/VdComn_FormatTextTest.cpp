@@ -152,7 +152,7 @@ TEST(FormatDate, APatternThatCannotBeUsedGivesTheDateInTheFormOfIso8601)
 {
     for (const std::wstring& pattern :
          {std::wstring(L"%"), std::wstring(L"%d %"), std::wstring(L"%Q"), std::wstring(L"%s"), std::wstring(L"%5d"),
-          std::wstring(L"%n"), std::wstring(L"%%%"), std::wstring(), std::wstring(128, L'x')})
+          std::wstring(L"%#d"), std::wstring(L"%n"), std::wstring(L"%%%"), std::wstring(), std::wstring(128, L'x')})
     {
         EXPECT_EQ(FormatDate(pattern, AFriday()), L"2026-11-20") << ::testing::PrintToString(pattern);
     }
