@@ -23,7 +23,7 @@ public:
     {
         const std::lock_guard guard(m_mutex);
         m_deletions.emplace_back(kind, day);
-        if (fails)
+        if (fails || kind == failingKind)
         {
             throw std::runtime_error("as the test wants it");
         }
@@ -36,6 +36,7 @@ public:
     }
 
     std::atomic<bool> fails = false;
+    std::atomic<std::uint32_t> failingKind = 0; // the one that fails also when the others do not
 
 private:
     mutable std::mutex m_mutex;

@@ -105,6 +105,20 @@ TEST_F(ServiceTest, AFailedScheduledPurgeIsLeftToTheNextProcessOrDay)
     EXPECT_GT(m_logs.Done().size(), before);
 }
 
+TEST_F(ServiceTest, AScheduledPurgeThatFailedForOneKindIsNotDone)
+{
+    constexpr std::uint32_t virus = 2; // others come after it
+    WritePurgeSettings({7, 1});
+    m_logs.failingKind = virus;
+    EXPECT_EQ(ScheduledPurge(), 20261112u);
+    m_logs.failingKind = 0;
+    Service next(m_objects, m_store, m_logs, m_calendar);
+    const std::size_t before = m_logs.Done().size();
+    next.PurgeIfDue();
+    EXPECT_TRUE(WaitUntilIdle());
+    EXPECT_GT(m_logs.Done().size(), before);
+}
+
 TEST_F(ServiceTest, TheScheduledPurgeFollowsTheSettingsOfTheMoment)
 {
     WritePurgeSettings({7, 0});

@@ -58,6 +58,10 @@ protected:
 
     CKestrixModule m_module;
     CKestrixEventSinkObject m_sink{m_module, m_app};
+
+private:
+    // A test that ended its process would count as passed.
+    const ImportPatch<decltype(&::ExitProcess)> m_exit{__imp_ExitProcess, &ThrowExit};
 };
 
 constexpr wchar_t Finish[] = L"CKestrixEventSinkObject::OnCommandEvents Finish";
@@ -118,7 +122,6 @@ TEST_F(EventSinkObjectTest, Event4WithType22AndSubType2IsIgnored)
 
 TEST_F(EventSinkObjectTest, Event1WithType0IsIgnored)
 {
-    const ImportPatch exit(__imp_ExitProcess, &ThrowExit);
     EXPECT_EQ(TracedBy(EventOf(1, 0, 0)), Texts{});
     EXPECT_EQ(TracedBy(EventOf(1, 22, 1)), Texts{});
     EXPECT_EQ(TracedBy(EventOf(2, ~0U, 0)), Texts{});
@@ -126,7 +129,6 @@ TEST_F(EventSinkObjectTest, Event1WithType0IsIgnored)
 
 TEST_F(EventSinkObjectTest, TheExitCommandEndsTheProcessAtOnceWithoutALeaveLine)
 {
-    const ImportPatch exit(__imp_ExitProcess, &ThrowExit);
     UINT code = 99;
     try
     {
