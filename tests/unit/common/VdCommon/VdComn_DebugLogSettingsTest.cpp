@@ -140,9 +140,15 @@ TEST_F(DebugLogSettingsTest, KindOneReadsTheSameValuesFromAnIniFileWithItsDefaul
     EXPECT_FALSE(Trace(TraceLevel::Error));
     const auto function = GetProcAddress(m_module.get(), "TraceCallsOfThis");
     const TraceCalls& calls = reinterpret_cast<TraceCallsFunction*>(reinterpret_cast<void (*)()>(function))();
-    EXPECT_STREQ(calls.configs.back().logFolder, L"C:\\Trace");
-    EXPECT_STREQ(calls.configs.back().logPrefix, L"zpt");
-    EXPECT_STREQ(calls.configs.back().logExtension, L"log");
+    const DebugLogConfig& config = calls.configs.back();
+    EXPECT_STREQ(config.logFolder, L"C:\\Trace");
+    EXPECT_EQ(config.logProcess, 0U);
+    EXPECT_EQ(config.logUnitType, 0U);
+    EXPECT_STREQ(config.logPrefix, L"zpt");
+    EXPECT_STREQ(config.logFile, L"");
+    EXPECT_STREQ(config.logExtension, L"log");
+    EXPECT_FALSE(config.robust);
+    EXPECT_FALSE(config.debugger);
 }
 
 TEST_F(DebugLogSettingsTest, AnIniFileWithoutALevelLetsErrorsThroughAlone)
