@@ -5,6 +5,7 @@
 #include "common/VdCommon/VdComn_String.h"
 #include "framework/ui/kestrix/app/DateRange.h"
 #include "framework/ui/kestrix/app/page/DailyFiles.h"
+#include "framework/ui/kestrix/app/page/DayNumber.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "platform/dialog/OleDateTime.h"
 #include "platform/dialog/WinApp.h"
@@ -15,16 +16,10 @@ namespace
 constexpr int AtEnd = -1;
 constexpr int Noon = 12;
 
-// A day as the number that an entry carries: YYYYMMDD. 0 for a date that is none.
-LPARAM NumberOf(const COleDateTime& date)
+DayNumber NumberOf(const COleDateTime& date)
 {
     SYSTEMTIME time{};
-    return date.GetAsSystemTime(time) ? time.wYear * 10'000 + time.wMonth * 100 + time.wDay : 0;
-}
-
-COleDateTime DateOf(int number)
-{
-    return {number / 10'000, number / 100 % 100, number % 100, 0, 0, 0};
+    return date.GetAsSystemTime(time) ? DayNumberOf(time) : NoDay;
 }
 
 } // namespace
@@ -110,17 +105,15 @@ void CDateList::AddDay(const SYSTEMTIME& day, bool isListed)
 // dot or holds marks of its direction, and with day and month exchanged where the user has chosen another form.
 void CDateList::AddEntry(int index, const std::wstring& text, const COleDateTime& date)
 {
-    const int entry = InsertString(index, text);
-    SendMessage(LB_SETITEMDATA, static_cast<WPARAM>(entry), NumberOf(date));
+    SetItemData(InsertString(index, text), NumberOf(date));
 }
 
 // The day of an entry at its midnight. One that carries none is read from its text; false when that is no date.
 bool CDateList::GetEntryDate(int index, COleDateTime& date) const
 {
-    const auto number = static_cast<int>(SendMessage(LB_GETITEMDATA, static_cast<WPARAM>(index)));
-    if (number > 0)
+    if (const DayNumber day = GetItemData(index); day != NoDay)
     {
-        date = DateOf(number);
+        date = COleDateTime(StartOfDay(day));
         return true;
     }
     return date.ParseDateTime(GetText(index), LOCALE_NOUSEROVERRIDE);
