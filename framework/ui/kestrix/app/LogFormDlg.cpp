@@ -2,7 +2,6 @@
 
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "framework/ui/kestrix/app/Foreground.h"
-#include "framework/ui/kestrix/app/HeadingLook.h"
 #include "framework/ui/kestrix/app/Help.h"
 #include "framework/ui/kestrix/app/ProductName.h"
 #include "framework/ui/kestrix/app/PushButtonSkin.h"
@@ -12,16 +11,9 @@
 namespace
 {
 
-constexpr COLORREF FormColour = RGB(255, 255, 255);
-constexpr COLORREF HeadingColour = RGB(255, 255, 255);
-constexpr COLORREF HoleColour = RGB(0, 255, 0); // of the caption buttons' pictures
-
 // What the system would draw and the skin draws instead.
 constexpr DWORD RemovedStyle = WS_CAPTION | WS_MINIMIZEBOX | DS_MODALFRAME;
 constexpr DWORD RemovedExStyle = WS_EX_DLGMODALFRAME | WS_EX_WINDOWEDGE;
-
-constexpr int CaptionButtonSize = 28; // pixels; in the middle of the frame's top
-constexpr int CaptionButtonTop = 4;
 
 constexpr std::int32_t NoTabOffset = 0;
 constexpr std::int32_t TabWidth = 110;
@@ -39,19 +31,18 @@ UniqueIcon LoadIconOf(int width, int height)
 
 } // namespace
 
-CLogFormDlg::CLogFormDlg() : CBitmapDialog(IDD_LOG_FORM), m_strProductName(GetProductName()) {}
+CLogFormDlg::CLogFormDlg() : CFramedDialog(IDD_LOG_FORM), m_strProductName(GetProductName()) {}
 
 const MessageMap& CLogFormDlg::Map()
 {
     static constexpr auto rows = MessageRows(
         On::Message<WM_PAINT, &CLogFormDlg::OnPaint>, On::Message<WM_QUERYDRAGICON, &CLogFormDlg::OnQueryDragIcon>,
-        On::Message<WM_LBUTTONDOWN, &CLogFormDlg::OnLButtonDown>, On::Message<WM_ACTIVATE, &CLogFormDlg::OnActivate>,
-        On::Message<WM_HELP, &CLogFormDlg::OnHelpKey>,
+        On::Message<WM_ACTIVATE, &CLogFormDlg::OnActivate>, On::Message<WM_HELP, &CLogFormDlg::OnHelpKey>,
         On::Command<IDC_FORM_MINIMISE, &CLogFormDlg::OnBnClickedMinimise>,
         On::Command<IDC_FORM_CLOSE_BOX, &CLogFormDlg::OnCancel>, On::Command<IDC_FORM_CLOSE, &CLogFormDlg::OnCancel>,
         On::Command<ID_HELP, &CLogFormDlg::OnHelp>, On::Command<IDC_FORM_HELP, &CLogFormDlg::OnBnClickedBtnHelp>,
         On::Command<IDC_FORM_EXPORT, &CLogFormDlg::OnBnClickedBtnExport>);
-    static constexpr MessageMap map{rows, &CBitmapDialog::Map};
+    static constexpr MessageMap map{rows, &CFramedDialog::Map};
     return map;
 }
 
@@ -67,12 +58,12 @@ void CLogFormDlg::PreSubclassWindow()
         ModifyStyle(RemovedStyle, 0);
         ModifyStyleEx(RemovedExStyle, 0);
     }
-    CBitmapDialog::PreSubclassWindow();
+    CFramedDialog::PreSubclassWindow();
 }
 
 void CLogFormDlg::DoDataExchange(CDataExchange& exchange)
 {
-    CBitmapDialog::DoDataExchange(exchange);
+    CFramedDialog::DoDataExchange(exchange);
     DDX_Control(exchange, IDC_FORM_TAB, m_Tab);
     DDX_Control(exchange, IDC_FORM_HEADING, m_Heading);
     DDX_Control(exchange, IDC_FORM_REPORT_TITLE, m_ReportTitle);
@@ -87,11 +78,8 @@ void CLogFormDlg::DoDataExchange(CDataExchange& exchange)
 
 BOOL CLogFormDlg::OnInitDialog()
 {
-    SetCornerRegion(IDB_CORNER_TOP_LEFT);
-    CBitmapDialog::OnInitDialog();
+    CFramedDialog::OnInitDialog();
     ForceToFront(m_hWnd);
-    SetBackground(IDB_BACKGROUND);
-    m_SolidBrush.CreateSolidBrush(FormColour);
     SetIcons();
     HandValuesToPages();
     if (m_bMaxCountReached)
@@ -187,26 +175,7 @@ void CLogFormDlg::SetTitle()
 {
     const std::wstring& title = LoadText(m_bLogOnly ? IDS_FORM_TITLE : IDS_FORM_TITLE_WITH_REPORT);
     SetWindowText(title);
-    m_Heading.SetText(title);
-    m_Heading.SetFontLook(HeadingLook());
-    m_Heading.SetTextColour(HeadingColour);
-    m_Heading.SetAlignment(CColorText::Horizontal::Left, CColorText::Vertical::Centre);
-}
-
-// Its size in pixels is that of its pictures, whatever the font of the dialog is. The text that the template gives it
-// is its name for screen readers and is not drawn.
-void CLogFormDlg::SetCaptionButton(CFlexBitmapButton& button, UINT normal, UINT hot)
-{
-    RECT place = button.GetWindowRect();
-    ScreenToClient(place);
-    place.left = place.right - CaptionButtonSize;
-    place.top = CaptionButtonTop;
-    place.bottom = place.top + CaptionButtonSize;
-    button.MoveWindow(place);
-    button.SetName(button.GetWindowText());
-    button.SetKeyColour(HoleColour);
-    button.SetBitmaps(normal, hot);
-    button.SetOwnCursor(IDC_HAND_CURSOR);
+    SetHeading(m_Heading, title);
 }
 
 // The frame is drawn straight onto the window, over what stands in it; so those controls paint themselves again.
@@ -243,13 +212,6 @@ HCURSOR CLogFormDlg::OnQueryDragIcon()
     return m_hBigIcon.get();
 }
 
-// The whole client area drags the window, which has no caption.
-void CLogFormDlg::OnLButtonDown(UINT, POINT point)
-{
-    Default();
-    PostMessage(WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(point.x, point.y));
-}
-
 void CLogFormDlg::OnBnClickedMinimise()
 {
     ShowWindow(SW_MINIMIZE);
@@ -257,12 +219,12 @@ void CLogFormDlg::OnBnClickedMinimise()
 
 void CLogFormDlg::OnOK()
 {
-    CBitmapDialog::OnOK();
+    CFramedDialog::OnOK();
 }
 
 void CLogFormDlg::OnCancel()
 {
-    CBitmapDialog::OnCancel();
+    CFramedDialog::OnCancel();
 }
 
 // The control that had the keyboard when the form lost it gets it back, and may have been disabled meanwhile.
@@ -322,7 +284,7 @@ BOOL CLogFormDlg::PreTranslateMessage(MSG& message)
     }
     if (message.message == WM_KEYDOWN && message.wParam == VK_SPACE)
     {
-        return CBitmapDialog::PreTranslateMessage(message);
+        return CFramedDialog::PreTranslateMessage(message);
     }
     if (message.message == WM_KEYUP && message.wParam == VK_TAB)
     {

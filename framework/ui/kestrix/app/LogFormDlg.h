@@ -1,7 +1,7 @@
 #pragma once
 
+#include "framework/ui/kestrix/app/FramedDialog.h"
 #include "framework/ui/kestrix/app/KestrixDlg.h"
-#include "framework/ui/kestrix/controls/BitmapDialog.h"
 #include "framework/ui/kestrix/controls/ColorText.h"
 #include "framework/ui/kestrix/controls/ExtendButton.h"
 #include "framework/ui/kestrix/controls/FlexBitmapButton.h"
@@ -10,7 +10,7 @@
 
 // The main window: the skin frame with heading and caption buttons, the pages, and the buttons below them. It shows the
 // page of the log alone, or the report and the page of the log as two tabs.
-class CLogFormDlg : public CBitmapDialog
+class CLogFormDlg : public CFramedDialog
 {
 public:
     CLogFormDlg();
@@ -44,7 +44,6 @@ protected:
 private:
     void OnPaint();
     HCURSOR OnQueryDragIcon();
-    void OnLButtonDown(UINT keys, POINT point);
     LRESULT OnActivate(WPARAM how, LPARAM other);
     void OnBnClickedMinimise();
     LRESULT OnHelpKey(WPARAM, LPARAM);
@@ -58,7 +57,6 @@ private:
     void SetTabLook();
     void SetTitle();
     void SetReportLabels();
-    void SetCaptionButton(CFlexBitmapButton& button, UINT normal, UINT hot);
     void DrawIcon();
     bool TranslateKeyDown(const MSG& message);
     bool TranslateTabSpace();

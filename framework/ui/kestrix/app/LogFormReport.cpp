@@ -5,6 +5,7 @@
 #include "common/VdCommon/VdComn_FormatText.h"
 #include "common/VdCommon/VdComn_Storage.h"
 #include "framework/ui/kestrix/app/CalendarSeconds.h"
+#include "framework/ui/kestrix/app/EventLogKey.h"
 #include "framework/ui/kestrix/app/HeadingLook.h"
 #include "framework/ui/kestrix/app/LogFormDlg.h"
 #include "framework/ui/kestrix/app/ReportSpan.h"
@@ -15,8 +16,6 @@
 
 namespace
 {
-
-constexpr wchar_t EventLogKey[] = L"Software\\Veldrane\\Zeptara\\17\\ServiceFramework\\EnforceLayer\\Common\\EventLog";
 
 std::uint32_t ReportDays()
 {

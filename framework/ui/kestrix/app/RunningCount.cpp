@@ -2,6 +2,7 @@
 
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "common/VdCommon/VdComn_Storage.h"
+#include "framework/ui/kestrix/app/EventLogKey.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -12,7 +13,6 @@ namespace
 
 constexpr wchar_t MaxCountMutexName[] = L"ZPTLOG_MUTEX_MAXCNT";
 
-constexpr wchar_t EventLogKey[] = L"Software\\Veldrane\\Zeptara\\17\\ServiceFramework\\EnforceLayer\\Common\\EventLog";
 constexpr wchar_t MaxLogCountValue[] = L"MaxLogCount";
 constexpr std::uint32_t DefaultMaxLogCount = 14;
 
