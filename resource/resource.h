@@ -6,7 +6,9 @@
 // Dialogs
 #define IDD_LOG_FORM 101
 #define IDD_LOG_PAGE 102
+#define IDD_DELETE 129
 #define IDD_REPORT_PAGE 169
+#define IDD_SETTINGS 174
 
 // Images
 #define IDB_BACKGROUND 129
@@ -76,6 +78,17 @@
 #define IDC_ALLOW 1064
 #define IDC_ALLOW_LABEL 1037
 
+// Controls of the settings dialog
+#define IDC_SETTINGS_FREQUENCY 1005
+#define IDC_SETTINGS_HEADING 1037
+#define IDC_SETTINGS_PURGE 1058
+#define IDC_SETTINGS_CLOSE_BOX 1059
+
+// Controls of the delete dialog
+#define IDC_DELETE_HEADING 1038
+#define IDC_DELETE_DATE 1047
+#define IDC_DELETE_CLOSE_BOX 1060
+
 // Texts: the application and the form
 #define IDS_FORM_TITLE 80
 #define IDS_FORM_TITLE_WITH_REPORT 79
@@ -112,6 +125,17 @@
 #define IDS_EXPORT_DISK_FULL 63
 #define IDS_EXPORT_FAILED 64
 #define IDS_EXPORT_DIALOG_TITLE 621
+
+// Texts: settings and deletion
+#define IDS_SETTINGS_HEADING 619
+#define IDS_KEEP_7_DAYS 68
+#define IDS_KEEP_14_DAYS 69
+#define IDS_KEEP_30_DAYS 70
+#define IDS_KEEP_45_DAYS 71
+#define IDS_KEEP_60_DAYS 72
+#define IDS_DELETE_HEADING 620
+#define IDS_DELETE_QUESTION 66
+#define IDS_DELETE_SIZE 67
 
 // Texts: titles of the logs
 #define IDS_TITLE_VIRUS 143

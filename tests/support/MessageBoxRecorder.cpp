@@ -14,8 +14,12 @@ MessageBoxRecorder::~MessageBoxRecorder()
     s_current = nullptr;
 }
 
-int WINAPI MessageBoxRecorder::Record(HWND, LPCWSTR text, LPCWSTR caption, UINT flags)
+int WINAPI MessageBoxRecorder::Record(HWND owner, LPCWSTR text, LPCWSTR caption, UINT flags)
 {
-    s_current->m_arrBox.push_back({text, caption, flags});
+    s_current->m_arrBox.push_back({text, caption, flags, owner});
+    if (s_current->m_onBox)
+    {
+        s_current->m_onBox();
+    }
     return s_current->m_answer;
 }

@@ -2,6 +2,7 @@
 
 #include "tests/support/ImportPatch.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,10 +15,16 @@ public:
         std::wstring text;
         std::wstring caption;
         UINT flags;
+        HWND owner;
     };
 
     explicit MessageBoxRecorder(int answer = IDOK);
     ~MessageBoxRecorder();
+
+    // From now on.
+    void Answer(int answer) { m_answer = answer; }
+
+    std::function<void()> m_onBox; // runs while a box would stand
 
     const std::vector<Box>& Boxes() const { return m_arrBox; }
 
@@ -26,7 +33,7 @@ private:
 
     static MessageBoxRecorder* s_current;
 
-    const int m_answer;
+    int m_answer;
     std::vector<Box> m_arrBox;
     ImportPatch<decltype(&::MessageBoxW)> m_patch;
 };

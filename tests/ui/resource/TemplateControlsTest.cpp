@@ -41,7 +41,7 @@ constexpr std::array FormControls{
     Control{IDC_FORM_CLOSE_BOX, Button, Shown | BS_PUSHBUTTON},
 };
 
-constexpr int Unnumbered = 0xFFFF; // the text before the combo box
+constexpr int Unnumbered = 0xFFFF; // the text before a combo box
 
 constexpr std::array PageControls{
     Control{IDC_HEADING_DATES, Static, Shown},
@@ -74,6 +74,25 @@ constexpr std::array PageControls{
     Control{IDC_VIEW, Button, Shown | Stop | BS_PUSHBUTTON},
     Control{IDC_SPARE_EDIT, Edit, ES_READONLY},
     Control{IDC_SETTING, Button, Shown | Stop | BS_PUSHBUTTON},
+};
+
+constexpr std::array SettingsControls{
+    Control{IDC_SETTINGS_HEADING, Static, Shown | SS_NOPREFIX},
+    Control{IDC_SETTINGS_PURGE, Button, Shown | Stop | BS_AUTOCHECKBOX},
+    Control{Unnumbered, Static, Shown},
+    Control{IDC_SETTINGS_FREQUENCY, ComboBox, Shown | Stop | CBS_DROPDOWNLIST},
+    Control{IDOK, Button, Shown | Stop | BS_PUSHBUTTON},
+    Control{IDCANCEL, Button, Shown | Stop | BS_PUSHBUTTON},
+    Control{IDC_SETTINGS_CLOSE_BOX, Button, Shown | BS_PUSHBUTTON},
+};
+
+constexpr std::array DeletionControls{
+    Control{IDC_DELETE_HEADING, Static, Shown | SS_NOPREFIX},
+    Control{Unnumbered, Static, Shown},
+    Control{IDC_DELETE_DATE, ComboBox, Shown | Stop | CBS_DROPDOWNLIST},
+    Control{IDOK, Button, Shown | Stop | BS_PUSHBUTTON},
+    Control{IDCANCEL, Button, Shown | Stop | BS_PUSHBUTTON},
+    Control{IDC_DELETE_CLOSE_BOX, Button, Shown | BS_PUSHBUTTON},
 };
 
 // Styles that lists set by themselves: a scroll bar when they need one, and that they keep texts.
@@ -112,15 +131,24 @@ TEST_F(Templates, PageHasItsControlsInTheOrderOfTheTabKey)
     ExpectControls(m_page, PageControls);
 }
 
-TEST_F(Templates, FormIsAPopupWithoutAFrameOfTheSystem)
+TEST_F(Templates, SmallDialogsHaveTheirControlsInTheOrderOfTheTabKey)
 {
-    const auto style = static_cast<DWORD>(GetWindowLongPtrW(m_form.Window(), GWL_STYLE));
-    EXPECT_EQ(static_cast<DWORD>(WS_POPUP | WS_SYSMENU),
-              style & (WS_POPUP | WS_SYSMENU | WS_CAPTION | WS_THICKFRAME | WS_VISIBLE | WS_MINIMIZEBOX));
-    RECT window{};
-    GetWindowRect(m_form.Window(), &window);
-    EXPECT_EQ(Width(window), Width(m_form.Client()));
-    EXPECT_EQ(Height(window), Height(m_form.Client()));
+    ExpectControls(m_settings, SettingsControls);
+    ExpectControls(m_deletion, DeletionControls);
+}
+
+TEST_F(Templates, FormAndSmallDialogsArePopupsWithoutAFrameOfTheSystem)
+{
+    for (const TemplateDialog* dialog : {&m_form, &m_settings, &m_deletion})
+    {
+        const auto style = static_cast<DWORD>(GetWindowLongPtrW(dialog->Window(), GWL_STYLE));
+        EXPECT_EQ(static_cast<DWORD>(WS_POPUP | WS_SYSMENU),
+                  style & (WS_POPUP | WS_SYSMENU | WS_CAPTION | WS_THICKFRAME | WS_VISIBLE | WS_MINIMIZEBOX));
+        RECT window{};
+        GetWindowRect(dialog->Window(), &window);
+        EXPECT_EQ(Width(window), Width(dialog->Client()));
+        EXPECT_EQ(Height(window), Height(dialog->Client()));
+    }
 }
 
 TEST_F(Templates, PageIsAHiddenChildWhoseControlsTakePartInTheTabOrder)
@@ -139,14 +167,17 @@ TEST_F(Templates, PageShowsThroughTheTabControlInFrontOfIt)
 
 TEST_F(Templates, BackgroundIsPaintedUnderTransparentControls)
 {
-    EXPECT_FALSE(GetWindowLongPtrW(m_form.Window(), GWL_STYLE) & WS_CLIPCHILDREN);
-    EXPECT_FALSE(GetWindowLongPtrW(m_page.Window(), GWL_STYLE) & WS_CLIPCHILDREN);
+    for (const TemplateDialog* dialog : m_all)
+    {
+        EXPECT_FALSE(GetWindowLongPtrW(dialog->Window(), GWL_STYLE) & WS_CLIPCHILDREN);
+    }
 }
 
 TEST_F(Templates, FontIsSegoeUIAtNinePoints)
 {
-    for (const HWND window : {m_form.Window(), m_page.Window()})
+    for (const TemplateDialog* dialog : m_all)
     {
+        const HWND window = dialog->Window();
         LOGFONTW font{};
         GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);
         const HDC dc = GetDC(window);
@@ -159,21 +190,25 @@ TEST_F(Templates, FontIsSegoeUIAtNinePoints)
 
 TEST_F(Templates, CaptionButtonsAreTransparentAndHaveANameForScreenReaders)
 {
-    for (const int number : {IDC_FORM_MINIMISE, IDC_FORM_CLOSE_BOX})
+    for (const HWND button : {m_form.Item(IDC_FORM_MINIMISE), m_form.Item(IDC_FORM_CLOSE_BOX),
+                              m_settings.Item(IDC_SETTINGS_CLOSE_BOX), m_deletion.Item(IDC_DELETE_CLOSE_BOX)})
     {
-        EXPECT_NE(L"", TextOf(m_form.Item(number)));
-        EXPECT_TRUE(GetWindowLongPtrW(m_form.Item(number), GWL_EXSTYLE) & WS_EX_TRANSPARENT);
+        EXPECT_NE(L"", TextOf(button));
+        EXPECT_TRUE(GetWindowLongPtrW(button, GWL_EXSTYLE) & WS_EX_TRANSPARENT) << NumberOf(button);
     }
 }
 
 TEST_F(Templates, ATextStandsDirectlyBeforeEveryListComboAndEditToNameIt)
 {
     const std::set<std::wstring> named{ListBox, ListView, ComboBox, Edit};
-    for (const HWND child : m_page.Children())
+    for (const TemplateDialog* dialog : {&m_page, &m_settings, &m_deletion})
     {
-        if (named.contains(ClassOf(child)) && NumberOf(child) != IDC_SPARE_EDIT)
+        for (const HWND child : dialog->Children())
         {
-            EXPECT_EQ(Static, ClassOf(GetWindow(child, GW_HWNDPREV))) << NumberOf(child);
+            if (named.contains(ClassOf(child)) && NumberOf(child) != IDC_SPARE_EDIT)
+            {
+                EXPECT_EQ(Static, ClassOf(GetWindow(child, GW_HWNDPREV))) << NumberOf(child);
+            }
         }
     }
     EXPECT_EQ(IDC_HEADING_DATES, NumberOf(GetWindow(m_page.Item(IDC_DATE_LIST), GW_HWNDPREV)));

@@ -67,7 +67,13 @@ void Templates::SetUpTestSuite()
     InitCommonControlsEx(&classes);
 }
 
-Templates::Templates() : m_form(IDD_LOG_FORM), m_page(IDD_LOG_PAGE, m_form.Window()) {}
+Templates::Templates()
+    : m_form(IDD_LOG_FORM),
+      m_page(IDD_LOG_PAGE, m_form.Window()),
+      m_settings(IDD_SETTINGS, m_form.Window()),
+      m_deletion(IDD_DELETE, m_form.Window())
+{
+}
 
 std::wstring TextOf(HWND window)
 {

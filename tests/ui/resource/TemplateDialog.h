@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -44,7 +45,7 @@ private:
     HWND m_window = nullptr;
 };
 
-// The form, and the viewer page as its child.
+// The form, the viewer page as its child, and the small dialogs that it owns.
 class Templates : public ::testing::Test
 {
 protected:
@@ -52,6 +53,11 @@ protected:
 
     TemplateDialog m_form;
     TemplateDialog m_page;
+    TemplateDialog m_settings;
+    TemplateDialog m_deletion;
+
+    const std::array<const TemplateDialog*, 2> m_small{&m_settings, &m_deletion};
+    const std::array<const TemplateDialog*, 4> m_all{&m_form, &m_page, &m_settings, &m_deletion};
 
     Templates();
 };

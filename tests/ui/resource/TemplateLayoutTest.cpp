@@ -9,8 +9,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <set>
 #include <string>
+#include <tuple>
 #include <utility>
 
 namespace
@@ -84,14 +86,63 @@ void ExpectNoOverlap(const TemplateDialog& dialog)
 
 } // namespace
 
-TEST_F(Templates, ControlsOfTheFormLieInsideAndApart)
+TEST_F(Templates, ControlsLieInsideTheirDialogAndApart)
 {
-    ExpectNoOverlap(m_form);
+    for (const TemplateDialog* dialog : m_all)
+    {
+        ExpectNoOverlap(*dialog);
+    }
 }
 
-TEST_F(Templates, ControlsOfThePageLieInsideAndApart)
+TEST_F(Templates, SmallDialogsHaveTheMarginsOfTheForm)
 {
-    ExpectNoOverlap(m_page);
+    const auto rightMargin = [](const TemplateDialog& dialog, int control)
+    { return dialog.Client().right - dialog.Place(control).right; };
+    const auto bottomMargin = [](const TemplateDialog& dialog, int control)
+    { return dialog.Client().bottom - dialog.Place(control).bottom; };
+    const RECT button = m_form.Place(IDC_FORM_CLOSE);
+    for (const TemplateDialog* dialog : m_small)
+    {
+        EXPECT_EQ(rightMargin(*dialog, IDCANCEL), rightMargin(m_form, IDC_FORM_CLOSE));
+        EXPECT_NEAR(bottomMargin(*dialog, IDCANCEL), bottomMargin(m_form, IDC_FORM_CLOSE), 1);
+        EXPECT_EQ(Width(dialog->Place(IDCANCEL)), Width(button));
+        EXPECT_NEAR(Height(dialog->Place(IDCANCEL)), Height(button), 1);
+        EXPECT_NEAR(dialog->Place(IDCANCEL).left - dialog->Place(IDOK).right,
+                    button.left - m_form.Place(IDC_FORM_DELETE).right, 1);
+    }
+    for (const auto& [dialog, left, heading, closeBox] :
+         {std::tuple{&m_settings, IDC_SETTINGS_PURGE, IDC_SETTINGS_HEADING, IDC_SETTINGS_CLOSE_BOX},
+          std::tuple{&m_deletion, IDC_DELETE_DATE, IDC_DELETE_HEADING, IDC_DELETE_CLOSE_BOX}})
+    {
+        EXPECT_EQ(dialog->Place(left).left, m_form.Place(IDC_FORM_HELP).left);
+        EXPECT_EQ(dialog->Place(heading).left, m_form.Place(IDC_FORM_HEADING).left);
+        EXPECT_EQ(rightMargin(*dialog, closeBox), rightMargin(m_form, IDC_FORM_CLOSE_BOX));
+    }
+}
+
+// Their top part is not stretched.
+TEST_F(Templates, SmallDialogsAreNoWiderThanTheTopOfTheFrame)
+{
+    const auto bitmap = ResourceBytes(BuiltLanguageFile(), IDB_FRAME_TOP, MAKEINTRESOURCEW(2));
+    BITMAPINFOHEADER header{};
+    std::memcpy(&header, bitmap.data(), sizeof header);
+    for (const TemplateDialog* dialog : m_small)
+    {
+        EXPECT_LE(Width(dialog->Client()), header.biWidth);
+    }
+}
+
+TEST_F(Templates, SmallDialogsStandInTheMiddleOfTheForm)
+{
+    RECT form{};
+    GetWindowRect(m_form.Window(), &form);
+    for (const TemplateDialog* dialog : m_small)
+    {
+        RECT place{};
+        GetWindowRect(dialog->Window(), &place);
+        EXPECT_NEAR(place.left - form.left, form.right - place.right, 2);
+        EXPECT_NEAR(place.top - form.top, form.bottom - place.bottom, 2);
+    }
 }
 
 TEST_F(Templates, PageFillsTheAreaOfTheTabControl)
@@ -113,11 +164,11 @@ TEST_F(Templates, PageFillsTheAreaOfTheTabControl)
 
 TEST_F(Templates, SkinnedButtonsAreAtLeast26PixelsWideAndHigh)
 {
-    for (const TemplateDialog* dialog : {&m_form, &m_page})
+    for (const TemplateDialog* dialog : m_all)
     {
         for (const HWND child : dialog->Children())
         {
-            if (ClassOf(child) == Button)
+            if (ClassOf(child) == Button && NumberOf(child) != IDC_SETTINGS_PURGE)
             {
                 EXPECT_GE(Width(dialog->Place(child)), 26) << NumberOf(child);
                 EXPECT_GE(Height(dialog->Place(child)), 26) << NumberOf(child);
@@ -169,17 +220,19 @@ TEST_F(Templates, TheWholeThirdValueCoversItsShortFormAndShowsTwoLines)
 
 TEST_F(Templates, TextsOfTheTemplatesFitTheirControls)
 {
-    for (const TemplateDialog* dialog : {&m_form, &m_page})
+    constexpr int boxAndGap = 20; // pixels
+    for (const TemplateDialog* dialog : m_all)
     {
         for (const HWND child : dialog->Children())
         {
-            if (NumberOf(child) == IDC_FORM_MINIMISE || NumberOf(child) == IDC_FORM_CLOSE_BOX)
+            if ((GetWindowLongPtrW(child, GWL_EXSTYLE) & WS_EX_TRANSPARENT) != 0)
             {
                 continue; // pictures, whose texts are not drawn
             }
             const bool bold = NumberOf(child) == IDC_ALLOW_LABEL;
             const SIZE size = TextSize(child, TextOf(child), bold ? FW_BOLD : FW_NORMAL);
-            EXPECT_LE(size.cx, Width(dialog->Place(child))) << NumberOf(child);
+            const int room = Width(dialog->Place(child)) - (NumberOf(child) == IDC_SETTINGS_PURGE ? boxAndGap : 0);
+            EXPECT_LE(size.cx, room) << NumberOf(child);
         }
     }
 }
@@ -211,10 +264,30 @@ TEST_F(Templates, TheRecordListShowsAllColumnsOfTheFirewallLogBesideAScrollBar)
     EXPECT_GE(Width(client), Columns + GetSystemMetrics(SM_CXVSCROLL));
 }
 
-TEST_F(Templates, TheComboBoxOpensFarEnoughForAllLogs)
+TEST_F(Templates, TheComboBoxesOpenFarEnoughForAllTheirEntries)
 {
-    RECT open{};
-    SendMessageW(m_page.Item(IDC_LOG_TYPE), CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&open));
-    const LRESULT entry = SendMessageW(m_page.Item(IDC_LOG_TYPE), CB_GETITEMHEIGHT, 0, 0);
-    EXPECT_GE(Height(open), std::ssize(LogKinds()) * entry);
+    constexpr int spans = 5; // that entries can be kept
+    for (const auto& [combo, entries] : {std::pair{m_page.Item(IDC_LOG_TYPE), std::ssize(LogKinds())},
+                                         std::pair{m_settings.Item(IDC_SETTINGS_FREQUENCY), std::ptrdiff_t{spans}}})
+    {
+        RECT open{};
+        SendMessageW(combo, CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&open));
+        EXPECT_GE(Height(open), entries * SendMessageW(combo, CB_GETITEMHEIGHT, 0, 0)) << NumberOf(combo);
+    }
+}
+
+TEST_F(Templates, TextsOfTheSmallDialogsFitTheirPlaces)
+{
+    const auto expectRoom = [](const TemplateDialog& dialog, int control, int text, int taken, LONG weight)
+    {
+        EXPECT_LE(TextSize(dialog.Item(control), LanguageText(text), weight).cx, Width(dialog.Place(control)) - taken)
+            << text;
+    };
+    const int arrow = GetSystemMetrics(SM_CXVSCROLL) + 8; // and the edges
+    expectRoom(m_settings, IDC_SETTINGS_HEADING, IDS_SETTINGS_HEADING, 0, FW_BOLD);
+    expectRoom(m_deletion, IDC_DELETE_HEADING, IDS_DELETE_HEADING, 0, FW_BOLD);
+    for (const int span : {IDS_KEEP_7_DAYS, IDS_KEEP_14_DAYS, IDS_KEEP_30_DAYS, IDS_KEEP_45_DAYS, IDS_KEEP_60_DAYS})
+    {
+        expectRoom(m_settings, IDC_SETTINGS_FREQUENCY, span, arrow, FW_NORMAL);
+    }
 }

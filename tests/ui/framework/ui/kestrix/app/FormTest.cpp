@@ -1,42 +1,5 @@
 #include "tests/ui/framework/ui/kestrix/app/FormTest.h"
 
-namespace
-{
-
-constexpr UINT NextStep = WM_APP + 1;
-constexpr UINT_PTR LimitTimer = 4711;
-constexpr UINT Limit = 20'000; // milliseconds
-
-} // namespace
-
-const MessageMap& ScriptedForm::Map()
-{
-    static constexpr auto rows =
-        MessageRows(On::Message<NextStep, &ScriptedForm::OnNextStep>, On::Message<WM_TIMER, &ScriptedForm::OnTimer>);
-    static constexpr MessageMap map{rows, &CLogFormDlg::Map};
-    return map;
-}
-
-INT_PTR ScriptedForm::Run(std::vector<Step> steps)
-{
-    m_steps = std::move(steps);
-    m_nStep = 0;
-    return DoModal();
-}
-
-INT_PTR ScriptedForm::RunToItsOwnEnd(std::vector<Step> steps)
-{
-    m_bEndsItself = true;
-    return Run(std::move(steps));
-}
-
-BOOL ScriptedForm::OnInitDialog()
-{
-    ::SetTimer(m_hWnd, LimitTimer, Limit, nullptr);
-    PostMessage(NextStep);
-    return CLogFormDlg::OnInitDialog();
-}
-
 CKestrixDlg* ScriptedForm::Page() const
 {
     for (HWND child = ::GetWindow(m_hWnd, GW_CHILD); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT))
@@ -47,28 +10,6 @@ CKestrixDlg* ScriptedForm::Page() const
         }
     }
     return nullptr;
-}
-
-LRESULT ScriptedForm::OnNextStep(WPARAM, LPARAM)
-{
-    if (m_nStep < m_steps.size())
-    {
-        m_steps[m_nStep++]();
-        PostMessage(NextStep);
-    }
-    else if (!m_bEndsItself)
-    {
-        EndDialog(EndedByTest);
-    }
-    return 0;
-}
-
-void ScriptedForm::OnTimer(UINT_PTR timer)
-{
-    if (timer == LimitTimer)
-    {
-        EndDialog(EndedByLimit);
-    }
 }
 
 FormTest::FormTest()

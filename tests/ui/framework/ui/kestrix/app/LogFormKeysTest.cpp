@@ -7,9 +7,6 @@
 namespace
 {
 
-// Alt with a letter, as the system sends it.
-constexpr LPARAM AltIsDown = 0x20000001;
-
 class LogFormKeysTest : public KeysFormTest
 {
 protected:
