@@ -5,6 +5,7 @@
 #include "framework/ui/kestrix/app/ProductName.h"
 #include "framework/ui/kestrix/app/PushButtonSkin.h"
 #include "framework/ui/kestrix/app/page/PageHost.h"
+#include "framework/ui/kestrix/app/page/PurgeFlow.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "resource/resource.h"
 
@@ -32,7 +33,8 @@ const MessageMap& CKestrixDlg::Map()
                     On::Control<STN_CLICKED, IDC_INFO_VALUE_2, &CKestrixDlg::OnStnClickedMoreInfo>,
                     On::Control<STN_CLICKED, IDC_INFO_VALUE_0_LINK, &CKestrixDlg::OnStnClickedTypesValue>,
                     On::Command<IDC_ALLOW, &CKestrixDlg::OnBnClickedBtnAddRule>,
-                    On::Command<IDC_VIEW, &CKestrixDlg::OnBnClickedBtnView>);
+                    On::Command<IDC_VIEW, &CKestrixDlg::OnBnClickedBtnView>,
+                    On::Command<IDC_SETTING, &CKestrixDlg::OnBnClickedBtnSetting>);
     static constexpr MessageMap map{rows, &CBitmapDialog::Map};
     return map;
 }
@@ -312,6 +314,25 @@ void CKestrixDlg::OnBnClickedBtnView()
     m_DetailPane.Clear();
     RefreshLog(AnyReason);
     VD_TRACE(Flow, L"[Leave] CKestrixDlg::OnBnClickedBtnView()");
+}
+
+// The service of this computer keeps entries of the database alone.
+void CKestrixDlg::OnBnClickedBtnSetting()
+{
+    if (m_bIsLocal)
+    {
+        ChangePurgeSettings();
+    }
+}
+
+// The list shows the records until the service tells that they are gone.
+void CKestrixDlg::OnBnClickedBtnDelete()
+{
+    if (m_bIsLocal && Kind() != nullptr && DeleteEntries(m_DateList, *Kind()))
+    {
+        m_DetailPane.ClearValues();
+        m_DetailPane.ShowShortText();
+    }
 }
 
 void CKestrixDlg::RefreshLog(int)

@@ -37,6 +37,9 @@ public:
     // Loads the selected date.
     void OnSelchangeLogDate();
 
+    // Asks for the day up to which entries of the log are deleted, and has the service delete them.
+    void OnBnClickedBtnDelete();
+
     // Builds the page anew for m_nLogType, after a switch to another log or a purge, and loads the newest date; while
     // an operation of the log runs, after that. The reason is not looked at.
     void RefreshLog(int reason);
@@ -91,6 +94,7 @@ private:
     void OnStnClickedMoreInfo();
     void OnBnClickedBtnAddRule();
     void OnBnClickedBtnView();
+    void OnBnClickedBtnSetting();
 
     void SetFonts();
     bool TakeProvider();

@@ -41,7 +41,8 @@ const MessageMap& CLogFormDlg::Map()
         On::Command<IDC_FORM_MINIMISE, &CLogFormDlg::OnBnClickedMinimise>,
         On::Command<IDC_FORM_CLOSE_BOX, &CLogFormDlg::OnCancel>, On::Command<IDC_FORM_CLOSE, &CLogFormDlg::OnCancel>,
         On::Command<ID_HELP, &CLogFormDlg::OnHelp>, On::Command<IDC_FORM_HELP, &CLogFormDlg::OnBnClickedBtnHelp>,
-        On::Command<IDC_FORM_EXPORT, &CLogFormDlg::OnBnClickedBtnExport>);
+        On::Command<IDC_FORM_EXPORT, &CLogFormDlg::OnBnClickedBtnExport>,
+        On::Command<IDC_FORM_DELETE, &CLogFormDlg::OnBnClickedBtnDelete>);
     static constexpr MessageMap map{rows, &CFramedDialog::Map};
     return map;
 }

@@ -51,6 +51,8 @@ private:
     void OnBnClickedBtnHelp();
     void OnBnClickedBtnExport();
 
+    void OnBnClickedBtnDelete() { m_LogPage.OnBnClickedBtnDelete(); }
+
     void SetIcons();
     void HandValuesToPages();
     void CreatePages();

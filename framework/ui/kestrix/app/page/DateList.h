@@ -35,6 +35,12 @@ public:
     // Empty when none is selected.
     std::wstring SelectedText() const { return GetText(GetCurSel()); }
 
+    // Of the daily files that are listed: the size of all, and of each by its date text, in bytes. Nothing for days of
+    // the provider.
+    std::uint32_t FileBytes() const { return m_nLogFileBytes; }
+
+    const std::map<std::wstring, std::uint32_t>& FileSizes() const { return m_mapLogFiles; }
+
 private:
     bool FillFromProvider(const DaySource& source);
     void FillFromFiles(const DaySource& source);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/dialog/Ole.h"
 #include "tests/support/ControllerDouble.h"
+#include "tests/support/OleApartment.h"
 #include "tests/support/TraceRecorder.h"
 
 #include <gtest/gtest.h>
@@ -20,14 +20,7 @@ protected:
 
     ~ControllerTest() override { EXPECT_EQ(m_controller.References(), 0); }
 
-    struct Apartment
-    {
-        Apartment() { AfxOleInit(); }
-
-        ~Apartment() { AfxOleTerm(); }
-    };
-
-    const Apartment m_apartment;
+    const OleApartment m_apartment;
     ControllerDouble m_controller;
-    const TraceRecorder m_trace;
+    TraceRecorder m_trace;
 };

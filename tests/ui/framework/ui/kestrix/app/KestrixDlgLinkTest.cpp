@@ -3,6 +3,7 @@
 #include "resource/resource.h"
 #include "tests/support/ChangedLanguageFile.h"
 #include "tests/support/ControllerDouble.h"
+#include "tests/support/OleApartment.h"
 #include "tests/support/StartRecorder.h"
 #include "tests/support/TraceRecorder.h"
 #include "tests/ui/framework/ui/kestrix/app/PageTest.h"
@@ -15,13 +16,6 @@ namespace
 constexpr auto Refused = static_cast<HRESULT>(0x80040201);
 
 using Start = StartRecorder::Start;
-
-struct Apartment
-{
-    Apartment() { AfxOleInit(); }
-
-    ~Apartment() { AfxOleTerm(); }
-};
 
 // The page with a record of this threat selected.
 class KestrixDlgLinkTest : public PageTest
@@ -58,7 +52,7 @@ protected:
         return address.replace(address.find(L"%s"), 2, name);
     }
 
-    const Apartment m_apartment;
+    const OleApartment m_apartment;
     ControllerDouble m_controller;
     const TraceRecorder m_trace;
     StartRecorder m_starts;

@@ -1,8 +1,8 @@
 // The end of a purge that comes in while the page waits for the service: the log object is made anew inside the call.
 
-#include "platform/dialog/WinApp.h"
 #include "resource/resource.h"
 #include "tests/support/ControllerDouble.h"
+#include "tests/support/OleApartment.h"
 #include "tests/support/StartRecorder.h"
 #include "tests/ui/framework/ui/kestrix/app/DatabasePageTest.h"
 
@@ -59,14 +59,7 @@ protected:
     }
 
 private:
-    struct Apartment
-    {
-        Apartment() { AfxOleInit(); }
-
-        ~Apartment() { AfxOleTerm(); }
-    };
-
-    const Apartment m_apartment;
+    const OleApartment m_apartment;
 
 protected:
     StartRecorder m_starts;

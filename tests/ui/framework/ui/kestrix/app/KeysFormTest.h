@@ -16,6 +16,12 @@ protected:
         ::PostMessageW(target, WM_KEYUP, key, 1);
     }
 
+    static bool TakesKeys(HWND control)
+    {
+        const CWindow window(control);
+        return window.IsWindowVisible() && window.IsWindowEnabled() && (window.GetStyle() & WS_TABSTOP) != 0;
+    }
+
     HWND PageItem(UINT control) const { return m_form.Page()->GetDlgItem(static_cast<int>(control)); }
 
     // Selects the first record, as the arrow keys do.

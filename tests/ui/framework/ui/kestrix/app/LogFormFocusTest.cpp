@@ -11,12 +11,6 @@ int FocusId()
     return ::GetDlgCtrlID(::GetFocus());
 }
 
-bool TakesKeys(HWND control)
-{
-    const CWindow window(control);
-    return window.IsWindowVisible() && window.IsWindowEnabled() && (window.GetStyle() & WS_TABSTOP) != 0;
-}
-
 class LogFormFocusTest : public KeysFormTest
 {
 protected:
