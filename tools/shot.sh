@@ -26,9 +26,11 @@ find_window() {
   [[ -n $window ]]
 }
 
-# take_picture FILE: the window alone, cut out of the screen.
+# take_picture FILE: the window and what stands before it, cut out of the screen.
 take_picture() {
-  import-im6.q16 -window "$window" "PNG24:$1"
+  local WINDOW SCREEN X Y WIDTH HEIGHT
+  eval "$(xdotool getwindowgeometry --shell "$window")"
+  import-im6.q16 -window root -crop "${WIDTH}x$HEIGHT+$X+$Y" +repage "PNG24:$1"
 }
 
 # True when the window shows more than plain areas and two pictures in turn are equal, the second left in FILE.
