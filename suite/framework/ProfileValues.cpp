@@ -1,7 +1,6 @@
 #include "suite/framework/ProfileValues.h"
 
 #include "suite/framework/FirewallRules.h"
-#include "suite/framework/PurgeSettings.h"
 #include "suite/framework/Shape.h"
 
 #include <algorithm>
@@ -72,6 +71,7 @@ HRESULT ProfileValues::Query(const ValueKey& key, List& list) const
     {
         return Unknown;
     }
+    const std::lock_guard guard(m_mutex);
     list = row->get(m_store);
     return Success;
 }
@@ -87,8 +87,15 @@ HRESULT ProfileValues::Set(const ValueKey& key, const List& list)
     {
         return E_INVALIDARG;
     }
+    const std::lock_guard guard(m_mutex);
     row->set(m_store, list);
     return Success;
+}
+
+PurgeSettings ProfileValues::Purging() const
+{
+    const std::lock_guard guard(m_mutex);
+    return ReadPurgeSettings();
 }
 
 } // namespace Framework

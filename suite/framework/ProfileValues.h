@@ -1,7 +1,10 @@
 #pragma once
 
+#include "suite/framework/PurgeSettings.h"
 #include "suite/framework/ValueSource.h"
 #include "suite/framework/ValueStore.h"
+
+#include <mutex>
 
 namespace Framework
 {
@@ -19,8 +22,11 @@ public:
     HRESULT Query(const ValueKey& key, List& list) const override;
     HRESULT Set(const ValueKey& key, const List& list) override;
 
+    PurgeSettings Purging() const;
+
 private:
     ValueStore& m_store;
+    mutable std::mutex m_mutex; // a value may lie in several places, and nobody sees a half of it
 };
 
 } // namespace Framework

@@ -18,16 +18,28 @@ void Read(const wchar_t* name, std::uint32_t& number)
 {
     DWORD value = 0;
     DWORD size = sizeof value;
-    if (RegGetValueW(HKEY_LOCAL_MACHINE, Key, name, RRF_RT_REG_DWORD, nullptr, &value, &size) == ERROR_SUCCESS)
+    if (RegGetValueW(HKEY_LOCAL_MACHINE, Key, name, RRF_RT_REG_DWORD, nullptr, &value, &size) == ERROR_SUCCESS &&
+        size == sizeof value)
     {
         number = value;
     }
 }
 
-void Write(const wchar_t* name, std::uint32_t number)
+struct Change
+{
+    const wchar_t* name;
+    std::uint32_t before;
+    std::uint32_t after;
+};
+
+LSTATUS Store(const wchar_t* name, std::uint32_t number)
 {
     const DWORD value = number;
-    const LSTATUS status = RegSetKeyValueW(HKEY_LOCAL_MACHINE, Key, name, REG_DWORD, &value, sizeof value);
+    return RegSetKeyValueW(HKEY_LOCAL_MACHINE, Key, name, REG_DWORD, &value, sizeof value);
+}
+
+void Require(LSTATUS status)
+{
     if (status != ERROR_SUCCESS)
     {
         throw std::system_error(static_cast<int>(status), std::system_category(),
@@ -47,8 +59,20 @@ PurgeSettings ReadPurgeSettings()
 
 void WritePurgeSettings(const PurgeSettings& settings)
 {
-    Write(DaysName, settings.days);
-    Write(FlagName, settings.flag);
+    const PurgeSettings before = ReadPurgeSettings();
+    const Change days{DaysName, before.days, settings.days};
+    const Change flag{FlagName, before.flag, settings.flag};
+    // The purge is off before it could take more, and knows how much when it comes on.
+    const bool isOff = settings.flag == 0;
+    const Change& first = isOff ? flag : days;
+    const Change& second = isOff ? days : flag;
+    Require(Store(first.name, first.after));
+    const LSTATUS status = Store(second.name, second.after);
+    if (status != ERROR_SUCCESS)
+    {
+        Store(first.name, first.before);
+    }
+    Require(status);
 }
 
 } // namespace Framework

@@ -24,7 +24,8 @@ constexpr bool AreSensible(const PurgeSettings& settings)
 // A value that is missing, or no number, has its default.
 PurgeSettings ReadPurgeSettings();
 
-// Throws std::system_error.
+// Throws std::system_error, and the settings are then what they were. A process that ends between the two values leaves
+// settings that take nothing that the new ones would not take. Not for two threads at once.
 void WritePurgeSettings(const PurgeSettings& settings);
 
 } // namespace Framework
