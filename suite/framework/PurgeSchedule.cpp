@@ -12,15 +12,17 @@ constexpr std::uint32_t SwitchedOn = 1;
 
 } // namespace
 
-std::optional<std::uint32_t> DuePurge(const PurgeSettings& settings, std::optional<std::uint32_t> last,
-                                      std::chrono::year_month_day today)
+std::optional<ScheduledPurge> DuePurge(const PurgeSettings& settings, const std::optional<ScheduledPurge>& last,
+                                       std::chrono::year_month_day today)
 {
-    const std::chrono::sys_days now = today;
-    if (settings.flag != SwitchedOn || last == DayOf(today) || !AreSensible(settings))
+    if (settings.flag != SwitchedOn || !AreSensible(settings))
     {
         return std::nullopt;
     }
-    return DayOf(now - std::chrono::days(settings.days) - std::chrono::days(1));
+    const std::chrono::sys_days now = today;
+    const ScheduledPurge due{DayOf(today), DayOf(now - std::chrono::days(settings.days) - std::chrono::days(1))};
+    const bool isDone = last && last->day == due.day && last->through >= due.through;
+    return isDone ? std::nullopt : std::optional(due);
 }
 
 } // namespace Framework

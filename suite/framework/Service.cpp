@@ -3,7 +3,7 @@
 #include "suite/database/LogKinds.h"
 #include "suite/framework/Day.h"
 #include "suite/framework/PurgeCommand.h"
-#include "suite/framework/PurgeSchedule.h"
+#include "suite/framework/Shape.h"
 #include "suite/framework/Trace.h"
 
 #include <exception>
@@ -19,13 +19,18 @@ constexpr ValueKey Purge{22, 1};
 constexpr std::uint32_t ExitEvent = 1;
 constexpr std::uint32_t CompletionEvent = 4;
 
-// Where the store keeps the day of the last scheduled purge, one number. No client reaches it.
+// Where the store keeps the last scheduled purge that was done, its two days. No client reaches it.
 constexpr ValueKey LastPurge{0, 1};
+constexpr Element LastPurgeElements[] = {Element::Number, Element::Number};
 
-std::optional<std::uint32_t> FirstNumber(const std::optional<List>& list)
+std::optional<ScheduledPurge> StoredPurge(const ValueStore& store)
 {
-    const bool isNumber = list && !list->empty() && std::holds_alternative<std::uint32_t>(list->front());
-    return isNumber ? std::optional(std::get<std::uint32_t>(list->front())) : std::nullopt;
+    const std::optional<List> list = store.Get(LastPurge);
+    if (!list || !HasShape(*list, LastPurgeElements))
+    {
+        return std::nullopt;
+    }
+    return ScheduledPurge{std::get<std::uint32_t>((*list)[0]), std::get<std::uint32_t>((*list)[1])};
 }
 
 } // namespace
@@ -36,7 +41,8 @@ Service::Service(ObjectTable& objects, ValueStore& store, EventLogs& logs, const
       m_logs(logs),
       m_calendar(calendar),
       m_profile(store),
-      m_property(store.Folder())
+      m_property(store.Folder()),
+      m_lastTry(StoredPurge(store))
 {
 }
 
@@ -68,16 +74,10 @@ void Service::RaiseExit()
 
 void Service::PurgeIfDue()
 {
-    const std::chrono::year_month_day date = m_calendar.Today();
-    const std::uint32_t today = DayOf(date);
-    if (m_lastTry == today)
+    if (const auto due = DuePurge(m_profile.Purging(), m_lastTry, m_calendar.Today()))
     {
-        return;
-    }
-    if (const auto through = DuePurge(ReadPurgeSettings(), FirstNumber(m_store.Get(LastPurge)), date))
-    {
-        m_lastTry = today;
-        m_worker.Post([this, through = *through, today, lock = ServiceLock(m_objects)] { PurgeAll(through, today); });
+        m_lastTry = due;
+        m_worker.Post([this, due = *due, lock = ServiceLock(m_objects)] { PurgeAll(due); });
     }
 }
 
@@ -95,12 +95,12 @@ bool Service::Delete(std::uint32_t kind, std::uint32_t day)
     }
 }
 
-void Service::PurgeAll(std::uint32_t through, std::uint32_t today)
+void Service::PurgeAll(const ScheduledPurge& purge)
 {
     bool isDone = true;
     for (const EventLog::LogKind& kind : EventLog::AllLogKinds())
     {
-        isDone = Delete(kind.subType, through) && isDone;
+        isDone = Delete(kind.subType, purge.through) && isDone;
     }
     if (!isDone)
     {
@@ -108,7 +108,7 @@ void Service::PurgeAll(std::uint32_t through, std::uint32_t today)
     }
     try
     {
-        m_store.Set(LastPurge, {today});
+        m_store.Set(LastPurge, {purge.day, purge.through});
     }
     catch (const std::exception& error)
     {

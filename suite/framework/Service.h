@@ -4,6 +4,7 @@
 #include "suite/framework/ObjectTable.h"
 #include "suite/framework/ProfileValues.h"
 #include "suite/framework/PropertyValues.h"
+#include "suite/framework/PurgeSchedule.h"
 #include "suite/framework/Worker.h"
 
 #include <chrono>
@@ -64,7 +65,7 @@ public:
 
 private:
     bool Delete(std::uint32_t kind, std::uint32_t day);
-    void PurgeAll(std::uint32_t through, std::uint32_t today);
+    void PurgeAll(const ScheduledPurge& purge);
 
     ObjectTable& m_objects;
     ValueStore& m_store;
@@ -73,8 +74,8 @@ private:
     ProfileValues m_profile;
     PropertyValues m_property;
     EventHub m_events;
-    std::optional<std::uint32_t> m_lastTry; // the day of the last scheduled purge of this process
-    Worker m_worker;                        // first to go, since its work uses the others
+    std::optional<ScheduledPurge> m_lastTry; // of this process, or else the last one that was done
+    Worker m_worker;                         // first to go, since its work uses the others
 };
 
 } // namespace Framework

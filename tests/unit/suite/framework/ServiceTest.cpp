@@ -119,12 +119,24 @@ TEST_F(ServiceTest, AScheduledPurgeThatFailedForOneKindIsNotDone)
     EXPECT_GT(m_logs.Done().size(), before);
 }
 
-TEST_F(ServiceTest, TheScheduledPurgeFollowsTheSettingsOfTheMoment)
+// The day of the last purge held up the next one, whatever it took: whoever chose 7 days saw entries of a month until
+// the next day.
+TEST_F(ServiceTest, TheScheduledPurgeFollowsTheSettingsOfTheMomentAlsoOnTheDayOfTheLastOne)
 {
-    WritePurgeSettings({7, 0});
-    EXPECT_EQ(ScheduledPurge(), 0u);
-    EXPECT_EQ(m_service.Profile().Set({113, 2}, {60u, 1u}), Success);
-    EXPECT_EQ(ScheduledPurge(), 20260920u);
+    struct Step
+    {
+        std::uint32_t days;
+        std::uint32_t flag;
+        std::uint32_t through; // 0: no purge
+    };
+
+    constexpr Step steps[] = {{7, 0, 0},  {60, 1, 20260920}, {60, 1, 0},        {30, 1, 20261020}, {45, 1, 0},
+                              {30, 1, 0}, {14, 0, 0},        {14, 1, 20261105}, {7, 1, 20261112},  {60, 1, 0}};
+    for (const Step& step : steps)
+    {
+        EXPECT_EQ(m_service.Profile().Set({113, 2}, {step.days, step.flag}), Success);
+        EXPECT_EQ(ScheduledPurge(), step.through) << step.days << ", " << step.flag;
+    }
 }
 
 TEST_F(ServiceTest, TheCategoryGroupsOfTheUrlFilterLieBesideTheKeptValues)
