@@ -34,6 +34,7 @@ SHAPES = {
     "purge_type": r"\d+",
     "time_token": r"\d+",
     "file_forms": f"({FORM}( {FORM})*)?",
+    "title": "[A-Za-z ]+",
 }
 
 ANY_SOURCE = "0-4294967295"
@@ -95,7 +96,8 @@ def source(kinds):
         if kind.file_forms:
             name = f"{kind.extension}Forms"
             forms += f"constexpr FileForm {name}[] = {{{', '.join(form_rows(kind))}}};\n"
-        rows += f'    {{L"{kind.extension}", {kind.sub_type}, {kind.purge_type}, {kind.time_token}, {name or "{}"}}},\n'
+        rows += (f'    {{L"{kind.extension}", {kind.sub_type}, {kind.purge_type}, {kind.time_token}, {name or "{}"}, '
+                 f'"{kind.title}"}},\n')
     return SOURCE.format(forms=forms, kinds=rows)
 
 

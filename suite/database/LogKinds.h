@@ -26,6 +26,7 @@ struct LogKind
     std::uint32_t purgeType;             // its number in an order to purge, the log's command code
     std::uint32_t timeToken;             // the token of its lines that holds the time
     std::span<const FileForm> fileForms; // the first that fits counts; none when both forms are the same
+    std::string_view title;              // in English, as the help has it
 };
 
 std::span<const LogKind> AllLogKinds();

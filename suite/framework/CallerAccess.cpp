@@ -1,6 +1,7 @@
 #include "suite/framework/CallerAccess.h"
 
 #include "suite/common/KernelHandle.h"
+#include "suite/framework/Caller.h"
 
 #include <objbase.h>
 
@@ -28,10 +29,8 @@ std::vector<BYTE> UserOfThisProcess()
     HANDLE opened = nullptr;
     Require(OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &opened));
     const Suite::KernelHandle token(opened);
-    DWORD size = 0;
-    GetTokenInformation(token.get(), TokenUser, nullptr, 0, &size);
-    std::vector<BYTE> user(size);
-    Require(GetTokenInformation(token.get(), TokenUser, user.data(), size, &size));
+    std::vector<BYTE> user = UserOf(token.get());
+    Require(!user.empty());
     return user;
 }
 

@@ -24,9 +24,9 @@ public:
 private:
     using WellKnownSid = std::array<BYTE, SECURITY_MAX_SID_SIZE>;
 
-    PSID User() { return reinterpret_cast<TOKEN_USER*>(m_user.data())->User.Sid; }
+    PSID User() { return m_user.data(); }
 
-    std::vector<BYTE> m_user; // a TOKEN_USER and what it points to
+    std::vector<BYTE> m_user; // a SID
     WellKnownSid m_interactive{};
     WellKnownSid m_system{};
     std::vector<BYTE> m_acl;

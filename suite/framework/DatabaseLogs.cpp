@@ -1,15 +1,16 @@
 #include "suite/framework/DatabaseLogs.h"
 
-#include "suite/database/EventDatabase.h"
-
 namespace Framework
 {
 
-DatabaseLogs::DatabaseLogs(const std::filesystem::path& folder) : m_file(folder / EventLog::DatabaseFileName) {}
-
-void DatabaseLogs::DeleteThrough(std::uint32_t kind, std::uint32_t day)
+DatabaseLogs::DatabaseLogs(const std::filesystem::path& folder, std::chrono::milliseconds busyTimeout)
+    : m_file(folder / EventLog::DatabaseFileName), m_busyTimeout(busyTimeout)
 {
-    EventLog::EventDatabase::Open(m_file).DeleteThrough(kind, day);
+}
+
+std::uint64_t DatabaseLogs::DeleteThrough(std::uint32_t kind, std::uint32_t day)
+{
+    return EventLog::EventDatabase::Open(m_file, m_busyTimeout).DeleteThrough(kind, day);
 }
 
 } // namespace Framework

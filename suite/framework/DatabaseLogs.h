@@ -1,5 +1,6 @@
 #pragma once
 
+#include "suite/database/EventDatabase.h"
 #include "suite/framework/Service.h"
 
 #include <filesystem>
@@ -11,12 +12,15 @@ namespace Framework
 class DatabaseLogs : public EventLogs
 {
 public:
-    explicit DatabaseLogs(const std::filesystem::path& folder);
+    // busyTimeout: how long a deletion waits for a file that somebody else has locked.
+    explicit DatabaseLogs(const std::filesystem::path& folder,
+                          std::chrono::milliseconds busyTimeout = EventLog::EventDatabase::BusyTimeout);
 
-    void DeleteThrough(std::uint32_t kind, std::uint32_t day) override;
+    std::uint64_t DeleteThrough(std::uint32_t kind, std::uint32_t day) override;
 
 private:
     const std::filesystem::path m_file;
+    const std::chrono::milliseconds m_busyTimeout;
 };
 
 } // namespace Framework

@@ -1,12 +1,10 @@
 #include "suite/framework/ObjectTable.h"
 
 #include "suite/common/ComPtr.h"
+#include "suite/framework/Caller.h"
 #include "suite/framework/Trace.h"
 
 #include <objbase.h>
-#include <rpc.h>
-
-#include <rpcdcep.h>
 
 #include <memory>
 #include <new>
@@ -18,13 +16,6 @@ namespace Framework
 
 namespace
 {
-
-// The process whose call is being served by this thread; this one when there is no call from another.
-DWORD CallingProcess()
-{
-    unsigned long process = 0;
-    return I_RpcBindingInqLocalClientPID(nullptr, &process) == RPC_S_OK ? process : GetCurrentProcessId();
-}
 
 struct WaitEnder
 {

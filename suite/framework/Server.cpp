@@ -194,7 +194,8 @@ void Serve(const Options& options)
     ValueStore store(folder);
     DatabaseLogs logs(folder);
     const LocalCalendar calendar;
-    Service service(objects, store, logs, calendar);
+    const Journal journal(folder);
+    Service service(objects, store, logs, calendar, journal);
     const auto factory = Suite::ComPtr<ClassFactory>::Attach(new ClassFactory(service));
     {
         const ClassRegistration registration(*factory.Get());

@@ -1,8 +1,8 @@
 #include "suite/framework/Service.h"
 
 #include "suite/database/LogKinds.h"
+#include "suite/framework/Caller.h"
 #include "suite/framework/Day.h"
-#include "suite/framework/PurgeCommand.h"
 #include "suite/framework/Shape.h"
 #include "suite/framework/Trace.h"
 
@@ -33,13 +33,22 @@ std::optional<ScheduledPurge> StoredPurge(const ValueStore& store)
     return ScheduledPurge{std::get<std::uint32_t>((*list)[0]), std::get<std::uint32_t>((*list)[1])};
 }
 
+// As in "Virus log through 2026-11-14".
+std::string NameOf(const PurgeCommand& purge)
+{
+    const EventLog::LogKind* const kind = EventLog::FindKindOfSubType(purge.kind);
+    return std::string(kind->title) + " through " + TextOf(purge.day);
+}
+
 } // namespace
 
-Service::Service(ObjectTable& objects, ValueStore& store, EventLogs& logs, const Calendar& calendar)
+Service::Service(ObjectTable& objects, ValueStore& store, EventLogs& logs, const Calendar& calendar,
+                 const Journal& journal)
     : m_objects(objects),
       m_store(store),
       m_logs(logs),
       m_calendar(calendar),
+      m_journal(journal),
       m_profile(store),
       m_property(store.Folder()),
       m_lastTry(StoredPurge(store))
@@ -58,9 +67,9 @@ HRESULT Service::DoCommand(const ValueKey& command, const List& list)
         return E_INVALIDARG;
     }
     m_worker.Post(
-        [this, purge = *purge, lock = ServiceLock(m_objects)]
+        [this, purge = *purge, caller = Caller(), lock = ServiceLock(m_objects)]
         {
-            const HRESULT result = Delete(purge.kind, purge.day) ? Success : E_FAIL;
+            const HRESULT result = PurgeByOrder(purge, caller.Name()) ? Success : E_FAIL;
             m_events.Raise(
                 {CompletionEvent, Purge.type, Purge.subType, static_cast<std::uint32_t>(result), purge.kind});
         });
@@ -74,33 +83,41 @@ void Service::RaiseExit()
 
 void Service::PurgeIfDue()
 {
-    if (const auto due = DuePurge(m_profile.Purging(), m_lastTry, m_calendar.Today()))
+    const PurgeSettings settings = m_profile.Purging();
+    if (const auto due = DuePurge(settings, m_lastTry, m_calendar.Today()))
     {
         m_lastTry = due;
-        m_worker.Post([this, due = *due, lock = ServiceLock(m_objects)] { PurgeAll(due); });
+        m_worker.Post([this, due = *due, days = settings.days, lock = ServiceLock(m_objects)]
+                      { PurgeBySchedule(due, days); });
     }
 }
 
-bool Service::Delete(std::uint32_t kind, std::uint32_t day)
+bool Service::PurgeByOrder(const PurgeCommand& purge, const std::string& caller)
 {
-    try
+    // The order stands there first, so that it is found also when the process ends in the middle.
+    m_journal.Write(NameOf(purge) + ": deletion ordered by " + caller);
+    const std::optional<std::uint64_t> deleted = Delete(purge);
+    if (deleted)
     {
-        m_logs.DeleteThrough(kind, day);
-        return true;
+        m_journal.Write(NameOf(purge) + ": " + std::to_string(*deleted) + " entries deleted, by order of " + caller);
     }
-    catch (const std::exception& error)
-    {
-        Trace(std::string("The events up to ") + std::to_string(day) + " cannot be deleted: " + error.what());
-        return false;
-    }
+    return deleted.has_value();
 }
 
-void Service::PurgeAll(const ScheduledPurge& purge)
+void Service::PurgeBySchedule(const ScheduledPurge& purge, std::uint32_t days)
 {
+    const std::string word = " by the schedule, which keeps " + std::to_string(days) + " days";
+    m_journal.Write("All logs through " + TextOf(purge.through) + ": deletion begun" + word);
     bool isDone = true;
     for (const EventLog::LogKind& kind : EventLog::AllLogKinds())
     {
-        isDone = Delete(kind.subType, purge.through) && isDone;
+        const PurgeCommand ofKind{kind.subType, purge.through};
+        const std::optional<std::uint64_t> deleted = Delete(ofKind);
+        if (deleted.value_or(0) > 0)
+        {
+            m_journal.Write(NameOf(ofKind) + ": " + std::to_string(*deleted) + " entries deleted" + word);
+        }
+        isDone = deleted && isDone;
     }
     if (!isDone)
     {
@@ -113,6 +130,20 @@ void Service::PurgeAll(const ScheduledPurge& purge)
     catch (const std::exception& error)
     {
         Trace(error.what());
+    }
+}
+
+// The number of events; nothing when they cannot be deleted, and then all are there.
+std::optional<std::uint64_t> Service::Delete(const PurgeCommand& purge)
+{
+    try
+    {
+        return m_logs.DeleteThrough(purge.kind, purge.day);
+    }
+    catch (const std::exception& error)
+    {
+        m_journal.Write(NameOf(purge) + ": no entry deleted: " + error.what());
+        return std::nullopt;
     }
 }
 

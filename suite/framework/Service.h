@@ -1,9 +1,11 @@
 #pragma once
 
 #include "suite/framework/EventHub.h"
+#include "suite/framework/Journal.h"
 #include "suite/framework/ObjectTable.h"
 #include "suite/framework/ProfileValues.h"
 #include "suite/framework/PropertyValues.h"
+#include "suite/framework/PurgeCommand.h"
 #include "suite/framework/PurgeSchedule.h"
 #include "suite/framework/Worker.h"
 
@@ -20,9 +22,9 @@ class EventLogs
 public:
     virtual ~EventLogs() = default;
 
-    // Deletes the events of a kind, as queries name it, up to and including the day, YYYYMMDD. Throws an exception of
-    // std when that fails. Called by one thread.
-    virtual void DeleteThrough(std::uint32_t kind, std::uint32_t day) = 0;
+    // Deletes the events of a kind, as queries name it, up to and including the day, YYYYMMDD, and returns their
+    // number. Throws an exception of std when that fails; then all are there. Called by one thread.
+    virtual std::uint64_t DeleteThrough(std::uint32_t kind, std::uint32_t day) = 0;
 };
 
 // What tells the date.
@@ -39,7 +41,7 @@ class Service
 {
 public:
     // All that it is given must outlive it.
-    Service(ObjectTable& objects, ValueStore& store, EventLogs& logs, const Calendar& calendar);
+    Service(ObjectTable& objects, ValueStore& store, EventLogs& logs, const Calendar& calendar, const Journal& journal);
 
     ObjectTable& Objects() { return m_objects; }
 
@@ -51,26 +53,28 @@ public:
 
     // Takes the purge command 22, 1. The deletion follows on a thread of its own, and then the event 4, 22, 1: also
     // when the deletion failed, since the client waits for it to show what is there. Its first word is the result,
-    // Success or E_FAIL. Returns Success, Unknown for another command, or E_INVALIDARG for another list, see
-    // PurgeCommand.h.
+    // Success or E_FAIL. The journal has the order, with the caller, and what came of it. Returns Success, Unknown for
+    // another command, or E_INVALIDARG for another list, see PurgeCommand.h.
     HRESULT DoCommand(const ValueKey& command, const List& list);
 
     // Tells all clients to exit, by the event 1 of type -1.
     void RaiseExit();
 
-    // Starts the scheduled purge of all kinds when it is due (PurgeSchedule.h). A failed one is tried again by the next
-    // process or on the next day. Raises no event: no client asked. To be called at start and once a minute, by one
-    // thread.
+    // Starts the scheduled purge of all kinds when it is due (PurgeSchedule.h) by the settings of the moment. A failed
+    // one is tried again by the next process or on the next day. Raises no event: no client asked. To be called at
+    // start and once a minute, by one thread.
     void PurgeIfDue();
 
 private:
-    bool Delete(std::uint32_t kind, std::uint32_t day);
-    void PurgeAll(const ScheduledPurge& purge);
+    bool PurgeByOrder(const PurgeCommand& purge, const std::string& caller);
+    void PurgeBySchedule(const ScheduledPurge& purge, std::uint32_t days);
+    std::optional<std::uint64_t> Delete(const PurgeCommand& purge);
 
     ObjectTable& m_objects;
     ValueStore& m_store;
     EventLogs& m_logs;
     const Calendar& m_calendar;
+    const Journal& m_journal;
     ProfileValues m_profile;
     PropertyValues m_property;
     EventHub m_events;

@@ -33,7 +33,7 @@ class KindsTest(unittest.TestCase):
     def test_a_row_becomes_its_kind_and_its_forms(self):
         source = kinds.source(self.read(ROW, OTHER))
         self.assertIn("constexpr FileForm ABCForms[] = {{1u, 3u, 9}, {7u, 7u, 8}, {0u, 4294967295u, 10}};\n", source)
-        self.assertIn('    {L"ABC", 20, 21, 1, ABCForms},\n    {L"DEF", 30, 31, 1, {}},\n', source)
+        self.assertIn('    {L"ABC", 20, 21, 1, ABCForms, "Abc log"},\n    {L"DEF", 30, 31, 1, {}, "Abc log"},\n', source)
         self.assertNotIn("DEFForms", source)
 
     def test_a_name_that_stands_twice(self):
@@ -44,7 +44,7 @@ class KindsTest(unittest.TestCase):
     def test_a_cell_of_another_form(self):
         for column, cell in (("extension", "abc"), ("extension", "ABCD"), ("sub_type", ""), ("purge_type", "-1"),
                              ("time_token", "x"), ("file_forms", "9"), ("file_forms", "1-3:9 "),
-                             ("file_forms", "1-:9"), ("file_forms", "*:9,*:8")):
+                             ("file_forms", "1-:9"), ("file_forms", "*:9,*:8"), ("title", 'Abc "log"')):
             with self.subTest(cell), self.assertRaisesRegex(tables.MalformedTable, f"kinds.tsv:2: the {column} "):
                 self.read({**ROW, column: cell})
 

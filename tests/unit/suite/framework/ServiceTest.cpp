@@ -1,6 +1,7 @@
 #include "suite/framework/Service.h"
 
 #include "suite/database/LogKinds.h"
+#include "suite/framework/Caller.h"
 #include "suite/framework/PurgeSettings.h"
 #include "tests/unit/suite/framework/Inbox.h"
 #include "tests/unit/suite/framework/ServiceFixture.h"
@@ -12,6 +13,7 @@ namespace
 {
 
 using Deletions = EventLogsDouble::Deletions;
+using Strings = std::vector<std::string>;
 constexpr ValueKey Purge{22, 1};
 
 class ServiceTest : public ServiceFixture
@@ -45,6 +47,59 @@ TEST_F(ServiceTest, APurgeDeletesTheKindUpToTheDayAndThenRaisesTheEvent)
     EXPECT_EQ(m_logs.Done(), (Deletions{{2, 20261119}}));
     EXPECT_EQ(inbox.Events(), (std::vector<std::string>{"4 22 1"}));
     EXPECT_EQ(inbox.LastResult(), Success);
+    m_service.Events().UnadviseAll(this);
+    EXPECT_TRUE(inbox.WaitUntilReleased());
+}
+
+TEST_F(ServiceTest, TheJournalTellsAnOrderBeforeItsDeletionAndThenHowManyWentByWhoseOrder)
+{
+    const std::string caller = Caller().Name();
+    EXPECT_EQ(m_service.DoCommand(Purge, {20261119u, 0u, 13u}), Success);
+    ASSERT_TRUE(WaitUntilIdle());
+    EXPECT_EQ(JournalLines(), (Strings{"Scan log through 2026-11-19: deletion ordered by " + caller,
+                                       "Scan log through 2026-11-19: 3 entries deleted, by order of " + caller}));
+}
+
+TEST_F(ServiceTest, TheJournalTellsWhyNothingWasDeleted)
+{
+    m_logs.fails = true;
+    EXPECT_EQ(m_service.DoCommand(Purge, {20261119u, 0u, 1u}), Success);
+    ASSERT_TRUE(WaitUntilIdle());
+    EXPECT_EQ(JournalLines().back(), "Virus log through 2026-11-19: no entry deleted: as the test wants it");
+}
+
+TEST_F(ServiceTest, TheJournalTellsWhatTheScheduleDeletedOfEachKind)
+{
+    WritePurgeSettings({7, 1});
+    EXPECT_EQ(ScheduledPurge(), 20261112u);
+    const Strings lines = JournalLines();
+    ASSERT_EQ(lines.size(), 1 + EventLog::AllLogKinds().size());
+    EXPECT_EQ(lines.front(), "All logs through 2026-11-12: deletion begun by the schedule, which keeps 7 days");
+    for (std::size_t i = 1; i < lines.size(); ++i)
+    {
+        EXPECT_EQ(lines[i], std::string(EventLog::AllLogKinds()[i - 1].title) +
+                                " through 2026-11-12: 3 entries deleted by the schedule, which keeps 7 days");
+    }
+}
+
+TEST_F(ServiceTest, WhileADeletionRunsEveryOtherCallIsAnsweredAndTheNextOrderTaken)
+{
+    Inbox inbox;
+    {
+        const std::lock_guard running(m_logs.mayRun);
+        EXPECT_EQ(m_service.DoCommand(Purge, {20261118u, 0u, 1u}), Success);
+        Advise(inbox);
+        List list;
+        EXPECT_EQ(m_service.Profile().Query({112, 1}, list), Success);
+        EXPECT_EQ(m_service.Profile().Set({113, 2}, {60u, 0u}), Success);
+        EXPECT_EQ(m_service.Property().Query({3, 2}, list), Success);
+        EXPECT_EQ(m_service.DoCommand(Purge, {20261119u, 0u, 1u}), Success);
+        m_service.PurgeIfDue();
+        EXPECT_EQ(m_logs.Done(), Deletions());
+    }
+    EXPECT_TRUE(inbox.WaitFor(1));
+    EXPECT_TRUE(WaitUntilIdle());
+    EXPECT_EQ(m_logs.Done(), (Deletions{{2, 20261118}, {2, 20261119}}));
     m_service.Events().UnadviseAll(this);
     EXPECT_TRUE(inbox.WaitUntilReleased());
 }
@@ -84,7 +139,7 @@ TEST_F(ServiceTest, TheNextProcessKnowsOfThePurgeOfTheDay)
     WritePurgeSettings({7, 1});
     EXPECT_EQ(ScheduledPurge(), 20261112u);
     ValueStore store(m_folder.Path());
-    Service next(m_objects, store, m_logs, m_calendar);
+    Service next(m_objects, store, m_logs, m_calendar, m_journal);
     const std::size_t before = m_logs.Done().size();
     next.PurgeIfDue();
     EXPECT_TRUE(WaitUntilIdle());
@@ -98,7 +153,7 @@ TEST_F(ServiceTest, AFailedScheduledPurgeIsLeftToTheNextProcessOrDay)
     EXPECT_EQ(ScheduledPurge(), 20261112u);
     EXPECT_EQ(ScheduledPurge(), 0u);
     m_logs.fails = false;
-    Service next(m_objects, m_store, m_logs, m_calendar);
+    Service next(m_objects, m_store, m_logs, m_calendar, m_journal);
     const std::size_t before = m_logs.Done().size();
     next.PurgeIfDue();
     EXPECT_TRUE(WaitUntilIdle());
@@ -137,6 +192,22 @@ TEST_F(ServiceTest, TheScheduledPurgeFollowsTheSettingsOfTheMomentAlsoOnTheDayOf
         EXPECT_EQ(m_service.Profile().Set({113, 2}, {step.days, step.flag}), Success);
         EXPECT_EQ(ScheduledPurge(), step.through) << step.days << ", " << step.flag;
     }
+}
+
+TEST_F(ServiceTest, SettingsOfTheRegistryThatMakeNoSensePurgeNothing)
+{
+    constexpr wchar_t key[] = L"Software\\Veldrane\\Zeptara\\17\\ServiceFramework\\EnforceLayer\\Common\\EventLog";
+    const auto expectNone = [&](std::uint32_t days, std::uint32_t flag)
+    {
+        m_registry.SetNumber(key, L"EventLogPurgeFre", days);
+        m_registry.SetNumber(key, L"EventLogPurgeFlag", flag);
+        EXPECT_EQ(ScheduledPurge(), 0u) << days << ", " << flag;
+    };
+    expectNone(0, 1);
+    expectNone(0xFFFFFFFF, 1);
+    expectNone(30, 2);
+    expectNone(30, 0xFFFFFFFF);
+    EXPECT_EQ(JournalLines(), Strings());
 }
 
 TEST_F(ServiceTest, TheCategoryGroupsOfTheUrlFilterLieBesideTheKeptValues)
