@@ -49,3 +49,4 @@ Figures BenchExport();
 Figures BenchTrace();
 Figures BenchStart();
 Figures BenchRules();
+Figures BenchDelete();
