@@ -41,8 +41,18 @@ EventLogs::EventLogs(const TemporaryFolder& installed) : m_database(installed.Fi
 
 void EventLogs::FillWithSamples(unsigned days, EventLog::Day last) const
 {
+    MakeSamples(L"--kind VLG ", days, last);
+}
+
+void EventLogs::FillWithSamplesOfAllKinds(unsigned days, EventLog::Day last) const
+{
+    MakeSamples(L"", days, last);
+}
+
+void EventLogs::MakeSamples(const std::wstring& arguments, unsigned days, EventLog::Day last) const
+{
     const Process samples(ProgramFolder() + L"..\\suite\\SampleLogs.exe",
-                          L"--kind VLG --days " + std::to_wstring(days) + L" --end " + std::to_wstring(last) +
+                          arguments + L"--days " + std::to_wstring(days) + L" --end " + std::to_wstring(last) +
                               L" --database \"" + m_database.wstring() + L"\"");
     if (samples.ExitCode(SamplesLimit) != 0)
     {

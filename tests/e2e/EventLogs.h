@@ -27,8 +27,10 @@ public:
     // Copies the library. The folder must outlive the object.
     explicit EventLogs(const TemporaryFolder& installed);
 
-    // Makes up virus records of so many days that end with the last one; throws std::runtime_error.
+    // Makes up virus records, or records of all kinds, of so many days that end with the last one; throws
+    // std::runtime_error.
     void FillWithSamples(unsigned days, EventLog::Day last) const;
+    void FillWithSamplesOfAllKinds(unsigned days, EventLog::Day last) const;
 
     // Makes the database when there is none.
     void Append(std::uint32_t subType, EventLog::Day day, const std::vector<std::wstring>& lines) const;
@@ -40,11 +42,14 @@ public:
     // What VirusDays gives, as the list of dates shows it.
     std::vector<std::wstring> VirusDates() const;
 
+    const std::filesystem::path& File() const { return m_database; }
+
     // Takes the records away from all readers, and puts them back.
     void Damage() const;
     void Mend() const;
 
 private:
+    void MakeSamples(const std::wstring& arguments, unsigned days, EventLog::Day last) const;
     void Execute(const char* statements) const;
 
     const std::filesystem::path m_database;
