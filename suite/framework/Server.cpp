@@ -8,6 +8,7 @@
 #include "suite/framework/ComObject.h"
 #include "suite/framework/DatabaseLogs.h"
 #include "suite/framework/Instance.h"
+#include "suite/framework/LocalCalendar.h"
 #include "suite/framework/ProgramPath.h"
 #include "suite/framework/Service.h"
 #include "suite/framework/Trace.h"
@@ -28,17 +29,6 @@ constexpr milliseconds FirstClient{30'000};    // how long the client that start
 constexpr milliseconds BetweenLooks{60'000};   // at the date
 constexpr milliseconds PendingActivation{300}; // between getting the class object and using it
 constexpr milliseconds Refusal{3000};          // of clients, which look for the class once a second
-
-class LocalCalendar : public Calendar
-{
-public:
-    std::chrono::year_month_day Today() const override
-    {
-        SYSTEMTIME now{};
-        GetLocalTime(&now);
-        return {std::chrono::year(now.wYear), std::chrono::month(now.wMonth), std::chrono::day(now.wDay)};
-    }
-};
 
 void Require(HRESULT result, const char* what)
 {
