@@ -87,8 +87,7 @@ void Service::PurgeIfDue()
     if (const auto due = DuePurge(settings, m_lastTry, m_calendar.Today()))
     {
         m_lastTry = due;
-        m_worker.Post([this, due = *due, days = settings.days, lock = ServiceLock(m_objects)]
-                      { PurgeBySchedule(due, days); });
+        Post({*due, settings.days});
     }
 }
 
@@ -104,25 +103,39 @@ bool Service::PurgeByOrder(const PurgeCommand& purge, const std::string& caller)
     return deleted.has_value();
 }
 
-void Service::PurgeBySchedule(const ScheduledPurge& purge, std::uint32_t days)
+// Each kind is work of its own, so that an order that comes meanwhile waits for one of them at most.
+void Service::Post(const Pass& pass)
 {
-    const std::string word = " by the schedule, which keeps " + std::to_string(days) + " days";
-    m_journal.Write("All logs through " + TextOf(purge.through) + ": deletion begun" + word);
-    bool isDone = true;
-    for (const EventLog::LogKind& kind : EventLog::AllLogKinds())
+    m_worker.Post([this, pass, lock = ServiceLock(m_objects)] { PurgeBySchedule(pass); });
+}
+
+void Service::PurgeBySchedule(Pass pass)
+{
+    const std::string word = " by the schedule, which keeps " + std::to_string(pass.days) + " days";
+    if (pass.kind == 0)
     {
-        const PurgeCommand ofKind{kind.subType, purge.through};
-        const std::optional<std::uint64_t> deleted = Delete(ofKind);
-        if (deleted.value_or(0) > 0)
-        {
-            m_journal.Write(NameOf(ofKind) + ": " + std::to_string(*deleted) + " entries deleted" + word);
-        }
-        isDone = deleted && isDone;
+        m_journal.Write("All logs through " + TextOf(pass.purge.through) + ": deletion begun" + word);
     }
-    if (!isDone)
+    const PurgeCommand purge{EventLog::AllLogKinds()[pass.kind].subType, pass.purge.through};
+    const std::optional<std::uint64_t> deleted = Delete(purge);
+    if (deleted.value_or(0) > 0)
     {
-        return;
+        m_journal.Write(NameOf(purge) + ": " + std::to_string(*deleted) + " entries deleted" + word);
     }
+    pass.isDone = pass.isDone && deleted;
+    if (++pass.kind < EventLog::AllLogKinds().size())
+    {
+        Post(pass);
+    }
+    else if (pass.isDone)
+    {
+        Note(pass.purge);
+    }
+}
+
+// For the next process.
+void Service::Note(const ScheduledPurge& purge)
+{
     try
     {
         m_store.Set(LastPurge, {purge.day, purge.through});

@@ -66,8 +66,19 @@ public:
     void PurgeIfDue();
 
 private:
+    // A scheduled purge on its way through the kinds.
+    struct Pass
+    {
+        ScheduledPurge purge;
+        std::uint32_t days; // that are kept
+        std::size_t kind = 0;
+        bool isDone = true; // so far
+    };
+
     bool PurgeByOrder(const PurgeCommand& purge, const std::string& caller);
-    void PurgeBySchedule(const ScheduledPurge& purge, std::uint32_t days);
+    void Post(const Pass& pass);
+    void PurgeBySchedule(Pass pass);
+    void Note(const ScheduledPurge& purge);
     std::optional<std::uint64_t> Delete(const PurgeCommand& purge);
 
     ObjectTable& m_objects;

@@ -104,6 +104,21 @@ TEST_F(ServiceTest, WhileADeletionRunsEveryOtherCallIsAnsweredAndTheNextOrderTak
     EXPECT_TRUE(inbox.WaitUntilReleased());
 }
 
+// It waited for all thirteen, each of which can wait five seconds for a locked database.
+TEST_F(ServiceTest, AnOrderThatComesDuringAScheduledPurgeWaitsForOneKindAlone)
+{
+    WritePurgeSettings({7, 1});
+    {
+        const std::lock_guard running(m_logs.mayRun);
+        m_service.PurgeIfDue();
+        EXPECT_EQ(m_service.DoCommand(Purge, {20261119u, 0u, 1u}), Success);
+    }
+    ASSERT_TRUE(WaitUntilIdle());
+    const Deletions done = m_logs.Done();
+    ASSERT_EQ(done.size(), EventLog::AllLogKinds().size() + 1);
+    EXPECT_EQ(done[1], (std::pair(2u, 20261119u)));
+}
+
 TEST_F(ServiceTest, AFailedPurgeRaisesTheEventTooAndTellsTheFailure)
 {
     m_logs.fails = true;
