@@ -11,6 +11,15 @@ inline constexpr wchar_t EventLogKey[] =
 
 inline constexpr std::uint32_t VirusPurgeType = 1;
 
+// One of the two purge settings as the registry has it; 0xFFFFFFFF when it is no number there.
+inline std::uint32_t PurgeSetting(const wchar_t* name)
+{
+    DWORD value = 0xFFFFFFFF;
+    DWORD size = sizeof value;
+    RegGetValueW(HKEY_LOCAL_MACHINE, EventLogKey, name, RRF_RT_REG_DWORD, nullptr, &value, &size);
+    return value;
+}
+
 using Events = std::vector<std::string>;
 inline constexpr char PurgeDone[] = "4 22 1";
 

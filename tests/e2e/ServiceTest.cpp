@@ -21,14 +21,6 @@ constexpr ValueKey ConnectionKey{39, 4};
 
 constexpr std::uint32_t VirusSubType = 2;
 
-std::uint32_t Number(const wchar_t* name)
-{
-    DWORD value = 0xFFFFFFFF;
-    DWORD size = sizeof value;
-    RegGetValueW(HKEY_LOCAL_MACHINE, EventLogKey, name, RRF_RT_REG_DWORD, nullptr, &value, &size);
-    return value;
-}
-
 List Bytes(std::size_t count, std::uint8_t first)
 {
     List list;
@@ -116,8 +108,8 @@ TEST_F(ServiceTest, FirewallRulesComeBackUnchangedInTheirOrderAfterARestart)
 TEST_F(ServiceTest, PurgeSettingsGoIntoTheTwoRegistryValues)
 {
     EXPECT_EQ(SetProfile(*Connect().Get(), PurgeKey, List{45u, 0u}), Framework::Success);
-    EXPECT_EQ(Number(L"EventLogPurgeFre"), 45u);
-    EXPECT_EQ(Number(L"EventLogPurgeFlag"), 0u);
+    EXPECT_EQ(PurgeSetting(L"EventLogPurgeFre"), 45u);
+    EXPECT_EQ(PurgeSetting(L"EventLogPurgeFlag"), 0u);
     EXPECT_EQ(QueryProfile(*Connect().Get(), PurgeKey), (List{45u, 0u}));
 }
 
@@ -125,8 +117,8 @@ TEST_F(ServiceTest, PurgeSettingsThatMakeNoSenseAreRefusedAndLeaveTheRegistryAsI
 {
     EXPECT_EQ(SetProfile(*Connect().Get(), PurgeKey, List{0u, 1u}), E_INVALIDARG);
     EXPECT_EQ(SetProfile(*Connect().Get(), PurgeKey, List{0xFFFFFFFFu, 1u}), E_INVALIDARG);
-    EXPECT_EQ(Number(L"EventLogPurgeFre"), 30u);
-    EXPECT_EQ(Number(L"EventLogPurgeFlag"), 0u);
+    EXPECT_EQ(PurgeSetting(L"EventLogPurgeFre"), 30u);
+    EXPECT_EQ(PurgeSetting(L"EventLogPurgeFlag"), 0u);
 }
 
 TEST_F(ServiceTest, ThePropertyTellsTheConnectionAndTheCategoryGroups)

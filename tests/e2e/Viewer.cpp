@@ -1,6 +1,7 @@
 #include "tests/e2e/Viewer.h"
 
 #include "resource/resource.h"
+#include "tests/e2e/Input.h"
 #include "tests/support/LanguageFile.h"
 
 #include <commctrl.h>
@@ -10,19 +11,6 @@
 
 namespace
 {
-
-constexpr UINT AnswerLimit = 20'000; // milliseconds that a window has to answer
-
-// The answer of a window of another process; throws std::runtime_error when none comes.
-LRESULT Ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
-{
-    DWORD_PTR answer = 0;
-    if (!SendMessageTimeoutW(window, message, wParam, lParam, SMTO_ABORTIFHUNG, AnswerLimit, &answer))
-    {
-        throw std::runtime_error("a window of the viewer does not answer");
-    }
-    return static_cast<LRESULT>(answer);
-}
 
 // A block in the memory of another process, for messages that carry a pointer.
 class RemoteBlock
@@ -64,13 +52,6 @@ private:
     HANDLE m_process;
     void* m_address;
 };
-
-void ClickAt(HWND window, const RECT& place)
-{
-    const LPARAM point = MAKELPARAM(place.left + 8, (place.top + place.bottom) / 2);
-    PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, point);
-    PostMessageW(window, WM_LBUTTONUP, 0, point);
-}
 
 } // namespace
 
@@ -178,9 +159,7 @@ std::vector<std::wstring> Viewer::Column(int column) const
 
 void Viewer::Click(int control) const
 {
-    RECT place{};
-    GetClientRect(Item(control), &place);
-    ClickAt(Item(control), place);
+    ClickOn(Item(control));
 }
 
 void Viewer::ClickRow(int row) const
@@ -213,8 +192,7 @@ void Viewer::ClickDate(int index) const
 
 void Viewer::PressKey(WORD key) const
 {
-    PostMessageW(List(), WM_KEYDOWN, key, 1);
-    PostMessageW(List(), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+    PressKeyIn(List(), key);
 }
 
 int Viewer::LogCount() const
