@@ -182,7 +182,7 @@ TEST_F(ServiceTest, AScheduledPurgeThatFailedForOneKindIsNotDone)
     m_logs.failingKind = virus;
     EXPECT_EQ(ScheduledPurge(), 20261112u);
     m_logs.failingKind = 0;
-    Service next(m_objects, m_store, m_logs, m_calendar);
+    Service next(m_objects, m_store, m_logs, m_calendar, m_journal);
     const std::size_t before = m_logs.Done().size();
     next.PurgeIfDue();
     EXPECT_TRUE(WaitUntilIdle());
