@@ -1,93 +1,17 @@
 // The export of the real program through the system's own save dialog, driven by keys.
 
 #include "resource/resource.h"
+#include "tests/e2e/SaveDialog.h"
 #include "tests/e2e/Viewer.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <commctrl.h>
-
 #include <filesystem>
-#include <iterator>
-#include <string_view>
 
 namespace
 {
-
-constexpr int TypeCombo = 0x0470; // of the system's save dialog, as its own headers number it
-
-// The system's save dialog while it is open. Keys go to its controls by way of its message queue, since there is no
-// window manager that would keep it in front.
-class SaveDialog
-{
-public:
-    SaveDialog() : m_window(OpenWindow()), m_name(FindName(m_window)) {}
-
-    bool IsOpen() const { return m_window != nullptr && IsWindow(m_window); }
-
-    void Type(const std::wstring& text) const
-    {
-        for (const wchar_t character : text)
-        {
-            PostMessageW(m_name, WM_CHAR, character, 1);
-        }
-    }
-
-    // Chooses a filter by its number, from 1 on, with the arrow keys.
-    void ChooseType(int index) const
-    {
-        for (int i = 1; i < index; ++i)
-        {
-            Press(GetDlgItem(m_window, TypeCombo), VK_DOWN);
-        }
-    }
-
-    // A key in the field of the name.
-    void Press(WPARAM key) const { Press(m_name, key); }
-
-private:
-    static void Press(HWND control, WPARAM key)
-    {
-        PostMessageW(control, WM_KEYDOWN, key, 1);
-        PostMessageW(control, WM_KEYUP, key, 1);
-    }
-
-    static HWND OpenWindow()
-    {
-        HWND window = nullptr;
-        WaitUntil(
-            [&]
-            {
-                window = FindWindowW(nullptr, Text(IDS_EXPORT_DIALOG_TITLE).c_str());
-                return window != nullptr && IsWindowVisible(window);
-            });
-        return window;
-    }
-
-    // The dialog's one visible field for text.
-    static HWND FindName(HWND window)
-    {
-        HWND found = nullptr;
-        const auto look = [](HWND child, LPARAM pointer) -> BOOL
-        {
-            wchar_t name[16]{};
-            GetClassNameW(child, name, static_cast<int>(std::size(name)));
-            if (name != std::wstring_view(WC_EDITW) || !IsWindowVisible(child))
-            {
-                return TRUE;
-            }
-            *reinterpret_cast<HWND*>(pointer) = child;
-            return FALSE;
-        };
-        EnumChildWindows(window, look, reinterpret_cast<LPARAM>(&found));
-        return found;
-    }
-
-    HWND m_window;
-    HWND m_name;
-};
 
 class ExportTest : public ::testing::Test
 {

@@ -1,6 +1,7 @@
 #include "tests/support/GoldenDay.h"
 
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
+#include "tests/support/GoldenDayFile.h"
 #include "tests/support/InfoPaneDouble.h"
 #include "tests/support/KeptText.h"
 #include "tests/support/TemporaryFolder.h"
@@ -16,61 +17,8 @@
 namespace
 {
 
-constexpr std::string_view LogHead = "log: ";
-constexpr std::string_view FormHead = "form: ";
 constexpr wchar_t ExportDate[] = L"20/11/2026";
 constexpr wchar_t ExportAddress[] = L"192.0.2.1";
-
-// What stands in the file before the records.
-struct Input
-{
-    std::string comment;
-    std::string extension;
-    std::string form;
-    std::vector<std::wstring> lines;
-
-    bool IsFromDatabase() const { return form == "database"; }
-};
-
-std::filesystem::path PathOf(const std::string& name)
-{
-    return std::filesystem::path(KESTRIX_GOLDEN_DAYS) / (name + ".day");
-}
-
-Input ReadInput(const std::string& name)
-{
-    std::istringstream file(ReadBytes(PathOf(name).wstring()));
-    Input input;
-    std::string line;
-    while (std::getline(file, line) && line != "[lines]")
-    {
-        if (line.starts_with('#'))
-        {
-            input.comment += line + '\n';
-        }
-        else if (line.starts_with(LogHead))
-        {
-            input.extension = line.substr(LogHead.size());
-        }
-        else if (line.starts_with(FormHead))
-        {
-            input.form = line.substr(FormHead.size());
-        }
-    }
-    if (input.form != "database" && input.form != "file")
-    {
-        throw std::runtime_error(name + ".day has no line \"form: database\" or \"form: file\"");
-    }
-    bool isLast = false;
-    while (!isLast && std::getline(file, line))
-    {
-        isLast = line == "[records]";
-        input.lines.push_back(FromVisible(line));
-    }
-    // The blank line between two sections, and the head of the next one.
-    input.lines.resize(input.lines.size() - std::min<std::size_t>(input.lines.size(), isLast ? 2 : 0));
-    return input;
-}
 
 // What a log keeps to itself and its classes.
 struct OpenLog : CZPTLogBase
@@ -286,15 +234,18 @@ std::string WithoutTrailingBlanks(const std::string& text)
     return result;
 }
 
-std::string DayOf(CZPTLogBase& log, const Input& input)
+std::string DayOf(CZPTLogBase& log, const GoldenDayFile& day)
 {
-    log.m_bUseDBMgr = input.IsFromDatabase();
-    std::string text = input.comment + "log: " + input.extension + "\nform: " + input.form + "\n\n[lines]\n";
-    for (const std::wstring& line : input.lines)
+    log.m_bUseDBMgr = day.isFromDatabase;
+    const std::vector<std::wstring> lines = day.Lines();
+    std::string text = day.comment + "log: " + day.extension;
+    text += day.isFromDatabase ? "\nform: database" : "\nform: file";
+    text += "\n\n[lines]\n";
+    for (const std::wstring& line : lines)
     {
         text += Visible(line) + "\n";
     }
-    const DayWriter writer(log, input.lines);
+    const DayWriter writer(log, lines);
     text += "\n[records]\n" + writer.Records();
     text += "\n[list]\n" + writer.List();
     text += "\n[pane]\n" + writer.Pane();
@@ -306,23 +257,19 @@ std::string DayOf(CZPTLogBase& log, const Input& input)
 
 void ExpectGoldenDay(CZPTLogBase& log, const std::string& name)
 {
-    const std::string found = DayOf(log, ReadInput(name));
-    EXPECT_TRUE(IsKeptText(found, PathOf(name), std::filesystem::path(KESTRIX_GOLDEN_DAY_OUTPUT) / (name + ".day")))
+    const std::string found = DayOf(log, GoldenDayFile(name));
+    EXPECT_TRUE(IsKeptText(found, GoldenDayFile::PathOf(name),
+                           std::filesystem::path(KESTRIX_GOLDEN_DAY_OUTPUT) / (name + ".day")))
         << "tools/update-golden-days shows the difference and keeps the new day";
 }
 
 std::vector<GoldenDayHead> GoldenDays()
 {
     std::vector<GoldenDayHead> days;
-    for (const auto& entry : std::filesystem::directory_iterator(KESTRIX_GOLDEN_DAYS))
+    for (const std::string& name : GoldenDayFile::Names())
     {
-        if (entry.path().extension() == ".day")
-        {
-            const std::string name = entry.path().stem().string();
-            const Input input = ReadInput(name);
-            days.push_back({name, {input.extension.begin(), input.extension.end()}, input.IsFromDatabase()});
-        }
+        const GoldenDayFile day(name);
+        days.push_back({name, {day.extension.begin(), day.extension.end()}, day.isFromDatabase});
     }
-    std::ranges::sort(days, {}, &GoldenDayHead::name);
     return days;
 }
