@@ -103,18 +103,19 @@ public:
             titles.push_back(Visible(Titles()[column]) + " (" + std::to_string(Widths()[column]) + ")");
         }
         std::string text = Joined(titles, " | ") + "\n";
-        for (const NumberedRecord& row : Sorted(m_log.m_pfnCompareDn, 0))
+        std::vector<NumberedRecord> rows(m_arrRecord.rbegin(), m_arrRecord.rend());
+        Sort(rows, m_log.m_pfnCompareDn, 0);
+        for (const NumberedRecord& row : rows)
         {
             text += std::to_string(row.line) + ": " + Cells(*row.record) + "\n";
         }
         for (std::size_t column = 0; column < Titles().size(); ++column)
         {
-            std::vector<std::string> order;
-            for (const NumberedRecord& row : Sorted(m_log.m_pfnCompareUp, static_cast<LPARAM>(column)))
-            {
-                order.push_back(std::to_string(row.line));
-            }
-            text += "by " + Visible(Titles()[column]) + ": " + Joined(order, " ") + "\n";
+            const std::string title = "by " + Visible(Titles()[column]);
+            Sort(rows, m_log.m_pfnCompareUp, column);
+            text += title + ": " + Numbers(rows) + "\n";
+            Sort(rows, m_log.m_pfnCompareDn, column);
+            text += title + " again: " + Numbers(rows) + "\n";
         }
         return text;
     }
@@ -185,16 +186,24 @@ private:
         return Joined(cells, " | ");
     }
 
-    // The records as the list has them after a sort: the newest first before it.
-    std::vector<NumberedRecord> Sorted(PFNLVCOMPARE compare, LPARAM column) const
+    // As the list of records sorts its rows: equal ones keep their order.
+    static void Sort(std::vector<NumberedRecord>& rows, PFNLVCOMPARE compare, std::size_t column)
     {
-        std::vector<NumberedRecord> rows(m_arrRecord.rbegin(), m_arrRecord.rend());
         std::ranges::stable_sort(rows,
-                                 [&](const NumberedRecord& above, const NumberedRecord& below) {
+                                 [&](const NumberedRecord& above, const NumberedRecord& below)
+                                 {
                                      return compare(reinterpret_cast<LPARAM>(above.record),
-                                                    reinterpret_cast<LPARAM>(below.record), column) < 0;
+                                                    reinterpret_cast<LPARAM>(below.record),
+                                                    static_cast<LPARAM>(column)) < 0;
                                  });
-        return rows;
+    }
+
+    static std::string Numbers(const std::vector<NumberedRecord>& rows)
+    {
+        std::vector<std::string> numbers;
+        std::ranges::transform(rows, std::back_inserter(numbers),
+                               [](const NumberedRecord& row) { return std::to_string(row.line); });
+        return Joined(numbers, " ");
     }
 
     std::vector<std::string> PaneRows(const InfoPaneDouble& pane) const

@@ -14,10 +14,11 @@ class CZPTLogBase;
 //
 //     [lines]                  each as Visible shows it, see VisibleText.h
 //     [records]                for each line by its number the icon and the fields by theirs, or that it was refused
-//     [list]                   titles and widths of the columns, the rows newest first, and the order that each column
-//                              sorts them in
+//     [list]                   titles and widths of the columns, the rows as they come up, and their order after a
+//                              click on each column in turn and after a second one
 //     [pane]                   for each record the rows of the detail pane: caption, text, whether it is a link, tool
-//     tip [export]                 the lines of the file
+//                              tip
+//     [export]                 the lines of the file
 //
 // A new day is written down to its lines; the first run of its test adds what the log makes of them, and
 // tools/update-golden-days shows that and keeps it.

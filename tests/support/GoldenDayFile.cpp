@@ -80,6 +80,25 @@ std::vector<std::string> GoldenDayFile::Section(const std::string& head) const
     return found == m_sections.end() ? std::vector<std::string>() : found->second;
 }
 
+std::size_t GoldenDayFile::FirstRefused() const
+{
+    for (const std::string& record : Section("records"))
+    {
+        if (record.ends_with(": refused"))
+        {
+            return std::stoul(record);
+        }
+    }
+    return Section("lines").size() + 1;
+}
+
+std::vector<std::wstring> GoldenDayFile::AcceptedLines() const
+{
+    std::vector<std::wstring> lines = Lines();
+    lines.resize(FirstRefused() - 1);
+    return lines;
+}
+
 std::vector<std::wstring> GoldenDayFile::Lines() const
 {
     std::vector<std::wstring> lines;

@@ -23,6 +23,12 @@ struct GoldenDayFile
     // The lines of the log.
     std::vector<std::wstring> Lines() const;
 
+    // The number of the first line that the log refuses, counted from 1; one more than the last when it takes all.
+    std::size_t FirstRefused() const;
+
+    // The lines before that one.
+    std::vector<std::wstring> AcceptedLines() const;
+
     std::string name;
     std::string comment;   // its lines with their ends
     std::string extension; // of the kind
