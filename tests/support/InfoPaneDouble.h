@@ -50,6 +50,15 @@ public:
 
     void ShowAllowRule(bool show) override { m_bAllowRule = show; }
 
+    void ClearValues() override
+    {
+        for (std::size_t row = 0; row < InfoRows; ++row)
+        {
+            Set(row, {}, {}, false);
+        }
+        ShowAllowRule(false);
+    }
+
     // By how many pixels the first value was made higher; 0 when it was not.
     int TallPixels() const { return m_nTallPixels; }
 

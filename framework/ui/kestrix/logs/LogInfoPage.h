@@ -30,6 +30,9 @@ public:
     // Shows or hides the button that allows the record's program, with its caption; shown it is enabled.
     virtual void ShowAllowRule(bool show) = 0;
 
+    // Takes away the values of all rows with their tool tips, and hides that button: nothing is shown of any record.
+    virtual void ClearValues() = 0;
+
 protected:
     ~CLogInfoPage() = default;
 };

@@ -304,6 +304,7 @@ void CZPTLogSpyware::SetLogInfo(LogRec* record)
     {
         VD_TRACE(Error, L"CZPTLogSpyware::SetLogInfo() - pLogRec->strData is invalid. size = [%d]",
                  record->strData.size());
+        ShowNothing();
         return;
     }
     if (m_pInfoDlg == nullptr)
@@ -313,6 +314,16 @@ void CZPTLogSpyware::SetLogInfo(LogRec* record)
     CZPTLogBase::SetLogInfo(record);
     ShowType(*record);
     ShowPath(*record);
+}
+
+// Nor what stands there of the record before.
+void CZPTLogSpyware::ShowNothing()
+{
+    m_strInfoText.clear();
+    if (m_pInfoDlg != nullptr)
+    {
+        m_pInfoDlg->ClearValues();
+    }
 }
 
 void CZPTLogSpyware::ShowType(const LogRec& record)

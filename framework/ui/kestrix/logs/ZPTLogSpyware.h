@@ -56,6 +56,7 @@ private:
     void SetScanResult(std::wstring_view token, LogRec& record);
     void SetProxyItem(std::wstring_view token);
     void SetProxyResult(std::wstring_view token, LogRec& record);
+    void ShowNothing();
     void ShowType(const LogRec& record);
     void ShowPath(LogRec& record);
     bool IsWeb() const;

@@ -34,9 +34,6 @@ public:
     // The pane of no record: no values and no tips, and nothing of allow rules.
     void Clear();
 
-    // The same while the kind of log stays: what the kind hides stays hidden.
-    void ClearValues();
-
     std::wstring LinkText() const;
 
     // For a kind whose third value has a whole text: shows this text in place of the value, or the value again.
@@ -56,6 +53,7 @@ public:
     void DrawInfoText(std::size_t row, const std::wstring& text, const std::wstring& toolTip) override;
     void DrawTallInfo(const std::wstring& text, int pixels) override;
     void ShowAllowRule(bool show) override;
+    void ClearValues() override; // what the kind of log hides stays hidden
 
 private:
     CWindow Item(UINT control) const { return CWindow(m_page.GetDlgItem(static_cast<int>(control))); }

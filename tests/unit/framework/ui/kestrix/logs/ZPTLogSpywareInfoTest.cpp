@@ -122,12 +122,20 @@ TEST_F(ZPTLogSpywareInfoTest, ALongPathIsCutInTheRowAndWholeInToolTipAndInfoText
     EXPECT_EQ(m_log.GetInfoText(), path);
 }
 
+// The pane kept the details of the record that was shown before, as if they were this one's.
 TEST_F(ZPTLogSpywareInfoTest, ARecordOfTheBehaviorMonitorShowsNothingAndIsTraced)
 {
-    const LogRec& record = Put(L"x|103015|0x10000000|3|1|5|6|7|program|0|10|11|1|13|14|rule");
+    m_log.SetLogInfo(&Put(L"x|103015|0x100000|3|4|a.exe|C:\\dir|7|8|9|n|11|1|t|d"));
+    ASSERT_EQ(m_log.GetInfoText(), L"C:\\dir\\a.exe");
+    LogRec& record = Put(L"x|103015|0x10000000|3|1|5|6|7|program|0|10|11|1|13|14|rule");
     TraceRecorder trace;
-    m_log.SetLogInfo(m_log.GetLogRecord(0));
-    EXPECT_TRUE(m_pane.IsUntouched());
+    m_log.SetLogInfo(&record);
+    for (std::size_t row = 0; row < CLogInfoPage::InfoRows; ++row)
+    {
+        EXPECT_EQ(m_pane[row].text, L"") << row;
+        EXPECT_EQ(m_pane[row].toolTip, L"") << row;
+    }
+    EXPECT_EQ(m_log.GetInfoText(), L"") << "no whole text of another record opens";
     EXPECT_EQ(trace.Errors(), std::vector{L"CZPTLogSpyware::SetLogInfo() - pLogRec->strData is invalid. size = [" +
                                           std::to_wstring(record.strData.size()) + L"]"});
 }
