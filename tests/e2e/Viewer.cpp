@@ -205,6 +205,11 @@ int Viewer::SelectedLog() const
     return static_cast<int>(Ask(Item(IDC_LOG_TYPE), CB_GETCURSEL));
 }
 
+std::uint32_t Viewer::TypeOfLog(int index) const
+{
+    return static_cast<std::uint32_t>(Ask(Item(IDC_LOG_TYPE), CB_GETITEMDATA, static_cast<WPARAM>(index)));
+}
+
 void Viewer::SwitchToLog(int index) const
 {
     Ask(Item(IDC_LOG_TYPE), CB_SETCURSEL, static_cast<WPARAM>(index));

@@ -2,6 +2,7 @@
 
 #include "tests/e2e/Process.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -50,6 +51,7 @@ public:
     // The logs that the user can switch to, and the choice of one of them.
     int LogCount() const;
     int SelectedLog() const;
+    std::uint32_t TypeOfLog(int index) const;
     void SwitchToLog(int index) const;
 
     // Tells the page that the user has chosen the date that is selected, or one that need not be in sight.
