@@ -4,19 +4,10 @@
 #include "tests/support/LiveHandles.h"
 #include "tests/ui/framework/ui/kestrix/app/FormTest.h"
 
-#include <array>
-
 namespace
 {
 
 using LogFormDlgTest = FormTest;
-
-std::array<long, LiveHandles::s_nCounts.size()> HandleCounts()
-{
-    std::array<long, LiveHandles::s_nCounts.size()> counts{};
-    std::ranges::copy(LiveHandles::s_nCounts, counts.begin());
-    return counts;
-}
 
 int WindowCount()
 {
@@ -131,9 +122,9 @@ TEST_F(LogFormDlgTest, ItRunsASecondTime)
 
 TEST_F(LogFormDlgTest, TenFormsLeaveNoHandleAndNoWindow)
 {
-    const auto handles = HandleCounts();
+    const auto handles = LiveHandles::All();
     const int windows = WindowCount();
-    std::array<long, LiveHandles::s_nCounts.size()> during{};
+    auto during = handles;
     for (int i = 0; i < 10; ++i)
     {
         ScriptedForm form;
@@ -144,11 +135,11 @@ TEST_F(LogFormDlgTest, TenFormsLeaveNoHandleAndNoWindow)
                                 const CWindow list(form.Page()->GetDlgItem(IDC_RECORD_LIST));
                                 list.SendMessage(LVM_SORTITEMS);
                                 form.Page()->OnSelchangeLogDate();
-                                during = HandleCounts();
+                                during = LiveHandles::All();
                             }}),
                   ScriptedForm::EndedByTest);
     }
     EXPECT_NE(during, handles) << "a form that stands has handles";
-    EXPECT_EQ(HandleCounts(), handles);
+    EXPECT_EQ(LiveHandles::All(), handles);
     EXPECT_EQ(WindowCount(), windows);
 }
