@@ -3,6 +3,9 @@
 #include "framework/ui/kestrix/logs/LogKinds.h"
 #include "resource/resource.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace
 {
 
@@ -25,6 +28,12 @@ constexpr int TallRows = 3;
 
 constexpr UINT OneLine = DT_SINGLELINE | DT_NOPREFIX | DT_EXTERNALLEADING;
 constexpr int WipingBlanks = 64;
+
+// Further down by so many pixels, and no further than a coordinate can say.
+LONG Lowered(LONG bottom, int pixels)
+{
+    return static_cast<LONG>(std::min<long long>(std::numeric_limits<LONG>::max(), 0LL + bottom + pixels));
+}
 
 // Draws a text with the font of a control onto its surface, in a rectangle in its coordinates.
 void DrawOnto(const CWindow& control, const std::wstring& text, RECT rectangle, UINT format)
@@ -210,7 +219,7 @@ void CDetailPane::DrawTallInfo(const std::wstring& text, int pixels)
     const CWindow value = Item(IDC_INFO_VALUE_0_TEXT);
     ::UpdateWindow(value);
     RECT rectangle = value.GetClientRect();
-    rectangle.bottom += pixels;
+    rectangle.bottom = Lowered(rectangle.bottom, pixels);
     DrawOnto(value, text, rectangle, DT_WORDBREAK);
     Set(IDC_INFO_VALUE_0_TEXT, text, {});
 }

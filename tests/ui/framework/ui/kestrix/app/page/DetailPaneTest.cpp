@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <limits>
 #include <vector>
 
 extern "C" decltype(&::DrawTextW) __imp_DrawTextW;
@@ -343,6 +345,21 @@ TEST_F(DetailPaneTest, ATallValueIsDrawnInLinesThatMayGoBelowItsControl)
     EXPECT_EQ(g_drawn[0].room.cx, Width);
     EXPECT_EQ(g_drawn[0].room.cy, 3 * Height + 220);
     EXPECT_EQ(g_drawn[0].format, static_cast<UINT>(DT_WORDBREAK));
+}
+
+// The number is a text of the language file. One near the largest made the bottom of the rectangle a negative number,
+// and nothing was drawn; debug builds stopped there.
+TEST_F(DetailPaneTest, ATallValueMayBeHigherThanAnyScreen)
+{
+    const ImportPatch<decltype(&::DrawTextW)> draw(__imp_DrawTextW, &NoteText);
+    m_pane.SetKind(TallKind);
+    for (const int pixels : {std::numeric_limits<int>::max(), std::numeric_limits<int>::max() - 10})
+    {
+        g_drawn.clear();
+        m_pane.DrawTallInfo(L"text", pixels);
+        ASSERT_EQ(g_drawn.size(), 1u);
+        EXPECT_GE(g_drawn[0].room.cy, std::numeric_limits<LONG>::max() - 10) << pixels;
+    }
 }
 
 TEST_F(DetailPaneTest, TheAllowButtonIsShownEnabledWithItsCaptionAndHiddenWithIt)
