@@ -27,6 +27,14 @@ constexpr Card<Change> Changes[] = {
     {2, {32, L"Security level of the local network", L"Setting lowered"}},
     {1, {64, L"C:\\Program Files\\Tinker Box\\hooks.dll", L"Library added to all programs"}},
     {1, {3, L"", L""}},
+    {1,
+     {2,
+      L"HKLM\\Software\\Orchard Office\\Settings of all users of this computer\\Templates of letters, invoices and "
+      L"delivery notes\\Third edition, with the corrections of the second one and the additions that the customers "
+      L"have "
+      L"asked for\\Programs that are started when a template is opened for the first time\\Before the template is "
+      L"shown\\In the order of their names, unless an order is given\\Entry that was made by the program of the setup",
+      L"New startup entry"}},
 };
 
 // 0 allowed, 1 logged only, 2 blocked, 3 stopped, 9 not known.

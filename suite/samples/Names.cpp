@@ -62,6 +62,9 @@ constexpr Card<std::wstring_view> Programs[] = {
     {1, L"D:\\Games\\Marble Maze\\maze.exe"},
     {1, L"C:\\Users\\Алексей\\Загрузки\\установка.exe"},
     {1, L"C:\\Program Files\\さくら工房\\写真整理.exe"},
+    {1, L"D:\\Archive\\Programs\\Harbour survey\\Version that was handed over with the measuring stations in 2019\\"
+        L"Tools of the contractor for the conversion of raw data, not to be changed\\64 bits\\Third delivery, with the "
+        L"corrections of the second one and the manuals in all languages\\convert and check the data of all piers.exe"},
 };
 
 constexpr std::wstring_view Subjects[] = {

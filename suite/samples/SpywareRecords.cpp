@@ -1,3 +1,4 @@
+#include "suite/samples/DetailToken.h"
 #include "suite/samples/Names.h"
 #include "suite/samples/RecordSource.h"
 
@@ -81,6 +82,9 @@ constexpr Card<std::wstring_view> ScanDetails[] = {
 // Every so many files one ends with a scan line that lacks its last token, as an interrupted writer leaves it.
 constexpr unsigned FilesPerOpenEnd = 10;
 
+// Every so many scan lines one has the file in its folder's token as well, as some scanners write it.
+constexpr std::int64_t LinesPerWholePath = 5;
+
 class SpywareRecords : public RecordSource
 {
 public:
@@ -100,8 +104,7 @@ public:
 
     void Fill(const Moment& moment, Line& line) override
     {
-        // The reader may still hold the detail of a file that it read before.
-        m_bDetailLeft = m_bDetailLeft || moment.firstOfFile;
+        m_detail.Begin(moment);
         const bool openEnd = moment.lastOfFile && ++m_nFiles % FilesPerOpenEnd == 0;
         const std::uint32_t source = openEnd ? 0x100000 : m_sources.Draw();
         line.Day(moment.date).Time(moment.secondOfDay);
@@ -119,7 +122,7 @@ public:
             FillScan(line);
             if (!openEnd)
             {
-                AddDetail(m_scanDetails.Draw(), line);
+                m_detail.Add(m_scanDetails.Draw(), line);
             }
         }
     }
@@ -139,18 +142,14 @@ private:
         }
     }
 
-    // The last token of the long record forms, by which the reader knows that the record has ended. The reader keeps
-    // its text for the records after it that have none of their own.
-    void AddDetail(std::wstring_view detail, Line& line)
-    {
-        line.Text(detail);
-        m_bDetailLeft = !detail.empty();
-    }
-
     void FillScan(Line& line)
     {
         const Grayware& find = m_finds.Draw();
-        line.Number(m_nScan += 1).Empty().Text(m_names.File()).Text(m_names.Folder());
+        const std::wstring_view file = m_names.File();
+        const std::wstring_view folder = m_names.Folder();
+        const bool isWholePath = m_nScan % LinesPerWholePath == 0;
+        line.Number(m_nScan += 1).Empty().Text(file);
+        line.Text(isWholePath ? std::wstring(folder) + L'\\' + std::wstring(file) : std::wstring(folder));
         line.Escaped(m_names.Page()).Empty().Number(0).Text(find.name).Number(1);
         line.Number(m_scanResults.Draw()).Text(find.type);
     }
@@ -168,10 +167,7 @@ private:
         }
         const ProxyOutcome& outcome = m_proxyOutcomes.Draw();
         line.Number(outcome.action).Number(outcome.result);
-        if (m_bDetailLeft)
-        {
-            AddDetail(L"", line);
-        }
+        m_detail.AddIfNeeded(L"", line);
     }
 
     void FillBehavior(Line& line)
@@ -179,7 +175,7 @@ private:
         const Target& target = m_targets.Draw();
         line.Empty().Number(m_behaviorKinds.Draw()).Empty().Empty().Empty().Text(m_names.Program());
         line.Number(target.count).Empty().Text(target.text).Number(m_behaviorResults.Draw()).Empty().Empty();
-        AddDetail(m_rules.Draw(), line);
+        m_detail.Add(m_rules.Draw(), line); // by which the reader knows that the record has ended
     }
 
     Names m_names;
@@ -195,7 +191,7 @@ private:
     std::int64_t m_nScan = 700;
     unsigned m_nFiles = 0;
     bool m_bHexadecimal = false;
-    bool m_bDetailLeft = true;
+    DetailToken m_detail;
 };
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "suite/samples/DetailToken.h"
 #include "suite/samples/Names.h"
 #include "suite/samples/RecordSource.h"
 
@@ -43,6 +44,13 @@ constexpr Card<Outcome> Outcomes[] = {
     {1, {3, 0, 2, 0}},   {1, {3, 0, 0, 0}}, {1, {3, 0, 3, 0}},
 };
 
+constexpr Card<std::wstring_view> Details[] = {
+    {60, L""},
+    {2, L"Found in an archive"},
+    {1, L"The file is in use"},
+    {1, L"Le support est protégé"},
+};
+
 class VirusRecords : public RecordSource
 {
 public:
@@ -51,12 +59,14 @@ public:
           m_sources(Sources, random),
           m_threats(Threats, random),
           m_objects(Objects, random),
-          m_outcomes(Outcomes, random)
+          m_outcomes(Outcomes, random),
+          m_details(Details, random)
     {
     }
 
     void Fill(const Moment& moment, Line& line) override
     {
+        m_detail.Begin(moment);
         const std::uint32_t source = m_sources.Draw();
         line.Day(moment.date).Time(moment.secondOfDay).Number(source).Empty();
         if (source <= LastProxySource)
@@ -69,6 +79,7 @@ public:
         }
         const Outcome& outcome = m_outcomes.Draw();
         line.Number(outcome.action1).Number(outcome.result1).Number(outcome.action2).Number(outcome.result2);
+        m_detail.AddIfNeeded(m_details.Draw(), line);
     }
 
 private:
@@ -104,6 +115,8 @@ private:
     Deck<std::wstring_view> m_threats;
     Deck<std::int64_t> m_objects;
     Deck<Outcome> m_outcomes;
+    Deck<std::wstring_view> m_details;
+    DetailToken m_detail;
     std::int64_t m_nScan = 4100;
 };
 

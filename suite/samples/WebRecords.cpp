@@ -16,6 +16,14 @@ constexpr Card<int> Reasons[] = {{9, 0}, {4, 1}, {1, 2}};
 // A key that the framework does not list.
 constexpr UrlCategory Unlisted = {L"97", L""};
 
+// What follows an address that is longer than a cell shows.
+constexpr std::uint32_t LongPercent = 3;
+constexpr std::wstring_view LongQuery =
+    L"#campaign=2026-summer-sale-second-reminder&channel=newsletter&recipient=5f0c1d9a77b24e8c9d3e0a4b6c8f1e2d&target="
+    L"https%3A%2F%2Fshop.example.com%2Foffers%2Fsummer%3Fpage%3D1%26sort%3Dprice&signature="
+    L"9b1e7d2c4a6f8035b7c9e1d3f5a70"
+    L"92b4d6f8a1c3e5072941b3d5f7a9c0e2f4d&previous=7d2c4a6f8035b7c9e1d3f5a7092b4d6f";
+
 class UrlFilterRecords : public RecordSource
 {
 public:
@@ -42,6 +50,10 @@ private:
         if (m_random.Chance(8))
         {
             address += L"#tab=2|sort=50%";
+        }
+        else if (m_random.Chance(LongPercent))
+        {
+            address += LongQuery;
         }
         return address;
     }

@@ -1,5 +1,7 @@
 #include "tests/unit/suite/samples/SampleFiles.h"
 
+#include <algorithm>
+
 namespace Samples
 {
 
@@ -47,6 +49,12 @@ TEST_P(ChangeRecordsTest, SomeRecordsNameNoItem)
 {
     EXPECT_TRUE(Values(m_arrRecord, 7).contains(L""));
     EXPECT_TRUE(Values(m_arrRecord, 10).contains(L""));
+}
+
+TEST_P(ChangeRecordsTest, SomeItemsAreLongerThanTheirLogKeeps)
+{
+    constexpr std::size_t most = 388;
+    EXPECT_TRUE(std::ranges::any_of(m_arrRecord, [](const Record& r) { return r[7].size() > most; }));
 }
 
 EACH_SEED(ChangeRecordsTest);

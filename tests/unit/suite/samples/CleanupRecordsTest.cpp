@@ -17,6 +17,14 @@ TEST_P(CleanupRecordsTest, EveryCleanupResultOccurs)
     EXPECT_EQ(Numbers(SampleMonth(L"PTG", GetParam()).Records(), 3), (std::set{0, 1, 2}));
 }
 
+TEST_P(CleanupRecordsTest, SomeCleanupsHaveADetailAndSomeLackItsToken)
+{
+    const SampleMonth month(L"PTG", GetParam());
+    const auto detailed = Where(month.Records(), [](const Record& r) { return r.size() == 5; });
+    EXPECT_LT(detailed.size(), month.Records().size());
+    EXPECT_GE(Values(detailed, 4).size(), 2u);
+}
+
 TEST_P(CleanupRecordsTest, EveryRiskAndStateOfAFixOccurs)
 {
     const SampleMonth month(L"VAG", GetParam());

@@ -125,6 +125,13 @@ TEST_P(SpywareRecordsTest, ProxyRecordsShowNoDetailOfAnotherRecord)
     EXPECT_EQ(sizes, (std::set<std::size_t>{9, 10}));
 }
 
+TEST_P(SpywareRecordsTest, SomeScanRecordsHaveTheWholePathForAFolder)
+{
+    const auto whole = Where(m_arrScan, [](const Record& r) { return r[6].ends_with(L"\\" + std::wstring(r[5])); });
+    EXPECT_FALSE(whole.empty());
+    EXPECT_LT(2 * whole.size(), m_arrScan.size());
+}
+
 EACH_SEED(SpywareRecordsTest);
 
 } // namespace Samples

@@ -57,6 +57,12 @@ TEST_P(UrlFilterRecordsTest, AddressesAreEscaped)
     EXPECT_TRUE(percent);
 }
 
+TEST_P(UrlFilterRecordsTest, SomeAddressesAreLongerThanACellShows)
+{
+    constexpr std::size_t mostOfACell = 255;
+    EXPECT_TRUE(std::ranges::any_of(m_arrRecord, [](const Record& r) { return r[6].size() > mostOfACell; }));
+}
+
 EACH_SEED(UrlFilterRecordsTest);
 
 TEST_P(PhishingRecordsTest, EveryKindCategoryAndLevelOccurs)
