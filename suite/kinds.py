@@ -4,15 +4,12 @@
     extension   of its daily files
     sub_type    its number in queries and in the database
     purge_type  its number in an order to purge
-    time_token  the token of its lines that holds the time, counted from 0
-    file_forms  which lines of its daily files get one more token, an empty one, in the database: SOURCES:TOKENS, where
-                SOURCES are the sources of the records, a number, a range as in 1-3 or * for all, and TOKENS is the
-                number of tokens in the file; separated by blanks, the first that fits counts. Empty when both forms
-                are the same
     contexts, topic, title, keywords
                 its topic in the help, as help/topics.py says; the topic is the column `file` there
 
-usage: kinds.py KINDS.TSV OUTPUT.CPP    writes what the programs know of the kinds
+The forms of their lines stand in lines.tsv, see lines.py.
+
+usage: kinds.py KINDS.TSV LINES.TSV OUTPUT.CPP    writes what the programs know of the kinds
 """
 
 import collections
@@ -20,26 +17,21 @@ import pathlib
 import re
 import sys
 
+import lines
 import tables
 
-COLUMNS = ["extension", "sub_type", "purge_type", "time_token", "file_forms", "contexts", "topic", "title", "keywords"]
+COLUMNS = ["extension", "sub_type", "purge_type", "contexts", "topic", "title", "keywords"]
 Kind = collections.namedtuple("Kind", ["place", *COLUMNS])
-
-FORM = r"(\d+(-\d+)?|\*):\d+"
 
 # What a cell must be, for the columns that the programs read.
 SHAPES = {
     "extension": "[A-Z]{3}",
     "sub_type": r"\d+",
     "purge_type": r"\d+",
-    "time_token": r"\d+",
-    "file_forms": f"({FORM}( {FORM})*)?",
     "title": "[A-Za-z ]+",
 }
 
-ANY_SOURCE = "0-4294967295"
-
-SOURCE = """// Made of suite/kinds.tsv.
+SOURCE = """// Made of suite/kinds.tsv and suite/lines.tsv.
 #include "suite/database/LogKinds.h"
 
 namespace EventLog
@@ -80,36 +72,45 @@ def read(path):
     return kinds
 
 
-def form_rows(kind):
-    """The file forms of a kind as rows in C++."""
-    for form in kind.file_forms.split():
-        sources, tokens = form.replace("*", ANY_SOURCE).split(":")
-        first, _, last = sources.partition("-")
-        yield f"{{{first}u, {last or first}u, {tokens}}}"
+def forms_of(kind, forms):
+    """The forms of the lines of a kind. Raises MalformedTable when it has none, or two with the time elsewhere."""
+    found = [form for form in forms if form.extension == kind.extension]
+    if not found:
+        raise tables.MalformedTable(f"{kind.place}: {kind.extension} has no form of lines")
+    for form in found:
+        if lines.time_token(form) != lines.time_token(found[0]):
+            raise tables.MalformedTable(f"{form.place}: the time of {kind.extension} is another token than before")
+    return found
 
 
-def source(kinds):
-    """The table in C++."""
-    forms, rows = "", ""
+def source(kinds, forms):
+    """The tables in C++."""
+    tokens_and_forms, rows = "", ""
     for kind in kinds:
-        name = ""
-        if kind.file_forms:
-            name = f"{kind.extension}Forms"
-            forms += f"constexpr FileForm {name}[] = {{{', '.join(form_rows(kind))}}};\n"
-        rows += (f'    {{L"{kind.extension}", {kind.sub_type}, {kind.purge_type}, {kind.time_token}, {name or "{}"}, '
-                 f'"{kind.title}"}},\n')
-    return SOURCE.format(forms=forms, kinds=rows)
+        found, form_rows = forms_of(kind, forms), []
+        for number, form in enumerate(found):
+            name = f"{kind.extension}Tokens{number}"
+            tokens = "".join(f"    {row},\n" for row in lines.token_rows(form))
+            tokens_and_forms += f"constexpr TokenForm {name}[] = {{\n{tokens}}};\n"
+            form_rows.append(lines.form_row(form, name))
+        tokens_and_forms += f"constexpr LineForm {kind.extension}Forms[] = {{{', '.join(form_rows)}}};\n"
+        rows += (f'    {{L"{kind.extension}", {kind.sub_type}, {kind.purge_type}, {lines.time_token(found[0])}, '
+                 f'{kind.extension}Forms, "{kind.title}"}},\n')
+    for form in forms:
+        if form.extension not in {kind.extension for kind in kinds}:
+            raise tables.MalformedTable(f"{form.place}: {form.extension} is no kind of log")
+    return SOURCE.format(forms=tokens_and_forms, kinds=rows)
 
 
-def main(table, target):
+def main(kind_table, line_table, target):
     try:
-        kinds = read(pathlib.Path(table))
+        text = source(read(pathlib.Path(kind_table)), lines.read(pathlib.Path(line_table)))
     except tables.MalformedTable as error:
         sys.exit(str(error))
-    pathlib.Path(target).write_text(source(kinds), encoding="utf-8")
+    pathlib.Path(target).write_text(text, encoding="utf-8")
 
 
 if __name__ == "__main__":
-    if len(sys.argv) != 3:
+    if len(sys.argv) != 4:
         sys.exit(__doc__)
     main(*sys.argv[1:])

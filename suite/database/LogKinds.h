@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -8,25 +7,45 @@
 namespace EventLog
 {
 
-// The number of tokens that a complete line of a daily file has when the source of its record is in the range; the
-// database form has one more.
-struct FileForm
+// What a token may be; suite/lines.py tells the rules.
+enum class Rule
+{
+    Any,
+    Minutes,
+    Seconds,
+    Number,
+    Source,
+    Hexadecimal,
+};
+
+struct TokenForm
+{
+    std::wstring_view name; // for messages; empty when no log looks at the token
+    Rule rule;
+    std::int64_t least; // of a number
+    std::int64_t most;
+    bool mayBeEmpty; // in spite of its rule
+    bool mayLack;    // a line of a daily file may end before it; such a line gets it in the database, empty
+};
+
+// How the lines look whose source, their third token, is in the range. They may have more tokens.
+struct LineForm
 {
     std::uint32_t firstSource;
     std::uint32_t lastSource;
-    std::ptrdiff_t tokens;
+    std::span<const TokenForm> tokens;
 };
 
 // What the suite knows of a kind of log: how it is named in file names, in queries and in orders to purge it, and how
-// its lines look. Each is a row of suite/kinds.tsv.
+// its lines look. Each is a row of suite/kinds.tsv, its forms those of suite/lines.tsv.
 struct LogKind
 {
-    std::wstring_view extension;         // of its daily files
-    std::uint32_t subType;               // its number in queries and in the database
-    std::uint32_t purgeType;             // its number in an order to purge, the log's command code
-    std::uint32_t timeToken;             // the token of its lines that holds the time
-    std::span<const FileForm> fileForms; // the first that fits counts; none when both forms are the same
-    std::string_view title;              // in English, as the help has it
+    std::wstring_view extension;     // of its daily files
+    std::uint32_t subType;           // its number in queries and in the database
+    std::uint32_t purgeType;         // its number in an order to purge, the log's command code
+    std::uint32_t timeToken;         // the token of its lines that holds the time
+    std::span<const LineForm> forms; // of its lines; the first that fits counts
+    std::string_view title;          // in English, as the help has it
 };
 
 std::span<const LogKind> AllLogKinds();

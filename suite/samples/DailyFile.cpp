@@ -74,10 +74,7 @@ std::vector<std::wstring> ReadDailyFile(const std::filesystem::path& path)
         {
             line.remove_suffix(1);
         }
-        if (!line.empty())
-        {
-            lines.emplace_back(line);
-        }
+        lines.emplace_back(line);
         start = end + 1;
     }
     return lines;

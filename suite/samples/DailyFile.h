@@ -20,8 +20,8 @@ struct DailyName
 // Takes YYYYMMDD.EXT apart; nothing when the name is not that of a daily file. Upper and lower case are the same.
 std::optional<DailyName> ParseDailyName(const std::filesystem::path& path);
 
-// The lines of a log file without their ends; empty ones and one that has no end yet are left out. Characters of no
-// meaning, NULs among them, stay. Throws Failure when the file cannot be read or is not UTF-16 with its byte order
+// The lines of a log file without their ends, empty ones included; one that has no end yet is left out. Characters of
+// no meaning, NULs among them, stay. Throws Failure when the file cannot be read or is not UTF-16 with its byte order
 // mark.
 std::vector<std::wstring> ReadDailyFile(const std::filesystem::path& path);
 

@@ -1,6 +1,7 @@
 #include "suite/samples/DatabaseFeed.h"
 
 #include "suite/database/EventDatabase.h"
+#include "suite/database/LineRules.h"
 #include "suite/database/LogKinds.h"
 #include "suite/database/LogLine.h"
 #include "suite/samples/DailyFile.h"
@@ -26,6 +27,17 @@ EventLog::Day DayOf(Date date)
            static_cast<unsigned>(day.day());
 }
 
+// The database form of a line. A log that meets one that it cannot read shows nothing of its day.
+std::wstring CheckedForm(const EventLog::LogKind& log, const std::wstring& line, const std::string& where)
+{
+    if (const std::optional<std::wstring> fault = EventLog::FaultOfLine(log, line))
+    {
+        throw Failure(ExitCode::WorkFailed,
+                      where + " " + Utf8(*fault) + ". Nothing of this day was taken. Mend the line or remove it.");
+    }
+    return EventLog::DatabaseForm(log.subType, line);
+}
+
 class Feed
 {
 public:
@@ -34,15 +46,19 @@ public:
     {
     }
 
-    void Put(const Kind& kind, Date date, std::span<const std::wstring> lines)
+    // where: the name of what has the lines, for messages.
+    void Put(const Kind& kind, Date date, std::span<const std::wstring> lines, const std::string& where)
     {
-        const std::uint32_t subType = EventLog::FindKindOfExtension(kind.extension)->subType;
+        const EventLog::LogKind& log = *EventLog::FindKindOfExtension(kind.extension);
         std::vector<std::wstring> forms;
-        for (const std::wstring& line : lines)
+        for (std::size_t i = 0; i < lines.size(); ++i)
         {
-            forms.push_back(EventLog::DatabaseForm(subType, line));
+            if (!lines[i].empty())
+            {
+                forms.push_back(CheckedForm(log, lines[i], where + ", line " + std::to_string(i + 1)));
+            }
         }
-        m_database.ReplaceDay(subType, DayOf(date), forms);
+        m_database.ReplaceDay(log.subType, DayOf(date), forms);
         m_progress.days += 1;
         m_progress.records += forms.size();
         m_tell(m_progress);
@@ -118,9 +134,10 @@ void FeedMonth(const path& database, std::span<const Kind* const> kinds, Date en
     FeedWith(database, tell,
              [&](Feed& feed)
              {
-                 MakeMonth(kinds, end, days, seed,
-                           [&](const Kind& kind, Date date, std::span<const std::wstring> lines)
-                           { feed.Put(kind, date, lines); });
+                 MakeMonth(
+                     kinds, end, days, seed,
+                     [&](const Kind& kind, Date date, std::span<const std::wstring> lines)
+                     { feed.Put(kind, date, lines, "made-up " + Utf8(DateText(date)) + "." + Utf8(kind.extension)); });
              });
 }
 
@@ -141,7 +158,7 @@ void ImportFiles(const path& database, std::span<const path> paths, const TakePr
                  for (const path& file : files)
                  {
                      const DailyName name = *ParseDailyName(file);
-                     feed.Put(*name.kind, name.date, ReadDailyFile(file));
+                     feed.Put(*name.kind, name.date, ReadDailyFile(file), Utf8(file));
                  }
              });
 }

@@ -22,7 +22,8 @@ using TakeProgress = std::function<void(const Progress&)>;
 
 // Both put records into the event-log database at `database`, which is made when it is missing. Each day of a kind is
 // one transaction and replaces what the database has of it; what is done stays when a later day fails. The progress is
-// told after each day and at the end. They throw Failure, with the remedy, when something cannot be read or written.
+// told after each day and at the end. They throw Failure, with the remedy, when something cannot be read or written,
+// and when a line is none that its log can read.
 
 // The records that MakeMonth makes up.
 void FeedMonth(const std::filesystem::path& database, std::span<const Kind* const> kinds, Date end, unsigned days,

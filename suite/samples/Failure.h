@@ -1,8 +1,11 @@
 #pragma once
 
+#include <windows.h>
+
 #include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace Samples
 {
@@ -27,10 +30,24 @@ private:
     ExitCode m_exitCode;
 };
 
+// Halves of a pair that stand alone become the mark of a character that is none.
+inline std::string Utf8(std::wstring_view text)
+{
+    const int length = static_cast<int>(text.size());
+    std::string bytes(3 * text.size(), '\0'); // no code unit takes more
+    bytes.resize(static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(),
+                                                              static_cast<int>(bytes.size()), nullptr, nullptr)));
+    return bytes;
+}
+
+inline std::string Utf8(const std::wstring& text)
+{
+    return Utf8(std::wstring_view(text));
+}
+
 inline std::string Utf8(const std::filesystem::path& path)
 {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
+    return Utf8(std::wstring_view(path.native()));
 }
 
 } // namespace Samples

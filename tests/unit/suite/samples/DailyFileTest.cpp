@@ -66,9 +66,9 @@ TEST(DailyFileTest, LinesComeWithoutTheirEnds)
     EXPECT_EQ(LinesOfText(L"a|b\r\nc\nd\re\r\n"), (Strings{L"a|b", L"c", L"d\re"}));
 }
 
-TEST(DailyFileTest, EmptyLinesAndOneWithoutAnEndAreLeftOut)
+TEST(DailyFileTest, EmptyLinesStayAndOneWithoutAnEndIsLeftOut)
 {
-    EXPECT_EQ(LinesOfText(L"\r\na\r\n\r\n\nb"), Strings{L"a"});
+    EXPECT_EQ(LinesOfText(L"\r\na\r\n\r\n\nb"), (Strings{L"", L"a", L"", L""}));
     EXPECT_EQ(LinesOfText(L""), Strings{});
 }
 

@@ -89,6 +89,12 @@ std::ptrdiff_t TokensOf(std::uint32_t kind, const std::wstring& line)
     return kind == Virus ? (proxy ? 12 : 13) : 9;
 }
 
+// A record of the virus log as the database has it.
+std::wstring VirusLine(const std::wstring& threat)
+{
+    return L"20260201|120000|1048576||1|0|" + threat + L"|C:\\a.exe|1|1|0|0|";
+}
+
 } // namespace
 
 TEST_F(DatabaseFeedTest, AllKindsHaveTheRecordsOfTheDailyFiles)
@@ -160,16 +166,19 @@ TEST_F(DatabaseFeedTest, TheProgressGrowsByADayAndIsDoneAtTheEnd)
 
 TEST_F(DatabaseFeedTest, DailyFilesOfAnyKindAreImported)
 {
-    for (const Kind* kind : m_arrKind)
+    FeedDays(3);
+    std::vector<Strings> fed;
+    for (const EventLog::LogKind& kind : EventLog::AllLogKinds())
     {
-        WriteUtf16(m_folder.File(L"20260201." + std::wstring(kind->extension)), L"a|120000|c\r\nb|130000|c\r\n");
+        fed.push_back(Lines(kind.subType));
     }
-    Import({m_folder.Path()});
-    for (const Kind* kind : m_arrKind)
+    std::filesystem::remove(m_path);
+    const std::filesystem::path files = m_folder.Path() / L"Log";
+    WriteMonth(files, m_arrKind, End, 3, 1);
+    Import({files});
+    for (std::size_t i = 0; i < fed.size(); ++i)
     {
-        const std::uint32_t subType = EventLog::FindKindOfExtension(kind->extension)->subType;
-        EXPECT_EQ(Lines(subType), (Strings{L"a|120000|c", L"b|130000|c"})) << std::wstring(kind->extension);
-        EXPECT_EQ(Days(subType), std::vector<EventLog::Day>{20260201});
+        EXPECT_EQ(Lines(EventLog::AllLogKinds()[i].subType), fed[i]) << i;
     }
 }
 
@@ -182,17 +191,17 @@ TEST_F(DatabaseFeedTest, ImportedLinesGetTheLastTokenOfTheDatabase)
 
 TEST_F(DatabaseFeedTest, AFileThatIsImportedAgainReplacesItsDayAlone)
 {
-    WriteUtf16(m_folder.File(L"20260201.VLG"), L"a|120000|old\r\n");
-    WriteUtf16(m_folder.File(L"20260202.VLG"), L"a|120000|other day\r\n");
+    WriteUtf16(m_folder.File(L"20260201.VLG"), VirusLine(L"old") + L"\r\n");
+    WriteUtf16(m_folder.File(L"20260202.VLG"), VirusLine(L"other day") + L"\r\n");
     Import({m_folder.Path()});
-    WriteUtf16(m_folder.File(L"20260201.VLG"), L"a|120000|new\r\n");
+    WriteUtf16(m_folder.File(L"20260201.VLG"), VirusLine(L"new") + L"\r\n");
     Import({m_folder.Path() / L"20260201.VLG"});
-    EXPECT_EQ(Lines(Virus), (Strings{L"a|120000|new", L"a|120000|other day"}));
+    EXPECT_EQ(Lines(Virus), (Strings{VirusLine(L"new"), VirusLine(L"other day")}));
 }
 
 TEST_F(DatabaseFeedTest, OtherFilesOfAFolderArePassedOver)
 {
-    WriteUtf16(m_folder.File(L"20260201.VLG"), L"a|120000|b\r\n");
+    WriteUtf16(m_folder.File(L"20260201.VLG"), VirusLine(L"b") + L"\r\n");
     WriteBytes(m_folder.File(L"readme.txt"), "text");
     std::filesystem::create_directory(m_folder.Path() / L"20260203.VLG");
     Import({m_folder.Path()});
@@ -201,16 +210,32 @@ TEST_F(DatabaseFeedTest, OtherFilesOfAFolderArePassedOver)
 
 TEST_F(DatabaseFeedTest, ANameThatIsNoneIsRefusedBeforeAnythingIsMade)
 {
-    WriteUtf16(m_folder.File(L"20260201.VLG"), L"a|120000|b\r\n");
+    WriteUtf16(m_folder.File(L"20260201.VLG"), VirusLine(L"b") + L"\r\n");
     WriteUtf16(m_folder.File(L"readme.txt"), L"text\r\n");
     const std::string text = Refusal({m_folder.Path() / L"20260201.VLG", m_folder.Path() / L"readme.txt"});
     EXPECT_NE(text.find("readme.txt"), std::string::npos) << text;
     EXPECT_FALSE(std::filesystem::exists(m_path));
 }
 
+TEST_F(DatabaseFeedTest, ALineThatItsLogCannotReadIsToldByItsNumberAndItsDayStaysAsItIs)
+{
+    WriteUtf16(m_folder.File(L"20260201.VLG"), VirusLine(L"old") + L"\r\n");
+    Import({m_folder.Path()});
+    std::wstring bad = VirusLine(L"bad");
+    bad.replace(bad.find(L"120000"), 6, L"noon\xD800");
+    WriteUtf16(m_folder.File(L"20260201.VLG"), VirusLine(L"new") + L"\r\n\r\n" + bad + L"\r\n");
+    const std::string text = Refusal({m_folder.Path()});
+    EXPECT_NE(
+        text.find("20260201.VLG, line 3 has \"noon\xEF\xBF\xBD\" as token 2 (time), which is to be a time of day"),
+        std::string::npos)
+        << text;
+    EXPECT_NE(text.find("Nothing of this day was taken."), std::string::npos) << text;
+    EXPECT_EQ(Lines(Virus), Strings{VirusLine(L"old")});
+}
+
 TEST_F(DatabaseFeedTest, DaysBeforeABrokenFileStay)
 {
-    WriteUtf16(m_folder.File(L"20260201.VLG"), L"a|120000|b\r\n");
+    WriteUtf16(m_folder.File(L"20260201.VLG"), VirusLine(L"b") + L"\r\n");
     WriteBytes(m_folder.File(L"20260202.VLG"), "no mark");
     EXPECT_NE(Refusal({m_folder.Path()}).find("20260202.VLG"), std::string::npos);
     EXPECT_EQ(Days(Virus), std::vector<EventLog::Day>{20260201});
@@ -220,7 +245,7 @@ TEST_F(DatabaseFeedTest, ADamagedDatabaseIsRefusedAndStaysAsItIs)
 {
     const std::string damaged(10'000, '?');
     WriteBytes(m_path.wstring(), damaged);
-    WriteUtf16(m_folder.File(L"20260201.VLG"), L"a|120000|b\r\n");
+    WriteUtf16(m_folder.File(L"20260201.VLG"), VirusLine(L"b") + L"\r\n");
     const std::string text = Refusal({m_folder.Path()});
     EXPECT_NE(text.find("EventLog.db"), std::string::npos) << text;
     EXPECT_NE(text.find("stays as it is"), std::string::npos) << text;
