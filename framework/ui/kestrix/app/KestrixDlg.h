@@ -1,6 +1,5 @@
 #pragma once
 
-#include "framework/ui/kestrix/app/page/DailyFiles.h"
 #include "framework/ui/kestrix/app/page/DateList.h"
 #include "framework/ui/kestrix/app/page/DetailPane.h"
 #include "framework/ui/kestrix/app/page/LogChoice.h"
@@ -10,6 +9,7 @@
 #include "framework/ui/kestrix/app/page/ThreatLink.h"
 #include "framework/ui/kestrix/controls/BitmapDialog.h"
 #include "framework/ui/kestrix/controls/ExtendButton.h"
+#include "framework/ui/kestrix/logs/DailyFiles.h"
 #include "framework/ui/kestrix/logs/LogKinds.h"
 
 #include <cstdint>

@@ -1,23 +1,11 @@
 #include "framework/ui/kestrix/logs/LogFileReader.h"
 
-#include "framework/ui/kestrix/logs/FindCharacter.h"
-
 #include <algorithm>
-#include <cstring>
-#include <new>
 
 namespace
 {
 
 constexpr LONGLONG MarkSize = 2; // the byte order mark
-
-// Gives the number of characters up to and with the first line feed, 0 when there is none.
-std::size_t FindLineFeed(const wchar_t* text, std::size_t length)
-{
-    const wchar_t* const end = text + length;
-    const wchar_t* const found = FindCharacter(text, end, L'\n');
-    return found == end ? 0 : static_cast<std::size_t>(found - text) + 1;
-}
 
 } // namespace
 
@@ -25,17 +13,7 @@ bool LogFileReader::Open(const std::wstring& path, std::uint32_t limit)
 {
     m_hFile.reset(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                               nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-    m_nBegin = m_nEnd = m_nOddBytes = 0;
-    m_bLineStartOk = true;
-    if (!m_hFile || !Seek(limit & ~1U))
-    {
-        return false;
-    }
-    try
-    {
-        m_arrBuffer.resize((BlockSize + LongestLine * sizeof(wchar_t)) / sizeof(wchar_t));
-    }
-    catch (const std::bad_alloc&)
+    if (!Begin() || !m_hFile || !Seek(limit & ~1U))
     {
         return false;
     }
@@ -58,74 +36,8 @@ bool LogFileReader::Seek(std::uint32_t limit) const
     return SetFilePointerEx(m_hFile.get(), start, nullptr, FILE_BEGIN);
 }
 
-bool LogFileReader::NextLine(std::wstring_view& line)
+std::size_t LogFileReader::ReadBytes(char* to, std::size_t room)
 {
-    for (std::wstring_view piece = NextPiece(); !piece.empty(); piece = NextPiece())
-    {
-        const wchar_t* const begin = piece.data();
-        std::wstring_view text(begin, FindCharacter(begin, begin + piece.size(), L'\0'));
-        if (text.empty())
-        {
-            continue;
-        }
-        if (text.back() != L'\n')
-        {
-            m_bLineStartOk = false;
-            continue;
-        }
-        if (!m_bLineStartOk)
-        {
-            m_bLineStartOk = true;
-            continue;
-        }
-        text = text.substr(0, text.rfind(L'\r'));
-        if (!text.empty())
-        {
-            line = text;
-            return true;
-        }
-    }
-    return false;
-}
-
-// The next text up to and with a line feed, LongestLine characters at the most; empty at the end of the file.
-std::wstring_view LogFileReader::NextPiece()
-{
-    for (;;)
-    {
-        const std::size_t available = std::min(m_nEnd - m_nBegin, LongestLine);
-        std::size_t length = FindLineFeed(m_arrBuffer.data() + m_nBegin, available);
-        if (length == 0)
-        {
-            if (available < LongestLine && ReadBlock())
-            {
-                continue;
-            }
-            length = available;
-        }
-        // Only now: what is left of the file has moved to the front when nothing more came.
-        const std::wstring_view piece(m_arrBuffer.data() + m_nBegin, length);
-        m_nBegin += length;
-        return piece;
-    }
-}
-
-// Moves what is left to the front of the buffer and reads after it; false when nothing more came.
-bool LogFileReader::ReadBlock()
-{
-    const std::size_t left = m_nEnd - m_nBegin;
-    auto* const bytes = reinterpret_cast<char*>(m_arrBuffer.data());
-    const std::size_t leftBytes = left * sizeof(wchar_t) + m_nOddBytes;
-    std::memmove(bytes, bytes + m_nBegin * sizeof(wchar_t), leftBytes);
-
     DWORD read = 0;
-    const auto room = static_cast<DWORD>(m_arrBuffer.size() * sizeof(wchar_t) - leftBytes);
-    if (!ReadFile(m_hFile.get(), bytes + leftBytes, room, &read, nullptr))
-    {
-        read = 0;
-    }
-    m_nBegin = 0;
-    m_nEnd = (leftBytes + read) / sizeof(wchar_t);
-    m_nOddBytes = (leftBytes + read) % sizeof(wchar_t);
-    return read != 0;
+    return ReadFile(m_hFile.get(), to, static_cast<DWORD>(room), &read, nullptr) ? read : 0;
 }

@@ -1,6 +1,6 @@
-#include "framework/ui/kestrix/app/DateRange.h"
+#include "framework/ui/kestrix/logs/DateRange.h"
 
-#include "framework/ui/kestrix/app/CalendarSeconds.h"
+#include "framework/ui/kestrix/logs/CalendarSeconds.h"
 #include "platform/dialog/Exceptions.h"
 
 namespace

@@ -1,4 +1,4 @@
-#include "framework/ui/kestrix/app/CalendarSeconds.h"
+#include "framework/ui/kestrix/logs/CalendarSeconds.h"
 
 #include "platform/dialog/Exceptions.h"
 #include "platform/dialog/OleDateTime.h"

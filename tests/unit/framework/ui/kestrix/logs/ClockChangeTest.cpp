@@ -1,7 +1,7 @@
 // Calendar seconds and days in Pacific time, where summer time lasts from 8 March to 1 November 2026.
 
-#include "framework/ui/kestrix/app/CalendarSeconds.h"
-#include "framework/ui/kestrix/app/DateRange.h"
+#include "framework/ui/kestrix/logs/CalendarSeconds.h"
+#include "framework/ui/kestrix/logs/DateRange.h"
 
 #include <gtest/gtest.h>
 

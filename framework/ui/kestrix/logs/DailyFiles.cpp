@@ -1,17 +1,16 @@
-#include "framework/ui/kestrix/app/page/DailyFiles.h"
+#include "framework/ui/kestrix/logs/DailyFiles.h"
 
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "common/VdCommon/VdComn_Number.h"
 #include "platform/dialog/UniqueHandle.h"
 
-#include <string_view>
-
 namespace
 {
 
-constexpr std::size_t NameLength = 12; // YYYYMMDD.EXT
-constexpr std::size_t PathRoom = 260;  // a path must fit with its terminator
+constexpr std::size_t PathRoom = 260; // a path must fit with its terminator
 constexpr int Noon = 12;
+
+} // namespace
 
 COleDateTime DateOfName(std::wstring_view name)
 {
@@ -23,7 +22,6 @@ COleDateTime DateOfName(std::wstring_view name)
             0};
 }
 
-// Calls visit for each entry but "." and ".." until it returns false.
 void ForEachEntry(const std::wstring& path, const std::function<bool(const WIN32_FIND_DATAW&)>& visit)
 {
     WIN32_FIND_DATAW entry{};
@@ -42,8 +40,6 @@ void ForEachEntry(const std::wstring& path, const std::function<bool(const WIN32
     } while (FindNextFileW(search.get(), &entry));
 }
 
-} // namespace
-
 void ForEachDailyFile(const std::wstring& path, const std::function<void(const DailyFile&)>& visit)
 {
     ForEachEntry(path,
@@ -51,7 +47,7 @@ void ForEachDailyFile(const std::wstring& path, const std::function<void(const D
                  {
                      const std::wstring_view name = entry.cFileName;
                      VD_TRACE(Flow, L"log filename[%s]", name);
-                     if (name.size() == NameLength && (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+                     if (name.size() == DailyFileNameLength && (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
                      {
                          const COleDateTime date = DateOfName(name);
                          if (date.GetStatus() == COleDateTime::valid)
@@ -81,7 +77,8 @@ bool HasForeignLogFile(const std::wstring& path)
                  [&](const WIN32_FIND_DATAW& entry)
                  {
                      const std::wstring_view name = entry.cFileName;
-                     foreign = name.size() != NameLength || DateOfName(name).GetStatus() != COleDateTime::valid;
+                     foreign =
+                         name.size() != DailyFileNameLength || DateOfName(name).GetStatus() != COleDateTime::valid;
                      return !foreign;
                  });
     return foreign;

@@ -1,4 +1,4 @@
-#include "framework/ui/kestrix/app/page/DailyFiles.h"
+#include "framework/ui/kestrix/logs/DailyFiles.h"
 
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TraceRecorder.h"

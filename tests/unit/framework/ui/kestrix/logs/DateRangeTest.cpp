@@ -1,4 +1,4 @@
-#include "framework/ui/kestrix/app/DateRange.h"
+#include "framework/ui/kestrix/logs/DateRange.h"
 
 #include "platform/dialog/Exceptions.h"
 
