@@ -2,32 +2,18 @@
 
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "tests/support/DebugScale.h"
+#include "tests/support/Seed.h"
 #include "tests/support/VisibleText.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <iostream>
-#include <random>
 #include <string_view>
 
 namespace
 {
 
 constexpr std::size_t Lines = Scaled(20'000);
-constexpr std::uint32_t UsualSeed = 20261122;
 constexpr std::size_t LongestShown = 2000; // characters
-
-std::uint32_t Seed()
-{
-    const char* const given = std::getenv("KESTRIX_SEED");
-    const std::string_view wanted = given == nullptr ? std::string_view() : given;
-    const std::uint32_t seed = wanted.empty()       ? UsualSeed
-                               : wanted == "random" ? std::random_device()()
-                                                    : std::strtoul(given, nullptr, 10);
-    std::cout << "KESTRIX_SEED=" << seed << '\n';
-    return seed;
-}
 
 std::string Cut(std::wstring_view text)
 {
