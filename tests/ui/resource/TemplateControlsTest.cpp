@@ -95,6 +95,25 @@ constexpr std::array DeletionControls{
     Control{IDC_DELETE_CLOSE_BOX, Button, Shown | BS_PUSHBUTTON},
 };
 
+constexpr DWORD Link = Shown | Stop | SS_NOPREFIX | SS_NOTIFY;
+
+constexpr std::array ReportControls{
+    Control{IDC_REPORT_PAGE_TITLE, Static, Shown | SS_NOPREFIX},
+    Control{IDC_REPORT_RULE, Static, Shown | SS_ETCHEDHORZ},
+    Control{IDC_REPORT_ANCHOR_VIRUS, Static, Shown | SS_NOPREFIX},
+    Control{IDC_REPORT_VIRUS, Static, Link},
+    Control{IDC_REPORT_ANCHOR_SUSPICIOUS, Static, Shown | SS_NOPREFIX},
+    Control{IDC_REPORT_SUSPICIOUS, Static, Link},
+    Control{IDC_REPORT_ANCHOR_SPYWARE, Static, Shown | SS_NOPREFIX},
+    Control{IDC_REPORT_SPYWARE, Static, Link},
+    Control{IDC_REPORT_ANCHOR_WEB, Static, Shown | SS_NOPREFIX},
+    Control{IDC_REPORT_WEB, Static, Link},
+    Control{IDC_REPORT_ANCHOR_DATA_PREVENTION, Static, Shown | SS_NOPREFIX},
+    Control{IDC_REPORT_DATA_PREVENTION, Static, Link},
+    Control{IDC_REPORT_NO_DATA, Static, SS_NOPREFIX},
+    Control{IDC_REPORT_FRAME, Static, Shown | SS_ETCHEDFRAME},
+};
+
 // Styles that lists set by themselves: a scroll bar when they need one, and that they keep texts.
 DWORD SetByLists(std::wstring_view name)
 {
@@ -131,6 +150,11 @@ TEST_F(Templates, PageHasItsControlsInTheOrderOfTheTabKey)
     ExpectControls(m_page, PageControls);
 }
 
+TEST_F(Templates, ReportHasItsControlsInTheOrderOfTheTabKey)
+{
+    ExpectControls(m_report, ReportControls);
+}
+
 TEST_F(Templates, SmallDialogsHaveTheirControlsInTheOrderOfTheTabKey)
 {
     ExpectControls(m_settings, SettingsControls);
@@ -153,16 +177,20 @@ TEST_F(Templates, FormAndSmallDialogsArePopupsWithoutAFrameOfTheSystem)
 
 TEST_F(Templates, PageIsAHiddenChildWhoseControlsTakePartInTheTabOrder)
 {
-    const auto style = static_cast<DWORD>(GetWindowLongPtrW(m_page.Window(), GWL_STYLE));
-    EXPECT_EQ(static_cast<DWORD>(WS_CHILD), style & (WS_CHILD | WS_VISIBLE | WS_CAPTION | WS_BORDER));
-    EXPECT_TRUE(style & DS_CONTROL);
-    EXPECT_TRUE(GetWindowLongPtrW(m_page.Window(), GWL_EXSTYLE) & WS_EX_CONTROLPARENT);
+    for (const TemplateDialog* page : {&m_page, &m_report})
+    {
+        const auto style = static_cast<DWORD>(GetWindowLongPtrW(page->Window(), GWL_STYLE));
+        EXPECT_EQ(static_cast<DWORD>(WS_CHILD), style & (WS_CHILD | WS_VISIBLE | WS_CAPTION | WS_BORDER));
+        EXPECT_TRUE(style & DS_CONTROL);
+        EXPECT_TRUE(GetWindowLongPtrW(page->Window(), GWL_EXSTYLE) & WS_EX_CONTROLPARENT);
+    }
 }
 
 TEST_F(Templates, PageShowsThroughTheTabControlInFrontOfIt)
 {
     // A page that clips its siblings would be left out where the tab control stands.
     EXPECT_FALSE(GetWindowLongPtrW(m_page.Window(), GWL_STYLE) & WS_CLIPSIBLINGS);
+    EXPECT_FALSE(GetWindowLongPtrW(m_report.Window(), GWL_STYLE) & WS_CLIPSIBLINGS);
 }
 
 TEST_F(Templates, BackgroundIsPaintedUnderTransparentControls)

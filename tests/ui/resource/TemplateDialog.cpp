@@ -70,6 +70,7 @@ void Templates::SetUpTestSuite()
 Templates::Templates()
     : m_form(IDD_LOG_FORM),
       m_page(IDD_LOG_PAGE, m_form.Window()),
+      m_report(IDD_REPORT_PAGE, m_form.Window()),
       m_settings(IDD_SETTINGS, m_form.Window()),
       m_deletion(IDD_DELETE, m_form.Window())
 {

@@ -45,7 +45,7 @@ private:
     HWND m_window = nullptr;
 };
 
-// The form, the viewer page as its child, and the small dialogs that it owns.
+// The form, its two pages as its children, and the small dialogs that it owns.
 class Templates : public ::testing::Test
 {
 protected:
@@ -53,11 +53,12 @@ protected:
 
     TemplateDialog m_form;
     TemplateDialog m_page;
+    TemplateDialog m_report;
     TemplateDialog m_settings;
     TemplateDialog m_deletion;
 
     const std::array<const TemplateDialog*, 2> m_small{&m_settings, &m_deletion};
-    const std::array<const TemplateDialog*, 4> m_all{&m_form, &m_page, &m_settings, &m_deletion};
+    const std::array<const TemplateDialog*, 5> m_all{&m_form, &m_page, &m_report, &m_settings, &m_deletion};
 
     Templates();
 };

@@ -335,6 +335,17 @@ void CKestrixDlg::OnBnClickedBtnDelete()
     }
 }
 
+void CKestrixDlg::ShowLog(std::uint32_t logType)
+{
+    if (logType != m_nLogType)
+    {
+        m_nLogType = logType;
+        m_DetailPane.Clear();
+        RefreshLog(AnyReason);
+        m_TypeCombo.Select(m_nLogType);
+    }
+}
+
 void CKestrixDlg::RefreshLog(int)
 {
     m_Operations.Refresh();

@@ -45,6 +45,9 @@ public:
     void RefreshLog(int reason);
     static constexpr int AnyReason = 100;
 
+    // Switches to the log of this type, as a user who chooses it, unless it is shown already.
+    void ShowLog(std::uint32_t logType);
+
     // What is loaded: the list of its records, the text of its date, empty when none is selected, and the log, null for
     // a type that has none.
     CSortListCtrl& RecordList() { return m_RecordList; }

@@ -5,8 +5,11 @@
 #include "framework/ui/kestrix/app/Help.h"
 #include "framework/ui/kestrix/app/ProductName.h"
 #include "framework/ui/kestrix/app/PushButtonSkin.h"
+#include "framework/ui/kestrix/controls/MinimisedIcon.h"
 #include "framework/ui/kestrix/controls/SkinFrame.h"
 #include "resource/resource.h"
+
+#include <optional>
 
 namespace
 {
@@ -24,10 +27,29 @@ constexpr int LogTab = 1;
 
 constexpr TabColours FormTabColours{.border = RGB(192, 201, 218)}; // that of the frames in the page
 
-UniqueIcon LoadIconOf(int width, int height)
+// Has a window that is not seen yet stand at the origin of the screen's coordinates until the object goes. There they
+// are those of the report page as well, which is made at the top left of the form: its chart stands in the page where
+// its frame stands on the screen.
+class AtScreenOrigin
 {
-    return LoadIconImage(IDI_KESTRIX, {::GetSystemMetrics(width), ::GetSystemMetrics(height)});
-}
+public:
+    explicit AtScreenOrigin(CWindow window) : m_window(window), m_place(window.GetWindowRect()) { MoveTo({0, 0}); }
+
+    ~AtScreenOrigin() { MoveTo({m_place.left, m_place.top}); }
+
+    AtScreenOrigin(const AtScreenOrigin&) = delete;
+    AtScreenOrigin& operator=(const AtScreenOrigin&) = delete;
+
+private:
+    void MoveTo(POINT place)
+    {
+        m_window.SetWindowPos(nullptr, {place.x, place.y, place.x, place.y},
+                              SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+
+    CWindow m_window;
+    const RECT m_place;
+};
 
 } // namespace
 
@@ -109,8 +131,8 @@ BOOL CLogFormDlg::OnInitDialog()
 
 void CLogFormDlg::SetIcons()
 {
-    m_hBigIcon = LoadIconOf(SM_CXICON, SM_CYICON);
-    m_hSmallIcon = LoadIconOf(SM_CXSMICON, SM_CYSMICON);
+    m_hBigIcon = LoadMinimisedIcon(IDI_KESTRIX);
+    m_hSmallIcon = LoadIconImage(IDI_KESTRIX, {::GetSystemMetrics(SM_CXSMICON), ::GetSystemMetrics(SM_CYSMICON)});
     SetIcon(m_hSmallIcon.get(), false); // first: without one the system makes it from the big one
     SetIcon(m_hBigIcon.get(), true);
 }
@@ -127,17 +149,21 @@ void CLogFormDlg::HandValuesToPages()
     m_LogPage.m_pHost = m_pPageHost;
     m_LogPage.SetFormButtons(m_ExportButton, m_DeleteButton);
     m_ReportPage.m_nReportSpan = m_nReportSpan;
+    m_ReportPage.m_strProductName = m_strProductName;
     m_ReportPage.m_pParentForm = this;
 }
 
 void CLogFormDlg::CreatePages()
 {
+    std::optional<AtScreenOrigin> origin;
     if (!m_bLogOnly)
     {
+        origin.emplace(*this);
         m_Tab.AddPage(IDS_TAB_REPORT, m_ReportPage, IDD_REPORT_PAGE);
     }
     m_Tab.AddPage(IDS_TAB_LOGS, m_LogPage, IDD_LOG_PAGE);
     m_Tab.CreatePages(LoadNumber(IDS_TAB_OFFSET, NoTabOffset));
+    origin.reset();
     SetTabLook();
     m_Tab.SetCurFocus(0);
     if (m_bLogOnly)
@@ -184,7 +210,7 @@ void CLogFormDlg::OnPaint()
 {
     if (IsIconic())
     {
-        DrawIcon();
+        PaintMinimisedIcon(*this, m_hBigIcon.get());
         return;
     }
     m_Heading.Invalidate();
@@ -196,16 +222,6 @@ void CLogFormDlg::OnPaint()
     const RECT client = GetClientRect();
     DrawSkinFrame(CClientDC(m_hWnd), {client.right, client.bottom}, FrameTop::Stretched);
     Default();
-}
-
-void CLogFormDlg::DrawIcon()
-{
-    const CPaintDC dc(m_hWnd);
-    SendMessage(WM_ICONERASEBKGND, reinterpret_cast<WPARAM>(dc.GetSafeHdc()));
-    const RECT client = GetClientRect();
-    const int width = ::GetSystemMetrics(SM_CXICON);
-    const int height = ::GetSystemMetrics(SM_CYICON);
-    ::DrawIcon(dc, (client.right - width + 1) / 2, (client.bottom - height + 1) / 2, m_hBigIcon.get());
 }
 
 HCURSOR CLogFormDlg::OnQueryDragIcon()
@@ -250,6 +266,14 @@ LRESULT CLogFormDlg::OnHelpKey(WPARAM, LPARAM)
 void CLogFormDlg::OnHelp()
 {
     extHtmlHelp(0);
+}
+
+// What has the keyboard on the tab of the report is hidden from now on.
+void CLogFormDlg::ShowLog(std::uint32_t logType)
+{
+    m_LogPage.ShowLog(logType);
+    m_Tab.SetCurFocus(LogTab);
+    m_LogPage.KeepFocusUsable();
 }
 
 // Beside a report the tab decides.

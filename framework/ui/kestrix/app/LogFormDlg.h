@@ -7,10 +7,11 @@
 #include "framework/ui/kestrix/controls/FlexBitmapButton.h"
 #include "framework/ui/kestrix/controls/TabCtrlEx.h"
 #include "framework/ui/kestrix/report/KxReportDlg.h"
+#include "framework/ui/kestrix/report/ReportHost.h"
 
 // The main window: the skin frame with heading and caption buttons, the pages, and the buttons below them. It shows the
 // page of the log alone, or the report and the page of the log as two tabs.
-class CLogFormDlg : public CFramedDialog
+class CLogFormDlg : public CFramedDialog, private CReportHost
 {
 public:
     CLogFormDlg();
@@ -42,6 +43,9 @@ protected:
     void OnCancel() override;
 
 private:
+    // CReportHost
+    void ShowLog(std::uint32_t logType) override;
+
     void OnPaint();
     HCURSOR OnQueryDragIcon();
     LRESULT OnActivate(WPARAM how, LPARAM other);

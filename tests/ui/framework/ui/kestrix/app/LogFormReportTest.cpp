@@ -21,6 +21,7 @@ protected:
     {
         m_form.m_bLogOnly = false;
         m_form.m_nReportSpan = 10'000;
+        m_registry.SetText(L"Software\\Veldrane\\Zeptara", L"InstalledFolder", m_folder.Path().wstring());
     }
 
     std::wstring TotalLabel()
@@ -87,6 +88,12 @@ TEST_F(LogFormReportTest, AnInstallationWithinThePeriodIsItsBeginning)
     time.wYear = 2001;
     Install(time);
     EXPECT_EQ(TotalLabel(), TotalSince(6));
+}
+
+TEST_F(LogFormReportTest, AnInstallationInTheFutureIsTheBeginningToo)
+{
+    Install({2126, 11, 0, 21, 12, 0, 0, 0});
+    EXPECT_EQ(TotalLabel(), L"0 events since 2126-11-21");
 }
 
 TEST_F(LogFormReportTest, AnInstallationTimeOfAnotherSizeIsTracedAndLeftOut)
