@@ -5,10 +5,14 @@
 list_x=60
 list_y=30
 
-# The title of the form, text 80 of the language file, as a pattern that matches it alone.
+# The text of the language file that is the form's title: of a form with the logs alone, and of one with a report.
+report_title_text=79
+title_text=80
+
+# The title of the form as a pattern that matches it alone.
 form_title() {
-  awk -F '\t' 'NR == 1 { for (i = 1; i <= NF; ++i) if ($i == "en-US") column = i }
-         $1 == 80 { print $column }' resource/texts.tsv | sed -e 's/[][\\.*^$+?(){}|]/\\&/g' -e 's/.*/^&$/'
+  awk -F '\t' -v text="$title_text" 'NR == 1 { for (i = 1; i <= NF; ++i) if ($i == "en-US") column = i }
+         $1 == text { print $column }' resource/texts.tsv | sed -e 's/[][\\.*^$+?(){}|]/\\&/g' -e 's/.*/^&$/'
 }
 
 viewer_runs() {
@@ -89,7 +93,7 @@ shows_after() {
 }
 
 # photograph_viewer FILE PROGRAM WORD...: starts the program, waits until its window is painted, selects a record,
-# leaves the picture in FILE and closes the program. The prefix has to be free.
+# leaves the picture in FILE and closes the program. The prefix has to be free. A report is photographed as it is.
 photograph_viewer() {
   local file=$1 plain=build/shots/work/plain.png
   shift
@@ -98,8 +102,12 @@ photograph_viewer() {
   claim_prefix
   say "Taking a picture on a virtual display"
   open_viewer "$plain" "$@"
-  shows_after "$plain" select_record
-  cp "$plain.selected" "$file"
+  if [[ $title_text == "$report_title_text" ]]; then
+    cp "$plain" "$file"
+  else
+    shows_after "$plain" select_record
+    cp "$plain.selected" "$file"
+  fi
   say "The picture is ${file#"$root"/}"
 }
 

@@ -35,7 +35,7 @@ public:
 
     // Cuts the command line into its six fields and fills the members below. False, with nothing changed, for a line
     // that is empty or has too few fields.
-    bool ParseCommandLine();
+    virtual bool ParseCommandLine();
 
     // The internal log type of a command code, LogTypeNone for a code without a log. Text that is no number counts as
     // 0.
