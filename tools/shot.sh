@@ -6,8 +6,9 @@ list_x=60
 list_y=30
 
 # The text of the language file that is the form's title: of a form with the logs alone, and of one with a report.
+log_title_text=80
 report_title_text=79
-title_text=80
+title_text=$log_title_text
 
 # The title of the form as a pattern that matches it alone.
 form_title() {
