@@ -95,6 +95,26 @@ int NumberOf(HWND control)
     return GetDlgCtrlID(control) & 0xFFFF;
 }
 
+bool Holds(const RECT& outer, const RECT& inner)
+{
+    RECT all{};
+    UnionRect(&all, &outer, &inner);
+    return EqualRect(&all, &outer) != FALSE;
+}
+
+SIZE TextSizeIn(const LOGFONTW& font, const std::wstring& text)
+{
+    const HDC dc = GetDC(nullptr);
+    const HFONT selected = CreateFontIndirectW(&font);
+    const HGDIOBJ before = SelectObject(dc, selected);
+    SIZE size{};
+    GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
+    SelectObject(dc, before);
+    DeleteObject(selected);
+    ReleaseDC(nullptr, dc);
+    return size;
+}
+
 int Width(const RECT& place)
 {
     return place.right - place.left;

@@ -69,5 +69,10 @@ std::wstring ClassOf(HWND window);
 // A control's number; 0xFFFF for one without.
 int NumberOf(HWND control);
 
+// Whether one rectangle lies inside the other.
+bool Holds(const RECT& outer, const RECT& inner);
+
+SIZE TextSizeIn(const LOGFONTW& font, const std::wstring& text);
+
 int Width(const RECT& place);
 int Height(const RECT& place);

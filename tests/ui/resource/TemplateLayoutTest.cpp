@@ -33,28 +33,13 @@ bool Overlap(const RECT& one, const RECT& other)
     return IntersectRect(&common, &one, &other) != FALSE;
 }
 
-bool Holds(const RECT& outer, const RECT& inner)
-{
-    RECT all{};
-    UnionRect(&all, &outer, &inner);
-    return EqualRect(&all, &outer) != FALSE;
-}
-
 // Size of a text in a window's own font, or in that font at another weight.
 SIZE TextSize(HWND window, const std::wstring& text, LONG weight = FW_NORMAL)
 {
     LOGFONTW description{};
     GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof description, &description);
     description.lfWeight = weight;
-    const HDC dc = GetDC(window);
-    const HFONT font = CreateFontIndirectW(&description);
-    const HGDIOBJ before = SelectObject(dc, font);
-    SIZE size{};
-    GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
-    SelectObject(dc, before);
-    DeleteObject(font);
-    ReleaseDC(window, dc);
-    return size;
+    return TextSizeIn(description, text);
 }
 
 // Pairs that may overlap: the two forms of a value, and the frame with what it surrounds.

@@ -8,6 +8,7 @@
 #include "tests/unit/resource/BuiltFile.h"
 
 #include <array>
+#include <cwchar>
 #include <set>
 #include <string>
 #include <utility>
@@ -36,18 +37,13 @@ constexpr std::array Rows{
 constexpr int DotRadius = 4;
 
 // The size of a text in the font of the report, which is 16 pixels high.
-SIZE ReportTextSize(HWND window, const std::wstring& text)
+SIZE ReportTextSize(const std::wstring& text)
 {
-    const HDC dc = GetDC(window);
-    const HFONT font =
-        CreateFontW(16, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, L"Segoe UI");
-    const HGDIOBJ before = SelectObject(dc, font);
-    SIZE size{};
-    GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
-    SelectObject(dc, before);
-    DeleteObject(font);
-    ReleaseDC(window, dc);
-    return size;
+    LOGFONTW font{};
+    font.lfHeight = 16;
+    font.lfCharSet = DEFAULT_CHARSET;
+    std::wcscpy(font.lfFaceName, L"Segoe UI");
+    return TextSizeIn(font, text);
 }
 
 // A text with the greatest number in its place.
@@ -56,13 +52,6 @@ std::wstring WithGreatestNumber(unsigned text)
     std::wstring filled = text == 0 ? L"" : LanguageText(text);
     const auto place = filled.find(L"%u");
     return place == filled.npos ? filled : filled.replace(place, 2, L"4294967295");
-}
-
-bool Holds(const RECT& outer, const RECT& inner)
-{
-    RECT all{};
-    UnionRect(&all, &outer, &inner);
-    return EqualRect(&all, &outer) != FALSE;
 }
 
 RECT TextRect(POINT place, SIZE size)
@@ -109,13 +98,11 @@ TEST_F(Templates, TheChartOfTheReportLiesInsideItsFrameWithItsTitlesAndLabels)
     const ReportAxes axes = AxesOf(chart);
     EXPECT_TRUE(
         Holds(frame, {chart.m_ptTopLeft.x, chart.m_ptTopLeft.y, chart.m_ptBottomRight.x, chart.m_ptBottomRight.y}));
-    EXPECT_TRUE(
-        Holds(frame, TextRect(axes.xTitle, ReportTextSize(m_report.Window(), LanguageText(IDS_REPORT_X_TITLE)))));
-    EXPECT_TRUE(
-        Holds(frame, TextRect(axes.yTitle, ReportTextSize(m_report.Window(), LanguageText(IDS_REPORT_Y_TITLE)))));
+    EXPECT_TRUE(Holds(frame, TextRect(axes.xTitle, ReportTextSize(LanguageText(IDS_REPORT_X_TITLE)))));
+    EXPECT_TRUE(Holds(frame, TextRect(axes.yTitle, ReportTextSize(LanguageText(IDS_REPORT_Y_TITLE)))));
     for (const ReportTick& tick : TicksOf(chart, axes, 20))
     {
-        EXPECT_TRUE(Holds(frame, TextRect(tick.label, ReportTextSize(m_report.Window(), L"30"))));
+        EXPECT_TRUE(Holds(frame, TextRect(tick.label, ReportTextSize(L"30"))));
     }
     EXPECT_GT(2 * axes.m_nAxisXLength, Width(frame)) << "most of the frame is chart";
     EXPECT_GT(2 * axes.m_nAxisYLength, Height(frame));
@@ -138,7 +125,7 @@ TEST_F(Templates, TheLinesOfTheReportHaveRoomForTheGreatestNumbers)
     for (const Row& row : Rows)
     {
         const std::wstring text = WithGreatestNumber(row.texts[0]) + L" " + WithGreatestNumber(row.texts[1]);
-        const SIZE size = ReportTextSize(m_report.Window(), text);
+        const SIZE size = ReportTextSize(text);
         EXPECT_LE(size.cx, Width(m_report.Place(row.line))) << row.line;
         EXPECT_LE(size.cy, Height(m_report.Place(row.line))) << row.line;
     }

@@ -2,10 +2,9 @@
 
 #include "framework/ui/kestrix/report/ReportChartPaint.h"
 
-#include "platform/dialog/DialogFramework.h"
 #include "tests/support/LanguageFile.h"
-#include "tests/support/LiveHandles.h"
 #include "tests/support/Picture.h"
+#include "tests/ui/framework/ui/kestrix/controls/Ground.h"
 #include "tests/unit/framework/ui/kestrix/report/UsualSettings.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +16,7 @@ namespace
 
 constexpr SIZE Size{460, 200};
 
-// A chart of 7 days with lines that cross, in a font whose pixels are black or white.
+// A chart of 7 days, in a font whose pixels are black or white.
 class ReportChartPaintTest : public ::testing::Test
 {
 protected:
@@ -36,13 +35,6 @@ protected:
         m_chart.m_nReportSpan = 7;
         m_chart.m_strAxisXTitle = L"Days ago";
         m_chart.m_strAxisYTitle = L"Events";
-
-        LOGFONTW font{};
-        font.lfHeight = -12;
-        font.lfCharSet = DEFAULT_CHARSET;
-        font.lfQuality = NONANTIALIASED_QUALITY;
-        std::ranges::copy(std::wstring_view(L"Liberation Sans"), font.lfFaceName);
-        m_font.CreateFontIndirect(font);
     }
 
     // Gives the lines, in their order, these series; a line without one has no events.
@@ -62,12 +54,12 @@ protected:
 
     Picture Draw() const
     {
-        return PictureOf(Size, [&](HDC dc) { DrawReportChart(dc, m_chart, m_font); });
+        return PictureOf(Size, [&](HDC dc) { DrawReportChart(dc, m_chart, m_ground.m_font); });
     }
 
     const LanguageFile m_language;
     ReportChart m_chart;
-    CFont m_font;
+    const Ground m_ground; // has the font
 };
 
 } // namespace
@@ -150,7 +142,7 @@ TEST_F(ReportChartPaintTest, WhatIsSetInTheDeviceContextIsAsBeforeAndNothingIsLe
     };
     const auto before = objects();
     const auto live = std::accumulate(LiveHandles::s_nCounts.begin(), LiveHandles::s_nCounts.end(), 0L);
-    DrawReportChart(dc, m_chart, m_font);
+    DrawReportChart(dc, m_chart, m_ground.m_font);
     EXPECT_EQ(objects(), before);
     EXPECT_EQ(::GetTextColor(dc), RGB(1, 2, 3));
     EXPECT_EQ(std::accumulate(LiveHandles::s_nCounts.begin(), LiveHandles::s_nCounts.end(), 0L), live);
