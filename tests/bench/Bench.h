@@ -50,3 +50,4 @@ Figures BenchTrace();
 Figures BenchStart();
 Figures BenchRules();
 Figures BenchDelete();
+Figures BenchReport();

@@ -27,7 +27,7 @@ struct Bench
 constexpr Bench Benches[] = {
     {L"read", &BenchRead},   {L"memory", &BenchMemory},    {L"database", &BenchDatabase}, {L"days", &BenchDays},
     {L"list", &BenchList},   {L"list", &BenchAddressSort}, {L"export", &BenchExport},     {L"trace", &BenchTrace},
-    {L"start", &BenchStart}, {L"rules", &BenchRules},      {L"delete", &BenchDelete},
+    {L"start", &BenchStart}, {L"rules", &BenchRules},      {L"delete", &BenchDelete},     {L"report", &BenchReport},
 };
 
 constexpr int OverBudget = 1;
