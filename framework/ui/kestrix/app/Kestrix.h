@@ -34,7 +34,7 @@ public:
     bool CheckInstance();
 
     // Cuts the command line into its six fields and fills the members below. False, with nothing changed, for a line
-    // that is empty or has too few fields.
+    // that is empty or has too few fields. A product that shows the report switches m_bLogOnly off after it.
     virtual bool ParseCommandLine();
 
     // The internal log type of a command code, LogTypeNone for a code without a log. Text that is no number counts as

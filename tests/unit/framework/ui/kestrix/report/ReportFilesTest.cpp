@@ -2,6 +2,7 @@
 
 #include "framework/ui/kestrix/report/ReportCollector.h"
 #include "platform/dialog/UniqueHandle.h"
+#include "tests/support/AllocationWatch.h"
 #include "tests/support/StandingClock.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -67,4 +68,30 @@ TEST_F(ReportFilesTest, ADirectoryNamedLikeALogAndADayThatDoesNotExistCountNothi
     std::filesystem::create_directory(m_folder.File(L"20261121.VLG"));
     WriteUtf16(m_folder.File(L"20260230.VLG"), L"a\r\n");
     EXPECT_EQ(Collect().m_nGrandTotal, 0u);
+}
+
+TEST_F(ReportFilesTest, ALargeFileTakesNoMoreMemoryThanTheBlockOfItsReader)
+{
+    constexpr std::size_t Lines = 100'000;
+    std::wstring text;
+    for (std::size_t i = 0; i < Lines; ++i)
+    {
+        text += L"0|1|2|3|4|5\r\n";
+    }
+    WriteUtf16(m_folder.File(L"20261121.SPG"), text);
+    AllocationWatch watch;
+    watch.FailAbove(300'000);
+    EXPECT_EQ(Collect().m_nSpywareTotal, Lines);
+}
+
+TEST_F(ReportFilesTest, WithoutMemoryForThatBlockAFileCountsNothing)
+{
+    WriteUtf16(m_folder.File(L"20261121.VLG"), L"a\r\n");
+    CReportFolder files(m_folder.Path().wstring() + L"\\");
+    CReportCollector collector(files, 7, 1);
+    std::uint32_t count = 0;
+    AllocationWatch watch;
+    watch.FailAbove(100'000);
+    EXPECT_FALSE(collector.ParseLogW(L"20261121.VLG", LogTypeVirus, count));
+    EXPECT_EQ(count, 0u);
 }
