@@ -1,6 +1,7 @@
 // Numbers of the language file that the code uses, by name. Plain macros, since the resource compiler reads them too.
 // A text is named here when the first code uses it; texts.tsv holds all texts with their roles. The many texts of the
-// update log stand in UpdateTexts.h, those of the logs about the web and about tasks in WebAndTaskTexts.h.
+// update log stand in UpdateTexts.h, those of the logs about the web and about tasks in WebAndTaskTexts.h, those of the
+// report and of the dialogs for settings and deletion in DialogTexts.h.
 #pragma once
 
 // Dialogs
@@ -120,21 +121,6 @@
 #define IDS_TOO_MANY_VIEWERS 189
 #define IDS_NAME_IN_USE 1322
 
-// Texts: the report page
-#define IDS_REPORT_PAGE_TITLE 576
-#define IDS_REPORT_VIRUS 321
-#define IDS_REPORT_SUSPICIOUS_BLOCKED 322
-#define IDS_REPORT_SUSPICIOUS_ALLOWED 323
-#define IDS_REPORT_SPYWARE_DETECTED 815
-#define IDS_REPORT_SPYWARE_OTHER 816
-#define IDS_REPORT_WEB 326
-#define IDS_REPORT_DATA_PREVENTION 327
-#define IDS_REPORT_NO_DATA 575
-#define IDS_REPORT_X_TITLE 73
-#define IDS_REPORT_Y_TITLE 74
-#define IDS_REPORT_TICK 75
-#define IDS_REPORT_TICK_SHIFT 773
-
 // Texts: the viewer page
 #define IDS_HEADING_DATES 546
 #define IDS_HEADING_ENTRIES 547
@@ -156,17 +142,6 @@
 #define IDS_EXPORT_DISK_FULL 63
 #define IDS_EXPORT_FAILED 64
 #define IDS_EXPORT_DIALOG_TITLE 621
-
-// Texts: settings and deletion
-#define IDS_SETTINGS_HEADING 619
-#define IDS_KEEP_7_DAYS 68
-#define IDS_KEEP_14_DAYS 69
-#define IDS_KEEP_30_DAYS 70
-#define IDS_KEEP_45_DAYS 71
-#define IDS_KEEP_60_DAYS 72
-#define IDS_DELETE_HEADING 620
-#define IDS_DELETE_QUESTION 66
-#define IDS_DELETE_SIZE 67
 
 // Texts: titles of the logs
 #define IDS_TITLE_VIRUS 143

@@ -23,7 +23,7 @@ LAYERS = (
 )
 
 # The numbers of the language file belong to no layer.
-FREE = {"resource/resource.h", "resource/UpdateTexts.h", "resource/WebAndTaskTexts.h"}
+FREE = {"resource/resource.h", "resource/DialogTexts.h", "resource/UpdateTexts.h", "resource/WebAndTaskTexts.h"}
 
 # What the libraries of the suite and the product agree on. These lie at the bottom, and are all that the suite shares
 # with the product beside the headers made of common/*.idl.

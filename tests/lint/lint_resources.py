@@ -5,7 +5,7 @@ import re
 
 import lint
 
-NAMES = ("resource/resource.h", "resource/UpdateTexts.h", "resource/WebAndTaskTexts.h")
+NAMES = ("resource/resource.h", "resource/DialogTexts.h", "resource/UpdateTexts.h", "resource/WebAndTaskTexts.h")
 TEXTS = "resource/texts.tsv"
 UNUSED = "resource/unused.txt"
 

@@ -1,6 +1,7 @@
 // Where the controls of the templates stand, and that texts fit them.
 
 #include "framework/ui/kestrix/logs/LogKinds.h"
+#include "resource/DialogTexts.h"
 #include "resource/resource.h"
 #include "tests/ui/resource/TemplateDialog.h"
 #include "tests/unit/resource/BuiltFile.h"

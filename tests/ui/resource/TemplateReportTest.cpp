@@ -2,6 +2,7 @@
 // screen, so the chart's frame has the same coordinates there and in the page.
 
 #include "framework/ui/kestrix/report/ReportChart.h"
+#include "resource/DialogTexts.h"
 #include "resource/resource.h"
 #include "tests/ui/resource/TemplateDialog.h"
 #include "tests/unit/framework/ui/kestrix/report/UsualSettings.h"

@@ -2,6 +2,7 @@
 
 #include "common/VdCommon/VdComn_FormatText.h"
 #include "framework/ui/kestrix/app/ProductName.h"
+#include "resource/DialogTexts.h"
 #include "resource/resource.h"
 
 #include <algorithm>

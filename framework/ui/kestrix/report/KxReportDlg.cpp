@@ -8,6 +8,7 @@
 #include "framework/ui/kestrix/report/ReportChartPaint.h"
 #include "framework/ui/kestrix/report/ReportCollector.h"
 #include "framework/ui/kestrix/report/ReportHost.h"
+#include "resource/DialogTexts.h"
 #include "resource/resource.h"
 
 #include <algorithm>

@@ -2,6 +2,7 @@
 
 #include "common/VdCommon/VdComn_FormatText.h"
 #include "platform/dialog/DialogFramework.h"
+#include "resource/DialogTexts.h"
 #include "resource/resource.h"
 
 namespace

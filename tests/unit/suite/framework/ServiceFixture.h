@@ -42,7 +42,7 @@ public:
 
     std::atomic<bool> fails = false;
     std::atomic<std::uint32_t> failingKind = 0; // the one that fails also when the others do not
-    std::mutex mayRun; // a deletion waits for it
+    std::mutex mayRun;                          // a deletion waits for it
 
 private:
     mutable std::mutex m_mutex;

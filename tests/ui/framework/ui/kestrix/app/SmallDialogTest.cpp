@@ -4,6 +4,7 @@
 
 #include "framework/ui/kestrix/app/DelLogDlg.h"
 #include "framework/ui/kestrix/app/SettingLogDlg.h"
+#include "resource/DialogTexts.h"
 #include "resource/resource.h"
 #include "tests/ui/framework/ui/kestrix/app/PurgeDialogTest.h"
 
