@@ -43,12 +43,13 @@ SIZE TextSize(HWND window, const std::wstring& text, LONG weight = FW_NORMAL)
     return TextSizeIn(description, text);
 }
 
-// Pairs that may overlap: the two forms of a value, and the frame with what it surrounds.
+// Pairs that may overlap: the two forms of a value, and a frame with what it surrounds.
 bool MayOverlap(int one, int other)
 {
     static const std::set<std::pair<int, int>> pairs{{IDC_INFO_VALUE_0_LINK, IDC_INFO_VALUE_0_TEXT},
                                                      {IDC_INFO_VALUE_2, IDC_INFO_VALUE_2_WHOLE}};
-    return one == IDC_DETAIL_FRAME || other == IDC_DETAIL_FRAME || pairs.contains(std::minmax(one, other));
+    static const std::set<int> frames{IDC_DETAIL_FRAME, IDC_REPORT_FRAME};
+    return frames.contains(one) || frames.contains(other) || pairs.contains(std::minmax(one, other));
 }
 
 void ExpectNoOverlap(const TemplateDialog& dialog)

@@ -63,7 +63,7 @@ bool Takes(const TokenForm& form, std::wstring_view token)
 {
     const TokenForm tokens[] = {form};
     const LineForm forms[] = {{0, UINT32_MAX, tokens}};
-    return FaultOfLine({L"ABC", 1, 1, 0, forms}, token) == std::nullopt;
+    return FaultOfLine({L"ABC", 1, 1, 0, forms, "Abc log"}, token) == std::nullopt;
 }
 
 // All forms of lines with their kinds.
