@@ -209,6 +209,7 @@ TEST_F(StartingViewerTest, ASecondStartEndsWhileTheFirstHasNoFormYet)
     const HWND form = first.Window(Text(IDS_FORM_TITLE));
     ASSERT_NE(form, nullptr);
     EXPECT_EQ(CloseForm(first, form), 0u);
+    Service::Kill(); // with its class object, which the end of the process alone leaves to all programs after it
 }
 
 TEST_P(RunningCountTest, AsManyViewersAsTheSettingAllowsAndOneMoreShowsAMessageAndNoForm)
