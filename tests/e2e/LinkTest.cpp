@@ -14,6 +14,8 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <set>
 
 namespace
@@ -64,9 +66,10 @@ public:
         std::vector<std::string> records;
         for (const auto& entry : std::filesystem::directory_iterator(m_folder.Path()))
         {
-            if (entry.path().extension() == L".txt")
+            std::ifstream file(entry.path(), std::ios::binary);
+            if (entry.path().extension() == L".txt" && file) // else its browser still holds it, to name it
             {
-                records.push_back(ReadBytes(entry.path().wstring()));
+                records.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
             }
         }
         std::ranges::sort(records);
