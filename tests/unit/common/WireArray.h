@@ -4,6 +4,7 @@
 
 #include <oleauto.h>
 
+#include <algorithm>
 #include <cstring>
 #include <initializer_list>
 #include <span>
@@ -34,7 +35,7 @@ public:
     explicit OwnedArray(std::span<const VARIANT> elements)
         : OwnedArray(VT_VARIANT, {{static_cast<ULONG>(elements.size()), 0}})
     {
-        std::memcpy(m_array->pvData, elements.data(), elements.size_bytes());
+        std::ranges::copy(elements, static_cast<VARIANT*>(m_array->pvData));
     }
 
     OwnedArray(std::initializer_list<VARIANT> elements) : OwnedArray(std::span(elements.begin(), elements.size())) {}
