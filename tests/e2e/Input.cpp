@@ -14,7 +14,7 @@ constexpr LPARAM KeyIsUp = static_cast<LPARAM>(0xC0000001);
 LRESULT Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     DWORD_PTR answer = 0;
-    if (!SendMessageTimeoutW(window, message, wParam, lParam, SMTO_ABORTIFHUNG, AnswerLimit, &answer))
+    if (!SendMessageTimeoutW(window, message, wParam, lParam, SMTO_NORMAL, AnswerLimit, &answer))
     {
         throw std::runtime_error("a window of the viewer does not answer");
     }
