@@ -4,11 +4,11 @@
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "common/VdCommon/VdComn_FormatText.h"
 #include "common/VdCommon/VdComn_Storage.h"
-#include "framework/ui/kestrix/app/EventLogKey.h"
 #include "framework/ui/kestrix/app/HeadingLook.h"
 #include "framework/ui/kestrix/app/LogFormDlg.h"
 #include "framework/ui/kestrix/app/ReportSpan.h"
 #include "framework/ui/kestrix/logs/CalendarSeconds.h"
+#include "framework/ui/kestrix/logs/EventLogKey.h"
 #include "resource/resource.h"
 
 #include <cstring>

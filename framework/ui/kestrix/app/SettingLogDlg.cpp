@@ -2,7 +2,7 @@
 
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "common/VdCommon/VdComn_Storage.h"
-#include "framework/ui/kestrix/app/EventLogKey.h"
+#include "framework/ui/kestrix/logs/EventLogKey.h"
 #include "resource/DialogTexts.h"
 #include "resource/resource.h"
 

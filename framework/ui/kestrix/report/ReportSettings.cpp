@@ -1,13 +1,12 @@
 #include "framework/ui/kestrix/report/ReportSettings.h"
 
 #include "common/VdCommon/VdComn_Storage.h"
+#include "framework/ui/kestrix/logs/EventLogKey.h"
 
 #include <cwchar>
 
 namespace
 {
-
-constexpr wchar_t EventLogKey[] = L"Software\\Veldrane\\Zeptara\\17\\ServiceFramework\\EnforceLayer\\Common\\EventLog";
 
 // A value of the registry: a fraction that is kept as a text, or a number.
 struct Setting
