@@ -35,21 +35,12 @@ protected:
 
 TEST_F(DelLogDlgTest, TheDatesStandInTheOrderOfTheListWithWhatItCarriesBesideThem)
 {
-    std::vector<std::wstring> texts;
-    std::vector<DWORD_PTR> data;
     m_dialog.Run({[&]
                   {
-                      CComboBox combo;
-                      combo.Attach(Combo());
-                      for (int i = 0; i < combo.GetCount(); ++i)
-                      {
-                          texts.push_back(combo.GetLBText(i));
-                          data.push_back(combo.GetItemData(i));
-                      }
-                      combo.Detach();
+                      EXPECT_EQ(
+                          EntriesOf(Combo()),
+                          (Entries{{L"11/20/2026", 20261120}, {L"11/19/2026", 20261119}, {L"10/31/2026", 20261031}}));
                   }});
-    EXPECT_EQ(texts, (std::vector<std::wstring>{L"11/20/2026", L"11/19/2026", L"10/31/2026"}));
-    EXPECT_EQ(data, (std::vector<DWORD_PTR>{20261120, 20261119, 20261031}));
 }
 
 TEST_F(DelLogDlgTest, TheDateOfTheListIsSelectedAndTheFirstWhereItHasNone)

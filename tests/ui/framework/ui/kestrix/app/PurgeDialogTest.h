@@ -11,7 +11,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <type_traits>
+#include <utility>
+#include <vector>
 
 inline constexpr wchar_t SuiteKey[] = L"Software\\Veldrane\\Zeptara";
 inline constexpr wchar_t PurgeSettingsKey[] =
@@ -38,6 +41,22 @@ protected:
     }
 
     void AddDate(const std::wstring& text, DWORD_PTR day) { m_dates.SetItemData(m_dates.AddString(text), day); }
+
+    // The texts of a combo box, and what it carries beside them.
+    using Entries = std::vector<std::pair<std::wstring, DWORD_PTR>>;
+
+    static Entries EntriesOf(HWND window)
+    {
+        CComboBox combo;
+        combo.Attach(window);
+        Entries entries;
+        for (int i = 0; i < combo.GetCount(); ++i)
+        {
+            entries.emplace_back(combo.GetLBText(i), combo.GetItemData(i));
+        }
+        combo.Detach();
+        return entries;
+    }
 
     void Press(UINT button) { m_dialog.Item(button).SendMessage(BM_CLICK); }
 

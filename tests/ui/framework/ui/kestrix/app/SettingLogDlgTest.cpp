@@ -56,21 +56,12 @@ protected:
 
 TEST_F(SettingLogDlgTest, TheListOffersFiveSpansAndCarriesTheirDays)
 {
-    std::vector<std::wstring> texts;
-    std::vector<DWORD_PTR> days;
     m_dialog.Run({[&]
                   {
-                      CComboBox combo;
-                      combo.Attach(m_dialog.Item(IDC_SETTINGS_FREQUENCY));
-                      for (int i = 0; i < combo.GetCount(); ++i)
-                      {
-                          texts.push_back(combo.GetLBText(i));
-                          days.push_back(combo.GetItemData(i));
-                      }
-                      combo.Detach();
+                      EXPECT_EQ(
+                          EntriesOf(m_dialog.Item(IDC_SETTINGS_FREQUENCY)),
+                          (Entries{{Text(68), 7}, {Text(69), 14}, {Text(70), 30}, {Text(71), 45}, {Text(72), 60}}));
                   }});
-    EXPECT_EQ(texts, (std::vector{Text(68), Text(69), Text(70), Text(71), Text(72)}));
-    EXPECT_EQ(days, (std::vector<DWORD_PTR>{7, 14, 30, 45, 60}));
 }
 
 TEST_F(SettingLogDlgTest, MissingRegistryValuesTickTheBoxAndSelect30Days)

@@ -14,6 +14,19 @@
 
 using Texts = std::vector<std::wstring>;
 
+// What a comparison of a rule with an event traces: it is left by a line of its own when they do not match.
+Texts TracesOf(const std::wstring& name, const std::wstring& ruleName, std::uint32_t rule,
+               const std::wstring& eventName, std::uint32_t event, bool matches)
+{
+    Texts texts{L"[Enter] " + name + L" [" + ruleName + L"=" + std::to_wstring(rule) + L"][" + eventName + L"=" +
+                std::to_wstring(event) + L"]"};
+    if (!matches)
+    {
+        texts.push_back(L"[Leave] " + name);
+    }
+    return texts;
+}
+
 TEST(FirewallRulesTest, ABlockRuleOfTheProgramInOtherLettersMakesWayForTheAllowRule)
 {
     EXPECT_EQ(AllowSelected({BlockRule(L"C:\\A.EXE")}, Selected(L"c:\\a.exe")),
@@ -92,13 +105,8 @@ TEST(FirewallRulesTest, RuleType0MatchesDirection2AndNotDirection1)
     {
         trace.Clear();
         EXPECT_EQ(MatchRuleType(type, direction), matches) << type << ' ' << direction;
-        Texts expected{L"[Enter] CZPTLogPFW::MatchRuleType [_nRuleType=" + std::to_wstring(type) +
-                       L"][_nEvtDirection=" + std::to_wstring(direction) + L"]"};
-        if (!matches)
-        {
-            expected.push_back(L"[Leave] CZPTLogPFW::MatchRuleType");
-        }
-        EXPECT_EQ(trace.Texts(VdCommon::TraceLevel::Flow), expected);
+        EXPECT_EQ(trace.Texts(VdCommon::TraceLevel::Flow),
+                  TracesOf(L"CZPTLogPFW::MatchRuleType", L"_nRuleType", type, L"_nEvtDirection", direction, matches));
     }
 }
 
@@ -117,13 +125,8 @@ TEST(FirewallRulesTest, AProtocolMatchesItselfAndARuleForAnyMatchesAll)
     {
         trace.Clear();
         EXPECT_EQ(MatchProtocolType(rule, event), matches) << rule << ' ' << event;
-        Texts expected{L"[Enter] CZPTLogPFW::MatchProtocolType [_nProtocolType=" + std::to_wstring(rule) +
-                       L"][_nEvtProtocol=" + std::to_wstring(event) + L"]"};
-        if (!matches)
-        {
-            expected.push_back(L"[Leave] CZPTLogPFW::MatchProtocolType");
-        }
-        EXPECT_EQ(trace.Texts(VdCommon::TraceLevel::Flow), expected);
+        EXPECT_EQ(trace.Texts(VdCommon::TraceLevel::Flow), TracesOf(L"CZPTLogPFW::MatchProtocolType", L"_nProtocolType",
+                                                                    rule, L"_nEvtProtocol", event, matches));
     }
 }
 
