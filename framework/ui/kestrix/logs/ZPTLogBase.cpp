@@ -98,7 +98,8 @@ void CZPTLogBase::SetListColumn()
     {
         return;
     }
-    m_pListCtrl->SetExtendedStyle(m_pListCtrl->GetExtendedStyle() | LVS_EX_FULLROWSELECT);
+    // The time of some logs does not fit its column: the pointer on it shows it whole.
+    m_pListCtrl->SetExtendedStyle(m_pListCtrl->GetExtendedStyle() | LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP);
     for (std::size_t i = 0; i < m_arrColumn.size(); ++i)
     {
         m_pListCtrl->InsertColumn(static_cast<int>(i), m_arrColumn[i].substr(0, LongestColumnTitle), LVCFMT_LEFT,

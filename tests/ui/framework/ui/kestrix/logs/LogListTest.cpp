@@ -142,13 +142,14 @@ TEST_F(LogListTest, ATitleIsCutTo254Characters)
     EXPECT_EQ(title, std::wstring(254, L'b'));
 }
 
-TEST_F(LogListTest, SetListColumnAddsTheSelectionOfWholeRowsToTheListsStyle)
+TEST_F(LogListTest, SetListColumnAddsTheSelectionOfWholeRowsAndTipsWithCutTimesToTheListsStyle)
 {
     m_window.m_list.SetExtendedStyle(LVS_EX_GRIDLINES);
     FieldLog log(1);
     log.SetListCtrl(&m_window.m_list);
     log.SetListColumn();
-    EXPECT_EQ(m_window.m_list.GetExtendedStyle(), static_cast<DWORD>(LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT));
+    EXPECT_EQ(m_window.m_list.GetExtendedStyle(),
+              static_cast<DWORD>(LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP));
 }
 
 TEST_F(LogListTest, SetListColumnGivesTheHeaderItsArrowsAlsoWithoutColumns)
