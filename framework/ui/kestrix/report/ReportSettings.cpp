@@ -3,10 +3,14 @@
 #include "common/VdCommon/VdComn_Storage.h"
 #include "framework/ui/kestrix/logs/EventLogKey.h"
 
+#include <algorithm>
 #include <cwchar>
 
 namespace
 {
+
+// Each interval reads the folder again for each line of the report; the chart is some hundreds of pixels wide.
+constexpr std::uint32_t MostIntervals = 1000;
 
 // A value of the registry: a fraction that is kept as a text, or a number.
 struct Setting
@@ -67,5 +71,6 @@ ReportSettings ReadReportSettings()
             settings.*setting.number = QueryValue(HKEY_LOCAL_MACHINE, EventLogKey, setting.name, setting.numberDefault);
         }
     }
+    settings.m_nAxisXNumber = std::min(settings.m_nAxisXNumber, MostIntervals);
     return settings;
 }

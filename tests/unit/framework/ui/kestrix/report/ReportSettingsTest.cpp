@@ -125,3 +125,13 @@ TEST_F(ReportSettingsTest, AValueOfTheOtherSortHasItsDefault)
     EXPECT_EQ(settings.m_dXLeftOffset, 0.5);
     EXPECT_EQ(settings.m_nAxisXNumber, 3u);
 }
+
+// A number of some thousand millions would keep the report counting for days.
+TEST_F(ReportSettingsTest, MoreThanAThousandIntervalsAreAThousand)
+{
+    for (const auto& [value, intervals] : {std::pair{999u, 999u}, {1000u, 1000u}, {1001u, 1000u}, {~0u, 1000u}})
+    {
+        m_registry.SetNumber(Key, L"AxisXNumber", value);
+        EXPECT_EQ(ReadReportSettings().m_nAxisXNumber, intervals);
+    }
+}
