@@ -57,6 +57,25 @@ protected:
 
     int Tab() const { return static_cast<int>(m_form.Item(IDC_FORM_TAB).SendMessage(TCM_GETCURSEL)); }
 
+    void ExpectChartInItsFrame() const
+    {
+        RECT frame = LineOf(IDC_REPORT_FRAME).GetWindowRect();
+        ReportPage().ScreenToClient(frame);
+        ReportChart chart;
+        chart.m_settings = ReadReportSettings();
+        SetChartArea(chart, frame);
+        const Picture picture = PictureOf(ReportPage());
+        for (const POINT point : {chart.m_ptOrigin, chart.m_ptTopLeft, chart.m_ptBottomRight})
+        {
+            EXPECT_TRUE(::PtInRect(&frame, point));
+        }
+        for (LONG y = chart.m_ptTopLeft.y; y <= chart.m_ptOrigin.y; ++y)
+        {
+            EXPECT_EQ(picture.At(chart.m_ptOrigin.x, y), RGB(0, 0, 0)) << y;
+            EXPECT_NE(picture.At(chart.m_ptOrigin.x - 10, y), RGB(0, 0, 0)) << y;
+        }
+    }
+
     std::wstring ChosenLog() const
     {
         const CWindow combo(PageItem(IDC_LOG_TYPE));
@@ -75,6 +94,53 @@ protected:
 
     const RegistrySandbox m_registry;
     const StandingClock m_clock;
+};
+
+// Has the dialogs of this thread stand at a place before they do anything, as if the screen were such that the system
+// put them there, while the object lives.
+class StandsAt
+{
+public:
+    explicit StandsAt(POINT place)
+    {
+        s_place = place;
+        m_hook = ::SetWindowsHookExW(WH_CALLWNDPROC, &Place, nullptr, ::GetCurrentThreadId());
+    }
+
+    ~StandsAt() { ::UnhookWindowsHookEx(m_hook); }
+
+    StandsAt(const StandsAt&) = delete;
+    StandsAt& operator=(const StandsAt&) = delete;
+
+private:
+    static LRESULT CALLBACK Place(int code, WPARAM sender, LPARAM data)
+    {
+        const auto& call = *reinterpret_cast<const CWPSTRUCT*>(data);
+        if (code == HC_ACTION && call.message == WM_INITDIALOG && (CWindow(call.hwnd).GetStyle() & WS_CHILD) == 0)
+        {
+            ::SetWindowPos(call.hwnd, nullptr, s_place.x, s_place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        }
+        return ::CallNextHookEx(nullptr, code, sender, data);
+    }
+
+    static inline POINT s_place{};
+    HHOOK m_hook = nullptr;
+};
+
+struct PlaceOfForm
+{
+    const char* name;
+    POINT place;
+};
+
+constexpr PlaceOfForm Places[] = {
+    {"in the middle of a screen of 1024 by 768", {127, 48}},
+    {"in the middle of one of 2560 by 1440", {895, 384}},
+    {"on a screen to the left", {-1025, 48}},
+    {"on a screen above to the left", {-1025, -1000}},
+    {"beside a task bar at the left", {190, 48}},
+    {"below a task bar at the top", {127, 80}},
+    {"at the origin", {0, 0}},
 };
 
 } // namespace
@@ -173,24 +239,20 @@ TEST_F(LogFormTabsTest, TheTabKeyGoesFromTheTabsThroughTheLinesToTheButtons)
 // middle of the screen, the chart would lie outside of its frame.
 TEST_F(LogFormTabsTest, TheChartLiesInItsFrameWhereverTheFormStands)
 {
-    m_form.Run({[&]
-                {
-                    RECT frame = LineOf(IDC_REPORT_FRAME).GetWindowRect();
-                    EXPECT_GT(frame.left, 100) << "the form stands in the middle of the screen";
-                    ReportPage().ScreenToClient(frame);
-                    ReportChart chart;
-                    chart.m_settings = ReadReportSettings();
-                    SetChartArea(chart, frame);
-                    const Picture picture = PictureOf(ReportPage());
-                    for (const POINT point : {chart.m_ptOrigin, chart.m_ptTopLeft, chart.m_ptBottomRight})
+    for (const PlaceOfForm& one : Places)
+    {
+        SCOPED_TRACE(one.name);
+        const StandsAt place(one.place);
+        m_form.Run({[&]
                     {
-                        EXPECT_TRUE(::PtInRect(&frame, point));
-                    }
-                    for (LONG y = chart.m_ptTopLeft.y; y <= chart.m_ptOrigin.y; ++y)
-                    {
-                        EXPECT_EQ(picture.At(chart.m_ptOrigin.x, y), RGB(0, 0, 0)) << y;
-                    }
-                }});
+                        const RECT form = CWindow(m_form.GetSafeHwnd()).GetWindowRect();
+                        EXPECT_EQ(form.left, one.place.x);
+                        EXPECT_EQ(form.top, one.place.y);
+                        // Only what is on a screen can be photographed, and the chart goes with the page.
+                        m_form.SetWindowPos(nullptr, {}, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+                        ExpectChartInItsFrame();
+                    }});
+    }
 }
 
 TEST_F(LogFormTabsTest, ADayThatCannotBeCountedBackIsToldAndTheLogsCanBeSeen)
