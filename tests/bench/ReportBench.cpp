@@ -1,4 +1,5 @@
-// Counting the events of a month for the report, beside a bare scan of the same files.
+// Counting the events of a month for the report, beside a bare scan of the same files; and the memory of it, beside
+// that of a month of a tenth of the size.
 
 #include "framework/ui/kestrix/report/ReportCollector.h"
 #include "tests/bench/BareScan.h"
@@ -7,6 +8,11 @@
 #include "tests/bench/Timing.h"
 #include "tests/support/TemporaryFolder.h"
 
+#include <windows.h>
+
+#include <psapi.h>
+
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <string>
@@ -16,9 +22,11 @@ namespace
 {
 
 constexpr double Budget = 3;
+constexpr double MemoryBudget = 1.05; // of a tenth of the files: what is kept does not grow with them
 constexpr std::uint32_t Days = 30;
 constexpr std::uint32_t Intervals = 10;
 constexpr std::uint64_t RecordsADay = 5'000; // of each kind: some 200 MB of files
+constexpr std::uint64_t FewRecordsADay = RecordsADay / 10;
 constexpr double Megabyte = 1024.0 * 1024.0;
 
 // The name of the daily file of so many days ago.
@@ -34,16 +42,43 @@ std::wstring DayName(std::uint32_t daysBack, std::wstring_view extension)
     return std::to_wstring(number) + L"." + std::wstring(extension);
 }
 
+// A folder of files that looks at the private memory of this program whenever a file is opened.
+class WeighedFolder : public CReportFiles
+{
+public:
+    explicit WeighedFolder(std::wstring folder) : m_files(std::move(folder)) {}
+
+    void ForEachEntry(const std::wstring& extension, const VisitEntry& visit) override
+    {
+        m_files.ForEachEntry(extension, visit);
+    }
+
+    LogLineReader* Open(const std::wstring& name) override
+    {
+        PROCESS_MEMORY_COUNTERS counters{};
+        counters.cb = sizeof counters;
+        GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+        m_nMost = std::max(m_nMost, counters.PagefileUsage);
+        return m_files.Open(name);
+    }
+
+    double MostMegabytes() const { return static_cast<double>(m_nMost) / Megabyte; }
+
+private:
+    CReportFolder m_files;
+    SIZE_T m_nMost = 0;
+};
+
 // A folder with a month of files of every kind that the report counts, each day of a kind the same.
 class Month
 {
 public:
-    Month()
+    explicit Month(std::uint64_t recordsADay) : m_nRecordsADay(recordsADay)
     {
         for (const ReportLineCounts& line : ReportLines())
         {
             const std::wstring_view extension = KindOfReportLine(line.line).extension;
-            const BenchFile file(extension, RecordsADay);
+            const BenchFile file(extension, m_nRecordsADay);
             for (std::uint32_t back = 0; back < Days; ++back)
             {
                 m_paths.push_back(m_folder.File(DayName(back, extension)));
@@ -60,20 +95,36 @@ public:
         {
             lines += ScanFile(path).lines;
         }
-        Require(lines == m_paths.size() * RecordsADay, "the scan missed lines");
+        Require(lines == m_paths.size() * m_nRecordsADay, "the scan missed lines");
     }
 
     void Count() const
     {
-        CReportFolder files(m_folder.Path().wstring() + L"\\");
-        const ReportCounts counts = CReportCollector(files, Days, Intervals).Collect();
-        Require(counts.m_nVirusTotal == Days * RecordsADay && counts.m_nWebTotal == Days * RecordsADay,
-                "the report missed records");
+        CReportFolder files(Folder());
+        CountIn(files);
+    }
+
+    // The most memory that this program had meanwhile, in megabytes.
+    double MemoryOfCount() const
+    {
+        WeighedFolder files(Folder());
+        CountIn(files);
+        return files.MostMegabytes();
     }
 
     double Megabytes() const { return static_cast<double>(m_nSize) / Megabyte; }
 
 private:
+    std::wstring Folder() const { return m_folder.Path().wstring() + L"\\"; }
+
+    void CountIn(CReportFiles& files) const
+    {
+        const ReportCounts counts = CReportCollector(files, Days, Intervals).Collect();
+        Require(counts.m_nVirusTotal == Days * m_nRecordsADay && counts.m_nWebTotal == Days * m_nRecordsADay,
+                "the report missed records");
+    }
+
+    const std::uint64_t m_nRecordsADay;
     const TemporaryFolder m_folder;
     std::vector<std::wstring> m_paths;
     std::uint64_t m_nSize = 0;
@@ -83,10 +134,13 @@ private:
 
 Figures BenchReport()
 {
-    const Month month;
+    const double memoryOfFew = Month(FewRecordsADay).MemoryOfCount();
+    const Month month(RecordsADay);
+    const double memory = month.MemoryOfCount();
     const std::vector<double> times = MedianTimes({{[&] { month.Scan(); }}, {[&] { month.Count(); }}});
+    const std::string size = std::to_string(static_cast<int>(month.Megabytes())) + " MB";
     const std::string name = "report: " + std::to_string(Days) + " days of five kinds with " +
-                             std::to_string(RecordsADay) + " records each, " +
-                             std::to_string(static_cast<int>(month.Megabytes())) + " MB";
-    return {{name, times[1], "ms", times[0], Budget}};
+                             std::to_string(RecordsADay) + " records each, " + size;
+    return {{name, times[1], "ms", times[0], Budget},
+            {"report: memory beside that for a tenth of the " + size, memory, "MB", memoryOfFew, MemoryBudget}};
 }
