@@ -33,8 +33,9 @@ def macros(folder):
 def held(folder, names):
     """What the language file holds, as pairs of kind and number."""
     texts = (folder / "texts.tsv").read_text(encoding="utf-8").splitlines()[1:]
-    found = {("text", int(line.split("\t", 1)[0])) for line in texts}
-    for name, kind in DEFINITION.findall((folder / "en-US" / "Kestrix.rc").read_text(encoding="utf-8")):
+    ids = [line.split("\t", 1)[0] for line in texts]
+    found = {("text", int(number)) for number in ids if number.isdigit()}
+    for name, kind in DEFINITION.findall((folder / "Kestrix.rc").read_text(encoding="utf-8")):
         found.add((kind.removesuffix("EX").lower(), names[name] if name in names else int(name)))
     return found
 

@@ -20,7 +20,8 @@ class Loads(Tree):
 
 class Programs(Tree):
     DELIVERED = ("bin/Kestrix.exe", "bin/OrlDbMg.dll", "bin/VdDbg64.dll", "bin/VdFrwkPs.dll", "bin/VdFrwkSvc.exe",
-                 "bin/resource/en-US/Kestrix.exe.mui", "suite/SampleLogs.exe")
+                 *(f"bin/resource/{language}/Kestrix.exe.mui" for language in ("de-DE", "en-US", "ja-JP", "zh-CN")),
+                 "suite/SampleLogs.exe")
 
     def setUp(self):
         super().setUp()

@@ -54,7 +54,10 @@ DELIVERED = {
     "bin/VdDbg64.dll": SUITE,
     "bin/VdFrwkPs.dll": SUITE,
     "bin/VdFrwkSvc.exe": SUITE,
+    "bin/resource/de-DE/Kestrix.exe.mui": {},
     "bin/resource/en-US/Kestrix.exe.mui": {},
+    "bin/resource/ja-JP/Kestrix.exe.mui": {},
+    "bin/resource/zh-CN/Kestrix.exe.mui": {},
     "suite/SampleLogs.exe": SUITE,
 }
 

@@ -1,4 +1,5 @@
-"""The numbers of the language file: each named one is there and is used, each other one stands in resource/unused.txt."""
+"""The numbers of the language file: each named one is there and is used, each other one stands in resource/unused.txt.
+Each caption of the table of texts stands in a dialog."""
 
 import os
 import re
@@ -32,10 +33,14 @@ def names(root):
                 yield Name(match[1], match[2], path, lint.line_of(text, match.start()))
 
 
-def text_numbers(root):
-    """The line of each number in the table of texts."""
+def text_ids(root):
+    """The line of each number and of each caption in the table of texts."""
     rows = lint.read(root, TEXTS).splitlines()
     return {row.split("\t")[0]: line for line, row in enumerate(rows, 1) if line > 1 and row}
+
+
+def text_numbers(root):
+    return {number: line for number, line in text_ids(root).items() if number.isdigit()}
 
 
 def words(root, endings, below):
@@ -55,7 +60,7 @@ def check_names(root, findings):
             findings.add(entry.path, entry.line, f"{entry.name}: there is no text {entry.number}; add its row to {TEXTS}")
         if not entry.is_text and entry.name not in scripts:
             findings.add(entry.path, entry.line, f"{entry.name} is not in the language file; "
-                                            "add it to resource/en-US/Kestrix.rc")
+                                            "add it to resource/Kestrix.rc")
         if entry.name not in scripts | code:
             findings.add(entry.path, entry.line, f"{entry.name} is used nowhere; remove it here"
                                             + (f" and write 'text {entry.number}' into {UNUSED}" if entry.is_text else ""))
@@ -102,10 +107,18 @@ def check_code(root, findings):
                          f"{match[1]} gets a bare number; name it in {NAMES[0]} and pass the name")
 
 
+def check_captions(root, findings):
+    scripts = [lint.without_comments(lint.read(root, path)) for path in lint.files(root, (".rc",), ("resource/",))]
+    for name, line in text_ids(root).items():
+        if not name.isdigit() and not any(re.search(rf"\b{name}\b", script) for script in scripts):
+            findings.add(TEXTS, line, f"{name} stands in no dialog; remove the row, or put it into resource/Kestrix.rc")
+
+
 def main():
     root = lint.root_argument()
     findings = lint.Findings()
     check_names(root, findings)
+    check_captions(root, findings)
     check_unused(root, findings)
     check_code(root, findings)
     findings.finish()

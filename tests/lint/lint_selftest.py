@@ -196,8 +196,7 @@ class Resources(Tree):
         self.write("resource/resource.h", "#define IDD_FORM 101\n#define IDC_LIST 1006\n#define IDS_TITLE 80\n")
         self.write("resource/texts.tsv", "id\trole\ten-US\n80\ttitle\tKestrix\n81\tlater\tThreat\n")
         self.write("resource/unused.txt", "# Not used yet.\ntext 81\n")
-        self.write("resource/en-US/Kestrix.rc", '#include "resource/resource.h"\nIDD_FORM DIALOGEX 0, 0, 9, 9\nBEGIN\n'
-                                                'CONTROL "", IDC_LIST, "SysListView32", 0, 0, 0, 9, 9\nEND\n')
+        self.write("resource/Kestrix.rc", '\nIDD_FORM DIALOGEX 0, 0, 9, 9\nBEGIN\nCONTROL "", IDC_LIST, "List"\nEND\n')
         self.write("common/Form.cpp", "auto title = LoadText(IDS_TITLE);\n")
 
     def append(self, path, text):
@@ -230,9 +229,13 @@ class Resources(Tree):
         self.append("resource/texts.tsv", "82\tlater\tMore\n")
         self.expect_hit("resource/texts.tsv:4: ", "lint_resources")
 
+    def test_caption_that_stands_in_no_dialog_is_a_hit(self):
+        self.append("resource/texts.tsv", "CAPTION_OK\tbutton\t&OK\n")
+        self.expect_hit("resource/texts.tsv:4: ", "lint_resources")
+
     def test_image_without_name_and_row_is_a_hit(self):
-        self.append("resource/en-US/Kestrix.rc", '178 BITMAP "edge.bmp"\n')
-        self.expect_hit("resource/en-US/Kestrix.rc:6: ", "lint_resources")
+        self.append("resource/Kestrix.rc", '178 BITMAP "edge.bmp"\n')
+        self.expect_hit("resource/Kestrix.rc:6: ", "lint_resources")
 
     def test_row_of_a_named_text_is_a_hit(self):
         self.append("resource/unused.txt", "text 80\n")

@@ -253,23 +253,3 @@ TEST_F(Templates, TheTabKeyGoesFromTheDatesToTheRecordsAndThenToTheChoiceOfTheLo
         EXPECT_EQ(next, NumberOf(control));
     }
 }
-
-TEST_F(Templates, NoTwoAccessKeysOfFormAndPageAreTheSame)
-{
-    std::set<wchar_t> keys;
-    int texts = 0;
-    for (const TemplateDialog* dialog : {&m_form, &m_page})
-    {
-        for (const HWND child : dialog->Children())
-        {
-            const std::wstring text = TextOf(child);
-            const auto mark = text.find(L'&');
-            if (mark != std::wstring::npos)
-            {
-                ++texts;
-                EXPECT_TRUE(keys.insert(static_cast<wchar_t>(towupper(text.at(mark + 1)))).second) << NumberOf(child);
-            }
-        }
-    }
-    EXPECT_EQ(9, texts) << "five buttons of the form, three of the page, and the text before the combo box";
-}

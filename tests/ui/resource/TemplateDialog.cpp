@@ -1,10 +1,9 @@
 #include "tests/ui/resource/TemplateDialog.h"
 
 #include "resource/resource.h"
-#include "tests/unit/resource/BuiltFile.h"
+#include "tests/support/CommonControls.h"
 
-#include <commctrl.h>
-
+#include <cwchar>
 #include <stdexcept>
 
 namespace
@@ -17,11 +16,13 @@ INT_PTR CALLBACK LeaveAllToTheSystem(HWND, UINT, WPARAM, LPARAM)
 
 } // namespace
 
-TemplateDialog::TemplateDialog(unsigned number, HWND parent)
+TemplateDialog::TemplateDialog(unsigned number, HWND parent, const std::wstring& language)
 {
-    const auto bytes = ResourceBytes(BuiltLanguageFile(), number, MAKEINTRESOURCEW(5));
-    m_window = CreateDialogIndirectParamW(BuiltLanguageFile(), reinterpret_cast<const DLGTEMPLATE*>(bytes.data()),
-                                          parent, LeaveAllToTheSystem, 0);
+    RegisterCommonControls();
+    const HMODULE module = BuiltLanguageFile(language);
+    const auto bytes = ResourceBytes(module, number, MAKEINTRESOURCEW(5));
+    m_window = CreateDialogIndirectParamW(module, reinterpret_cast<const DLGTEMPLATE*>(bytes.data()), parent,
+                                          LeaveAllToTheSystem, 0);
     if (m_window == nullptr)
     {
         throw std::runtime_error("The dialog " + std::to_string(number) + " cannot be made");
@@ -61,18 +62,12 @@ std::vector<HWND> TemplateDialog::Children() const
     return children;
 }
 
-void Templates::SetUpTestSuite()
-{
-    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES};
-    InitCommonControlsEx(&classes);
-}
-
-Templates::Templates()
-    : m_form(IDD_LOG_FORM),
-      m_page(IDD_LOG_PAGE, m_form.Window()),
-      m_report(IDD_REPORT_PAGE, m_form.Window()),
-      m_settings(IDD_SETTINGS, m_form.Window()),
-      m_deletion(IDD_DELETE, m_form.Window())
+TemplateDialogs::TemplateDialogs(const std::wstring& language)
+    : m_form(IDD_LOG_FORM, nullptr, language),
+      m_page(IDD_LOG_PAGE, m_form.Window(), language),
+      m_report(IDD_REPORT_PAGE, m_form.Window(), language),
+      m_settings(IDD_SETTINGS, m_form.Window(), language),
+      m_deletion(IDD_DELETE, m_form.Window(), language)
 {
 }
 
@@ -113,6 +108,29 @@ SIZE TextSizeIn(const LOGFONTW& font, const std::wstring& text)
     DeleteObject(selected);
     ReleaseDC(nullptr, dc);
     return size;
+}
+
+SIZE TextSize(HWND window, const std::wstring& text, LONG weight)
+{
+    LOGFONTW description{};
+    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof description, &description);
+    description.lfWeight = weight;
+    return TextSizeIn(description, text);
+}
+
+SIZE HeadingTextSize(const std::wstring& text, LONG weight)
+{
+    LOGFONTW font{};
+    font.lfHeight = 16;
+    font.lfWeight = weight;
+    font.lfCharSet = DEFAULT_CHARSET;
+    std::wcscpy(font.lfFaceName, L"Segoe UI");
+    return TextSizeIn(font, text);
+}
+
+RECT TextRect(POINT place, SIZE size)
+{
+    return {place.x, place.y, place.x + size.cx, place.y + size.cy};
 }
 
 int Width(const RECT& place)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/unit/resource/BuiltFile.h"
+
 #include <gtest/gtest.h>
 
 #include <windows.h>
@@ -17,12 +19,12 @@ constexpr wchar_t ComboBox[] = L"ComboBox";
 constexpr wchar_t ListView[] = L"SysListView32";
 constexpr wchar_t Tab[] = L"SysTabControl32";
 
-// A dialog made of a template of the built language file, without any code of the viewer; the window lives as long as
+// A dialog made of a template of a built language file, without any code of the viewer; the window lives as long as
 // the object. Throws std::runtime_error when the dialog cannot be made.
 class TemplateDialog
 {
 public:
-    explicit TemplateDialog(unsigned number, HWND parent = nullptr);
+    explicit TemplateDialog(unsigned number, HWND parent = nullptr, const std::wstring& language = English);
     ~TemplateDialog();
     TemplateDialog(const TemplateDialog&) = delete;
     TemplateDialog& operator=(const TemplateDialog&) = delete;
@@ -45,11 +47,11 @@ private:
     HWND m_window = nullptr;
 };
 
-// The form, its two pages as its children, and the small dialogs that it owns.
-class Templates : public ::testing::Test
+// The form of a language, its two pages as its children, and the small dialogs that it owns.
+class TemplateDialogs
 {
-protected:
-    static void SetUpTestSuite();
+public:
+    explicit TemplateDialogs(const std::wstring& language = English);
 
     TemplateDialog m_form;
     TemplateDialog m_page;
@@ -59,8 +61,11 @@ protected:
 
     const std::array<const TemplateDialog*, 2> m_small{&m_settings, &m_deletion};
     const std::array<const TemplateDialog*, 5> m_all{&m_form, &m_page, &m_report, &m_settings, &m_deletion};
+};
 
-    Templates();
+// Those of English.
+class Templates : public ::testing::Test, public TemplateDialogs
+{
 };
 
 std::wstring TextOf(HWND window);
@@ -73,6 +78,14 @@ int NumberOf(HWND control);
 bool Holds(const RECT& outer, const RECT& inner);
 
 SIZE TextSizeIn(const LOGFONTW& font, const std::wstring& text);
+
+// The size in a window's own font, or in that font at another weight.
+SIZE TextSize(HWND window, const std::wstring& text, LONG weight = FW_NORMAL);
+
+// The size in the font of headings, which is 16 pixels high and that of the report too.
+SIZE HeadingTextSize(const std::wstring& text, LONG weight = FW_NORMAL);
+
+RECT TextRect(POINT place, SIZE size);
 
 int Width(const RECT& place);
 int Height(const RECT& place);

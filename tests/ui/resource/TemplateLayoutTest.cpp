@@ -1,7 +1,6 @@
-// Where the controls of the templates stand, and that texts fit them.
+// Where the controls of the templates stand.
 
 #include "framework/ui/kestrix/logs/LogKinds.h"
-#include "resource/DialogTexts.h"
 #include "resource/resource.h"
 #include "tests/ui/resource/TemplateDialog.h"
 #include "tests/unit/resource/BuiltFile.h"
@@ -24,23 +23,10 @@ constexpr std::array Captions{IDC_INFO_LABEL_0, IDC_INFO_LABEL_1, IDC_INFO_LABEL
 constexpr std::array Values{IDC_INFO_VALUE_0_TEXT, IDC_INFO_VALUE_1, IDC_INFO_VALUE_2, IDC_INFO_VALUE_3,
                             IDC_INFO_VALUE_4,      IDC_INFO_VALUE_5, IDC_INFO_VALUE_6};
 
-// The texts that stand in the captions of the detail rows.
-constexpr std::array CaptionTexts{57,  84,  87,  89,  100, 101, 173, 192, 193, 218, 220, 229, 346, 416, 417, 419,
-                                  427, 429, 430, 431, 434, 478, 486, 487, 488, 549, 550, 551, 574, 618, 765, 1318};
-
 bool Overlap(const RECT& one, const RECT& other)
 {
     RECT common{};
     return IntersectRect(&common, &one, &other) != FALSE;
-}
-
-// Size of a text in a window's own font, or in that font at another weight.
-SIZE TextSize(HWND window, const std::wstring& text, LONG weight = FW_NORMAL)
-{
-    LOGFONTW description{};
-    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof description, &description);
-    description.lfWeight = weight;
-    return TextSizeIn(description, text);
 }
 
 // Pairs that may overlap: the two forms of a value, and a frame with what it surrounds.
@@ -205,35 +191,6 @@ TEST_F(Templates, TheWholeThirdValueCoversItsShortFormAndShowsTwoLines)
     EXPECT_GE(Height(lines), 2 * TextSize(m_page.Item(IDC_INFO_VALUE_2_WHOLE), L"Xg").cy);
 }
 
-TEST_F(Templates, TextsOfTheTemplatesFitTheirControls)
-{
-    constexpr int boxAndGap = 20; // pixels
-    for (const TemplateDialog* dialog : m_all)
-    {
-        for (const HWND child : dialog->Children())
-        {
-            if ((GetWindowLongPtrW(child, GWL_EXSTYLE) & WS_EX_TRANSPARENT) != 0)
-            {
-                continue; // pictures, whose texts are not drawn
-            }
-            const bool bold = NumberOf(child) == IDC_ALLOW_LABEL;
-            const SIZE size = TextSize(child, TextOf(child), bold ? FW_BOLD : FW_NORMAL);
-            const int room = Width(dialog->Place(child)) - (NumberOf(child) == IDC_SETTINGS_PURGE ? boxAndGap : 0);
-            EXPECT_LE(size.cx, room) << NumberOf(child);
-        }
-    }
-}
-
-TEST_F(Templates, CaptionsOfEveryLogFitInBold)
-{
-    const HWND caption = m_page.Item(IDC_INFO_LABEL_0);
-    for (const int number : CaptionTexts)
-    {
-        ASSERT_NE(L"", LanguageText(number)) << number;
-        EXPECT_LE(TextSize(caption, LanguageText(number), FW_BOLD).cx, Width(m_page.Place(caption))) << number;
-    }
-}
-
 TEST_F(Templates, LinesOfTextFitTheRowsOfTheDetailPane)
 {
     for (const int number : Values)
@@ -260,21 +217,5 @@ TEST_F(Templates, TheComboBoxesOpenFarEnoughForAllTheirEntries)
         RECT open{};
         SendMessageW(combo, CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&open));
         EXPECT_GE(Height(open), entries * SendMessageW(combo, CB_GETITEMHEIGHT, 0, 0)) << NumberOf(combo);
-    }
-}
-
-TEST_F(Templates, TextsOfTheSmallDialogsFitTheirPlaces)
-{
-    const auto expectRoom = [](const TemplateDialog& dialog, int control, int text, int taken, LONG weight)
-    {
-        EXPECT_LE(TextSize(dialog.Item(control), LanguageText(text), weight).cx, Width(dialog.Place(control)) - taken)
-            << text;
-    };
-    const int arrow = GetSystemMetrics(SM_CXVSCROLL) + 8; // and the edges
-    expectRoom(m_settings, IDC_SETTINGS_HEADING, IDS_SETTINGS_HEADING, 0, FW_BOLD);
-    expectRoom(m_deletion, IDC_DELETE_HEADING, IDS_DELETE_HEADING, 0, FW_BOLD);
-    for (const int span : {IDS_KEEP_7_DAYS, IDS_KEEP_14_DAYS, IDS_KEEP_30_DAYS, IDS_KEEP_45_DAYS, IDS_KEEP_60_DAYS})
-    {
-        expectRoom(m_settings, IDC_SETTINGS_FREQUENCY, span, arrow, FW_NORMAL);
     }
 }

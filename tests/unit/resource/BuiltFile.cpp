@@ -1,33 +1,63 @@
 #include "tests/unit/resource/BuiltFile.h"
 
-#include <filesystem>
+#include <algorithm>
+#include <map>
 #include <stdexcept>
 
 namespace
 {
 
-// The build's language file: below bin/ in a folder that holds this program, however deep the program lies.
-std::filesystem::path BuiltLanguageFilePath()
+// The folder of the languages: below bin/ in a folder that holds this program, however deep the program lies.
+std::filesystem::path LanguageFolder()
 {
     wchar_t program[MAX_PATH]{};
     GetModuleFileNameW(nullptr, program, MAX_PATH);
     for (std::filesystem::path folder = program; folder.has_relative_path(); folder = folder.parent_path())
     {
-        const auto file = folder.parent_path() / "bin/resource/en-US/Kestrix.exe.mui";
-        if (std::filesystem::exists(file))
+        const auto languages = folder.parent_path() / "bin/resource";
+        if (std::filesystem::exists(languages))
         {
-            return file;
+            return languages;
         }
     }
-    throw std::runtime_error("The language file is not built. Build the target Kestrix_mui.");
+    throw std::runtime_error("The language files are not built. Build the target Kestrix_mui.");
 }
 
 } // namespace
 
-HMODULE BuiltLanguageFile()
+std::vector<std::wstring> BuiltLanguages()
 {
-    static const HMODULE module = LoadLibraryExW(BuiltLanguageFilePath().c_str(), nullptr,
-                                                 LOAD_LIBRARY_AS_IMAGE_RESOURCE | LOAD_LIBRARY_AS_DATAFILE);
+    std::vector<std::wstring> languages;
+    for (const auto& entry : std::filesystem::directory_iterator(LanguageFolder()))
+    {
+        languages.push_back(entry.path().filename().wstring());
+    }
+    std::ranges::sort(languages);
+    languages.emplace_back(PseudoLanguage);
+    return languages;
+}
+
+std::filesystem::path BuiltLanguageFilePath(const std::wstring& language)
+{
+    const auto folder = LanguageFolder();
+    const auto all = language == PseudoLanguage ? folder.parent_path().parent_path() / "pseudo/resource" : folder;
+    const auto file = all / language / "Kestrix.exe.mui";
+    if (!std::filesystem::exists(file))
+    {
+        throw std::runtime_error(file.string() + " is not built. Build the targets Kestrix_mui and Kestrix_pseudo.");
+    }
+    return file;
+}
+
+HMODULE BuiltLanguageFile(const std::wstring& language)
+{
+    static std::map<std::wstring, HMODULE> modules;
+    HMODULE& module = modules[language];
+    if (module == nullptr)
+    {
+        module = LoadLibraryExW(BuiltLanguageFilePath(language).c_str(), nullptr,
+                                LOAD_LIBRARY_AS_IMAGE_RESOURCE | LOAD_LIBRARY_AS_DATAFILE);
+    }
     if (module == nullptr)
     {
         throw std::runtime_error("The language file cannot be loaded, error " + std::to_string(GetLastError()));
@@ -35,10 +65,10 @@ HMODULE BuiltLanguageFile()
     return module;
 }
 
-std::wstring LanguageText(unsigned number)
+std::wstring LanguageText(unsigned number, const std::wstring& language)
 {
     wchar_t text[4097]{};
-    const int length = LoadStringW(BuiltLanguageFile(), number, text, static_cast<int>(std::size(text)));
+    const int length = LoadStringW(BuiltLanguageFile(language), number, text, static_cast<int>(std::size(text)));
     return {text, static_cast<std::size_t>(length)};
 }
 

@@ -11,7 +11,7 @@ namespace
 {
 
 constexpr unsigned TextsResource = 1;
-constexpr std::size_t LanguageColumn = 4;
+constexpr std::size_t FirstLanguageColumn = 4;
 
 std::vector<std::string> Split(std::string_view text, char separator)
 {
@@ -32,43 +32,66 @@ std::wstring Wide(const std::string& utf8)
     return text;
 }
 
-// All texts of resource/texts.tsv, which the build puts into this program.
-std::map<unsigned, std::wstring> TableOfTexts()
+using Table = std::map<unsigned, std::wstring>;
+
+// All numbered texts of resource/texts.tsv, which the build puts into this program, by their language.
+std::map<std::wstring, Table> TablesOfTexts()
 {
     const auto bytes = ResourceBytes(GetModuleHandleW(nullptr), TextsResource, MAKEINTRESOURCEW(10));
     const auto lines = Split({reinterpret_cast<const char*>(bytes.data()), bytes.size()}, '\n');
-    std::map<unsigned, std::wstring> texts;
+    const auto names = Split(lines.at(0), '\t');
+    std::map<std::wstring, Table> tables;
     for (std::size_t line = 1; line + 1 < lines.size(); ++line)
     {
         const auto cells = Split(lines[line], '\t');
-        texts.emplace(std::stoul(cells.at(0)), Wide(cells.at(LanguageColumn)));
+        const bool isNumbered = cells.at(0).find_first_not_of("0123456789") == std::string::npos;
+        for (std::size_t column = FirstLanguageColumn; isNumbered && column < names.size(); ++column)
+        {
+            tables[Wide(names[column])].emplace(std::stoul(cells[0]), Wide(cells.at(column)));
+        }
     }
-    return texts;
+    return tables;
 }
 
 } // namespace
 
 TEST(Texts, NoneOfTheFirst468TextsIsMissing)
 {
-    EXPECT_LE(468u, TableOfTexts().size());
+    EXPECT_LE(468u, TablesOfTexts().at(English).size());
+}
+
+TEST(Texts, EachLanguageOfTheTableHasAFileAndNoOtherHas)
+{
+    std::vector<std::wstring> languages;
+    for (const auto& [language, texts] : TablesOfTexts())
+    {
+        languages.push_back(language);
+    }
+    languages.emplace_back(PseudoLanguage);
+    EXPECT_EQ(languages, BuiltLanguages());
 }
 
 TEST(Texts, EveryTextOfTheTableLoadsFromTheLanguageFile)
 {
-    for (const auto& [number, text] : TableOfTexts())
+    for (const auto& [language, texts] : TablesOfTexts())
     {
-        EXPECT_EQ(text, LanguageText(number)) << number;
+        for (const auto& [number, text] : texts)
+        {
+            EXPECT_EQ(text, LanguageText(number, language)) << number;
+        }
     }
 }
 
 TEST(Texts, TheLanguageFileHoldsNoOther)
 {
-    const auto table = TableOfTexts();
-    for (unsigned number = 0; number <= 0xFFFF; ++number)
+    for (const auto& [language, texts] : TablesOfTexts())
     {
-        if (!table.contains(number))
+        for (unsigned number = 0; number <= 0xFFFF; ++number)
         {
-            EXPECT_EQ(L"", LanguageText(number)) << number;
+            if (!texts.contains(number))
+            {
+                EXPECT_EQ(L"", LanguageText(number, language)) << number;
+            }
         }
     }
 }

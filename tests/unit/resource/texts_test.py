@@ -12,6 +12,7 @@ import unittest
 RESOURCES = pathlib.Path(sys.argv.pop(1)).resolve()
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(RESOURCES))
+import pseudo  # noqa: E402
 import texts  # noqa: E402
 
 
@@ -32,7 +33,7 @@ class TextsTest(unittest.TestCase):
 
     def test_a_good_table_becomes_a_string_table(self):
         script = self.run_with("1\tr\t%s\t\tfor %s \tfür %s", '2\tr\t\t\ta "b" \\\tc', language="en-US")
-        self.assertIn("#pragma code_page(65001)\nSTRINGTABLE\nBEGIN\n", script)
+        self.assertIn("#pragma code_page(65001)\nLANGUAGE 0x9, 0x1\nSTRINGTABLE\nBEGIN\n", script)
         self.assertIn('    1 "for %s "\n', script)
         self.assertIn('    2 "a ""b"" \\\\"\n', script)
 
@@ -98,8 +99,33 @@ class TextsTest(unittest.TestCase):
         self.assertIn("STRINGTABLE", self.run_with("1\tr\t\tsame as 2\told:\tx", "2\tr\t\t\told\tx"))
 
     def test_texts_of_one_code_table_differ(self):
-        self.expect_error(":3: en-US: 'A' is also the text 1 of the same table (letters)",
+        self.expect_error(":3: en-US: 'A' is also the text 1 (letters)",
                           "1\tr\t\tunique in letters\ta\tb", "2\tr\t\tunique in letters\tA\tc")
+
+    def test_a_caption_becomes_a_name_for_the_templates(self):
+        rows = ("1\tr\t\t\ta\tb", 'CAPTION_OK\tr\t\t\t"OK"\tGut')
+        self.assertIn('#define CAPTION_OK """OK"""\nSTRINGTABLE\nBEGIN\n    1 "a"\nEND\n', self.run_with(*rows))
+        self.assertIn('LANGUAGE 0x7, 0x1\n#define CAPTION_OK "Gut"\n', self.run_with(*rows, language="de-DE"))
+        self.expect_error(":3: the id 1 stands behind CAPTION_OK", *reversed(rows))
+
+    def test_a_language_that_lacks_a_text_does_not_build(self):
+        self.expect_error(":2: de-DE: the text is empty", "CAPTION_OK\tr\t\t\tOK\t", language="de-DE")
+        self.expect_error(":2: 5 columns instead of 6", "CAPTION_OK\tr\t\t\tOK")
+
+    def test_a_column_whose_name_is_no_language(self):
+        self.expect_error("German is no language name", "1\tr\t\t\ta\tb", language="German",
+                          header="id\trole\tformat\tconstraint\ten-US\tGerman")
+
+    def test_no_access_key_is_used_twice_in_a_dialog(self):
+        rows = ["CAPTION_A\tr\t\taccess key in form\t&Yes\t&Ja", "CAPTION_B\tr\t\taccess key in form\tMa&y\tJe"]
+        self.expect_error(":3: en-US: the access key 'y' of 'Ma&y' is also that of CAPTION_A (form)", *rows)
+        self.expect_error(":3: de-DE: 'Je' has no access key", *rows)
+        for text in ("Ja&&", "J&a&", "Ja&", "&\u3042"):
+            self.expect_error(f"de-DE: '{text}' has no access key", rows[0], rows[1].replace("\tJe", "\t" + text))
+        self.assertIn("STRINGTABLE", self.run_with(rows[0], "CAPTION_B\tr\t\taccess key in other\tMa&y\tJe(&J)"))
+
+    def test_a_mark_of_an_access_key_stands_nowhere_else(self):
+        self.expect_error("de-DE: 'b&c' has the mark of an access key", "1\tr\t\t\ta\tb&c")
 
     def test_a_fixed_text_is_not_translated(self):
         self.expect_error("the same in every language", "1\tr\t\tfixed\tone\teins")
@@ -111,6 +137,30 @@ class TextsTest(unittest.TestCase):
     def test_all_violations_are_told_at_once(self):
         message = self.run_with("1\tr\tnumeric\t\tx\t1", "2\tr\tnumeric\t\ty\t1")
         self.assertEqual(2, len(message.splitlines()))
+
+
+class PseudoTest(unittest.TestCase):
+    def test_letters_get_accents_and_the_text_grows_by_two_fifths(self):
+        for plain in ("Help", "No threats found", "The log could not be exported."):
+            made = pseudo.text(plain, "", "")
+            self.assertGreaterEqual(len(made), 1.4 * len(plain) - 1)
+            self.assertFalse(set(pseudo.PLAIN) & set(made))
+
+    def test_places_keys_blanks_and_ends_stay(self):
+        for plain, pattern in (("%u of %s", "^%u [^%]* %s[^%]+$"), ("Da&tes", "^[^&]*&t[^&]*$"), (" KB", "^ [^ ]+$"),
+                               ("Last used ", "^[^ ].* $"), ("&Log:", "^&L[^:]*:$"), ("&Export...", r"^&E[^.]*\.\.\.$")):
+            self.assertRegex(pseudo.text(plain, "", ""), pattern)
+
+    def test_values_stay(self):
+        for plain, form, constraint in (("1,0,16", "font style", ""), ("%Y", "wcsftime", ""),
+                                        ("UNKNOWN", "", "fixed; differs from 52")):
+            self.assertEqual(pseudo.text(plain, form, constraint), plain)
+
+    def test_the_texts_of_the_program_keep_all_rules(self):
+        with tempfile.TemporaryDirectory() as folder:
+            target = pathlib.Path(folder, "Texts.rc")
+            texts.main(str(RESOURCES / "texts.tsv"), pseudo.LANGUAGE, str(target))
+            self.assertIn("LANGUAGE 0x101, 0x1\n", target.read_text(encoding="utf-8"))
 
 
 if __name__ == "__main__":

@@ -235,7 +235,7 @@ TEST_F(LogFormSkinTest, TheCaptionButtonsHaveNamesMinimiseAndClose)
     const INT_PTR result =
         m_form.RunToItsOwnEnd({[&]
                                {
-                                   EXPECT_EQ(m_form.Item(IDC_FORM_MINIMISE).GetWindowText(), L"&Minimise");
+                                   EXPECT_EQ(m_form.Item(IDC_FORM_MINIMISE).GetWindowText(), L"&Minimize");
                                    EXPECT_EQ(m_form.Item(IDC_FORM_CLOSE_BOX).GetWindowText(), L"Close");
                                    m_form.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_FORM_MINIMISE, BN_CLICKED), 0);
                                    EXPECT_TRUE(m_form.IsIconic());

@@ -1,0 +1,294 @@
+// That the texts of every language fit the places where they are shown, and the pseudo language's too, which are longer
+// than any. Each is measured in the font that it is shown in.
+
+#include "common/VdCommon/VdComn_FormatText.h"
+#include "framework/ui/kestrix/app/LogFactory.h"
+#include "framework/ui/kestrix/logs/LogKinds.h"
+#include "framework/ui/kestrix/logs/ZPTLogBase.h"
+#include "framework/ui/kestrix/report/ReportChart.h"
+#include "resource/DialogTexts.h"
+#include "resource/resource.h"
+#include "tests/support/LanguageFile.h"
+#include "tests/support/ListWindow.h"
+#include "tests/support/VisibleText.h"
+#include "tests/ui/resource/TemplateDialog.h"
+#include "tests/unit/framework/ui/kestrix/report/UsualSettings.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace
+{
+
+constexpr std::uint32_t GreatestNumber = 0xFFFFFFFF;
+constexpr wchar_t Product[] = L"Zeptara Security";
+
+// The texts that stand in the captions of the detail rows.
+constexpr std::array CaptionTexts{57,  84,  87,  89,  100, 101, 173, 192, 193, 218, 220, 229, 346, 416, 417, 419,
+                                  427, 429, 430, 431, 434, 478, 486, 487, 488, 549, 550, 551, 574, 618, 765, 1318};
+
+// A line of the report and the texts of which it is made.
+struct ReportRow
+{
+    int line;
+    std::array<unsigned, 2> texts; // 0: none
+};
+
+constexpr std::array ReportRows{
+    ReportRow{IDC_REPORT_VIRUS, {IDS_REPORT_VIRUS, 0}},
+    ReportRow{IDC_REPORT_SUSPICIOUS, {IDS_REPORT_SUSPICIOUS_BLOCKED, IDS_REPORT_SUSPICIOUS_ALLOWED}},
+    ReportRow{IDC_REPORT_SPYWARE, {IDS_REPORT_SPYWARE_DETECTED, IDS_REPORT_SPYWARE_OTHER}},
+    ReportRow{IDC_REPORT_WEB, {IDS_REPORT_WEB, 0}},
+    ReportRow{IDC_REPORT_DATA_PREVENTION, {IDS_REPORT_DATA_PREVENTION, 0}},
+};
+
+// A text as it is shown where a mark stands for an access key.
+std::wstring WithoutMark(std::wstring text)
+{
+    std::erase(text, L'&');
+    return text;
+}
+
+std::wstring WithGreatestNumber(unsigned text)
+{
+    return text == 0 ? L"" : VdCommon::String::FormatText(Text(text), {GreatestNumber});
+}
+
+// The titles of a list's columns with their widths in pixels.
+std::vector<std::pair<std::wstring, int>> ColumnsOf(HWND list)
+{
+    std::vector<std::pair<std::wstring, int>> columns;
+    wchar_t title[256]{};
+    LVCOLUMNW column{};
+    column.mask = LVCF_TEXT | LVCF_WIDTH;
+    column.pszText = title;
+    column.cchTextMax = static_cast<int>(std::size(title));
+    while (SendMessageW(list, LVM_GETCOLUMNW, columns.size(), reinterpret_cast<LPARAM>(&column)))
+    {
+        columns.emplace_back(title, column.cx);
+    }
+    return columns;
+}
+
+class TextsFitTest : public ::testing::TestWithParam<std::wstring>
+{
+protected:
+    static void TearDownTestSuite() { Dialogs().clear(); }
+
+    TextsFitTest() : m_language(BuiltLanguageFilePath(GetParam()).wstring()) {}
+
+    bool IsPseudo() const { return GetParam() == PseudoLanguage; }
+
+    // taken: pixels of the control that are no room for text.
+    static void ExpectHeadingFits(const TemplateDialog& dialog, int control, const std::wstring& text, int taken = 0)
+    {
+        EXPECT_LE(HeadingTextSize(text, FW_BOLD).cx, Width(dialog.Place(control)) - taken) << control;
+    }
+
+    static void ExpectChoiceFits(const TemplateDialog& dialog, int combo, unsigned text)
+    {
+        const int arrow = GetSystemMetrics(SM_CXVSCROLL) + 8; // and the edges
+        EXPECT_LE(TextSize(dialog.Item(combo), Text(text)).cx, Width(dialog.Place(combo)) - arrow) << text;
+    }
+
+private:
+    // Those of a language are made once for all tests.
+    static std::map<std::wstring, TemplateDialogs>& Dialogs()
+    {
+        static std::map<std::wstring, TemplateDialogs> dialogs;
+        return dialogs;
+    }
+
+    const LanguageFile m_language;
+
+protected:
+    const TemplateDialogs& m_templates = Dialogs().try_emplace(GetParam(), GetParam()).first->second;
+    const TemplateDialog& m_form = m_templates.m_form;
+    const TemplateDialog& m_page = m_templates.m_page;
+    const TemplateDialog& m_report = m_templates.m_report;
+    const TemplateDialog& m_settings = m_templates.m_settings;
+    const TemplateDialog& m_deletion = m_templates.m_deletion;
+};
+
+INSTANTIATE_TEST_SUITE_P(Language, TextsFitTest, ::testing::ValuesIn(BuiltLanguages()),
+                         [](const auto& language)
+                         {
+                             std::string name(language.param.begin(), language.param.end());
+                             std::erase(name, '-');
+                             return name;
+                         });
+
+} // namespace
+
+// A face that lacks a character shows a box, which is narrower than what it stands for.
+TEST_P(TextsFitTest, TheFontHasTheCharactersOfEastAsia)
+{
+    const HWND control = m_page.Item(IDC_INFO_LABEL_0);
+    const int em = MulDiv(9, 96, 72);
+    for (const wchar_t* text : {L"\u6f22\u5b57", L"\u30ed\u30b0", L"\u65e5\u5fd7"})
+    {
+        EXPECT_GE(TextSize(control, text).cx, 2 * (em - 1)) << "install the fonts of tools/packages.txt";
+    }
+}
+
+TEST_P(TextsFitTest, CaptionsFitTheControlsOfTheTemplates)
+{
+    constexpr int boxAndGap = 20; // pixels
+    for (const TemplateDialog* dialog : m_templates.m_all)
+    {
+        for (const HWND child : dialog->Children())
+        {
+            if ((GetWindowLongPtrW(child, GWL_EXSTYLE) & WS_EX_TRANSPARENT) != 0)
+            {
+                continue; // pictures, whose texts are not drawn
+            }
+            const bool bold = NumberOf(child) == IDC_ALLOW_LABEL;
+            if (bold && IsPseudo())
+            {
+                continue; // values of other logs take the room on its left
+            }
+            const SIZE size = TextSize(child, WithoutMark(TextOf(child)), bold ? FW_BOLD : FW_NORMAL);
+            const int room = Width(dialog->Place(child)) - (NumberOf(child) == IDC_SETTINGS_PURGE ? boxAndGap : 0);
+            EXPECT_LE(size.cx, room) << NumberOf(child);
+        }
+    }
+}
+
+TEST_P(TextsFitTest, CaptionsOfTheDetailRowsOfEveryLogFitInBold)
+{
+    const HWND caption = m_page.Item(IDC_INFO_LABEL_0);
+    for (const int number : CaptionTexts)
+    {
+        EXPECT_LE(TextSize(caption, Text(static_cast<unsigned>(number)), FW_BOLD).cx, Width(m_page.Place(caption)))
+            << number;
+    }
+}
+
+TEST_P(TextsFitTest, HeadingsFit)
+{
+    constexpr int frame = 4; // pixels around the headings of the page
+    ExpectHeadingFits(m_form, IDC_FORM_HEADING, Text(IDS_FORM_TITLE));
+    ExpectHeadingFits(m_form, IDC_FORM_HEADING, Text(IDS_FORM_TITLE_WITH_REPORT));
+    ExpectHeadingFits(m_page, IDC_HEADING_DATES, WithoutMark(Text(IDS_HEADING_DATES)), 2 * frame);
+    ExpectHeadingFits(m_page, IDC_HEADING_ENTRIES, WithoutMark(Text(IDS_HEADING_ENTRIES)), 2 * frame);
+    ExpectHeadingFits(m_page, IDC_HEADING_DETAILS, Text(IDS_HEADING_DETAILS), 2 * frame);
+    ExpectHeadingFits(m_settings, IDC_SETTINGS_HEADING, Text(IDS_SETTINGS_HEADING));
+    ExpectHeadingFits(m_deletion, IDC_DELETE_HEADING, Text(IDS_DELETE_HEADING));
+    ExpectHeadingFits(m_report, IDC_REPORT_PAGE_TITLE,
+                      VdCommon::String::FormatText(Text(IDS_REPORT_PAGE_TITLE), {Product}));
+}
+
+TEST_P(TextsFitTest, EntriesOfTheChoicesFit)
+{
+    for (const LogKind& kind : LogKinds())
+    {
+        ExpectChoiceFits(m_page, IDC_LOG_TYPE, kind.choice);
+    }
+    for (const unsigned span :
+         {IDS_KEEP_7_DAYS, IDS_KEEP_14_DAYS, IDS_KEEP_30_DAYS, IDS_KEEP_45_DAYS, IDS_KEEP_60_DAYS})
+    {
+        ExpectChoiceFits(m_settings, IDC_SETTINGS_FREQUENCY, span);
+    }
+}
+
+TEST_P(TextsFitTest, TitlesOfTheTabsFit)
+{
+    constexpr int edges = 10; // pixels that the focus leaves free on both sides
+    for (const unsigned title : {IDS_TAB_LOGS, IDS_TAB_REPORT})
+    {
+        EXPECT_LE(TextSize(m_form.Item(IDC_FORM_TAB), Text(title)).cx, std::stoi(Text(IDS_TAB_WIDTH)) - 2 * edges)
+            << title;
+    }
+}
+
+// The widths of the columns are the same in every language. They leave no room for much longer titles, so the pseudo
+// language is left out.
+TEST_P(TextsFitTest, TitlesOfTheColumnsOfEveryLogFit)
+{
+    if (IsPseudo())
+    {
+        return;
+    }
+    for (const LogKind& kind : LogKinds())
+    {
+        ListWindow window;
+        const auto log = CreateLog(kind.type);
+        log->SetListCtrl(&window.m_list);
+        log->SetListColumn();
+        const auto columns = ColumnsOf(window.m_list.GetSafeHwnd());
+        EXPECT_FALSE(columns.empty()) << kind.type;
+        const auto margin = static_cast<int>(window.m_list.SortHeader().SendMessage(HDM_GETBITMAPMARGIN));
+        for (const auto& [title, width] : columns)
+        {
+            EXPECT_LE(TextSize(m_page.Item(IDC_RECORD_LIST), title).cx, width - 2 * margin)
+                << kind.type << ": " << Visible(title);
+        }
+    }
+}
+
+TEST_P(TextsFitTest, LinesOfTheReportHaveRoomForTheGreatestNumbers)
+{
+    for (const ReportRow& row : ReportRows)
+    {
+        const std::wstring text = WithGreatestNumber(row.texts[0]) + L" " + WithGreatestNumber(row.texts[1]);
+        const SIZE size = HeadingTextSize(text);
+        EXPECT_LE(size.cx, Width(m_report.Place(row.line))) << row.line;
+        EXPECT_LE(size.cy, Height(m_report.Place(row.line))) << row.line;
+    }
+}
+
+TEST_P(TextsFitTest, TitlesOfTheChartStandInsideItsFrame)
+{
+    const RECT frame = m_report.Place(IDC_REPORT_FRAME);
+    ReportChart chart;
+    chart.m_settings = UsualSettings;
+    SetChartArea(chart, frame);
+    const ReportAxes axes = AxesOf(chart);
+    EXPECT_TRUE(Holds(frame, TextRect(axes.xTitle, HeadingTextSize(Text(IDS_REPORT_X_TITLE)))));
+    EXPECT_TRUE(Holds(frame, TextRect(axes.yTitle, HeadingTextSize(Text(IDS_REPORT_Y_TITLE)))));
+}
+
+TEST_P(TextsFitTest, TheNoticeOfAnEmptyReportFits)
+{
+    const RECT place = m_report.Place(IDC_REPORT_NO_DATA);
+    const SIZE line = HeadingTextSize(VdCommon::String::FormatText(Text(IDS_REPORT_NO_DATA), {Product}), FW_BOLD);
+    const int lines = Height(place) / line.cy;
+    EXPECT_LE(line.cx, (lines - 1) * Width(place)) << "it wraps at blanks, so one line is left as a reserve";
+}
+
+TEST_P(TextsFitTest, LabelsOfTheReportBelowItFit)
+{
+    constexpr int greatestCount = 9999999; // of a year
+    const std::wstring total =
+        VdCommon::String::FormatText(Text(IDS_REPORT_TOTAL), {std::uint32_t{greatestCount}, L"2026-12-30"});
+    ExpectHeadingFits(m_form, IDC_FORM_REPORT_TITLE, Text(IDS_REPORT_TITLE));
+    EXPECT_LE(HeadingTextSize(total).cx, Width(m_form.Place(IDC_FORM_REPORT_TOTAL)));
+}
+
+TEST_P(TextsFitTest, NoTwoAccessKeysOfFormAndPageAreTheSame)
+{
+    std::vector<std::wstring> texts{Text(IDS_HEADING_DATES), Text(IDS_HEADING_ENTRIES)};
+    for (const TemplateDialog* dialog : {&m_form, &m_page})
+    {
+        for (const HWND child : dialog->Children())
+        {
+            texts.push_back(TextOf(child));
+        }
+    }
+    std::set<wchar_t> keys;
+    for (const std::wstring& text : texts)
+    {
+        if (const auto mark = text.find(L'&'); mark != std::wstring::npos)
+        {
+            EXPECT_TRUE(keys.insert(static_cast<wchar_t>(towupper(text.at(mark + 1)))).second) << Visible(text);
+        }
+    }
+    EXPECT_EQ(11u, keys.size()) << "five buttons of the form, three of the page, and the texts before three controls";
+}
