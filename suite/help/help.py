@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Checks the topics of the help and compiles them to the suite's help file.
+"""Checks the topics of the help in a language and compiles them to the suite's help file.
 
-usage: help.py HELP_FOLDER TEXTS.TSV DIALOGS.RC OUTPUT.CHM [CHMCMD CHMLS]
+usage: help.py HELP_FOLDER TEXTS.TSV LANGUAGE OUTPUT.CHM [CHMCMD CHMLS]
 
 topics.py says what the folder holds and by which rules. All violations are printed, one a line, and the exit status is
 1 when there is any. CHMCMD and CHMLS are the help compiler and lister of Debian's fp-utils-3.2.2.
@@ -45,10 +45,10 @@ def stamp(chm, listing):
     struct.pack_into("<I", chm, place + 4, number)
 
 
-def compile_help(folder, table, target, chmcmd, chmls):
+def compile_help(folder, language, table, target, chmcmd, chmls):
     with tempfile.TemporaryDirectory() as work:
         work = pathlib.Path(work)
-        project.write(folder, table, work)
+        project.write(folder, language, table, work)
         # The first run tells where the names of the pages stand, the second puts in the table that points at them.
         run(chmcmd, "vdhelp.hhp", folder=work)
         run(chmls, "extract", "vdhelp.chm", "/#STRINGS", "texts", folder=work)
@@ -60,17 +60,17 @@ def compile_help(folder, table, target, chmcmd, chmls):
     target.write_bytes(chm)
 
 
-def main(folder, texts_tsv, dialogs_rc, target, chmcmd="chmcmd", chmls="chmls"):
+def main(folder, texts_tsv, language, target, chmcmd="chmcmd", chmls="chmls"):
     folder = pathlib.Path(folder)
     try:
-        table = topics.read_table(folder)
+        table = topics.read_table(folder, language)
     except topics.MalformedTable as error:
         sys.exit(str(error))
-    names = topics.screen_texts(pathlib.Path(texts_tsv), pathlib.Path(dialogs_rc))
-    found = list(topics.violations(folder, table, names))
+    names = topics.screen_texts(pathlib.Path(texts_tsv), language)
+    found = list(topics.violations(folder, language, table, names))
     if found:
         sys.exit("\n".join(found))
-    compile_help(folder, table, pathlib.Path(target), chmcmd, chmls)
+    compile_help(folder, language, table, pathlib.Path(target), chmcmd, chmls)
 
 
 if __name__ == "__main__":

@@ -2,12 +2,12 @@
 
 import struct
 
-TITLE = "Kestrix Help"
+from languages import LANGUAGES
 
 PAGE = """<!DOCTYPE html PUBLIC "-//W3C//DTD HTML 4.01//EN">
-<html>
+<html lang="{language}">
 <head>
-<meta http-equiv="Content-Type" content="text/html; charset=utf-8">
+<meta http-equiv="Content-Type" content="text/html; charset={charset}">
 <title>{title}</title>
 <link rel="stylesheet" type="text/css" href="style.css">
 </head>
@@ -30,9 +30,10 @@ ITEM = """<li><object type="text/sitemap">
 </object>
 """
 
-# Of the window: contents, index and search beside the page, the page found in the contents, place and size kept;
-# the buttons for hiding the contents, back, forward, first page, options and printing.
-PANES = 0x40520
+# Of the window: contents and index beside the page, and the search where it works; the page found in the contents,
+# place and size kept; the buttons for hiding the contents, back, forward, first page, options and printing.
+PANES = 0x40120
+SEARCH_PANE = 0x400
 BUTTONS = 0x304E
 PANE_WIDTH = 240
 
@@ -44,7 +45,7 @@ Index file=vdhelp.hhk
 Default topic={first}.html
 Default Window=main
 Title={title}
-Language=0x409 English (United States)
+Language={identifier}
 Full-text search=Yes
 Binary TOC=No
 Binary Index=No
@@ -72,18 +73,20 @@ def index(topics):
     return SITE_MAP.format(list=f"<ul>\n{items}</ul>\n")
 
 
-def window(name, page):
-    return (f'{name}="{TITLE}","vdhelp.hhc","vdhelp.hhk","{page}.html","{page}.html",,,,,'
-            f"{PANES:#x},{PANE_WIDTH},{BUTTONS:#x},,,,,,,,0")
+def window(name, page, language):
+    panes = PANES | (SEARCH_PANE if language.search else 0)
+    return (f'{name}="{language.title}","vdhelp.hhc","vdhelp.hhk","{page}.html","{page}.html",,,,,'
+            f"{panes:#x},{PANE_WIDTH},{BUTTONS:#x},,,,,,,,0")
 
 
-def project(topics):
+def project(topics, language):
     """The project. Besides the window of the help there is one for each page that the viewer asks for: nobody opens
     them, but the compiler puts the names of their pages into its table of texts, where #IVB can point at them."""
-    windows = [window("main", topics[0].file)] + [window("at_" + topic.file, topic.file)
-                                                  for topic in topics if topic.contexts]
+    pages = [("main", topics[0].file)] + [("at_" + topic.file, topic.file) for topic in topics if topic.contexts]
+    windows = [window(name, page, language) for name, page in pages]
     files = [topic.file + ".html" for topic in topics] + ["style.css", "#IVB"]
-    return PROJECT.format(first=topics[0].file, title=TITLE, windows="\n".join(windows), files="\n".join(files))
+    return PROJECT.format(first=topics[0].file, title=language.title, identifier=language.identifier,
+                          windows="\n".join(windows), files="\n".join(files))
 
 
 def context_table(topics, texts=None):
@@ -99,13 +102,18 @@ def context_table(topics, texts=None):
     return struct.pack("<I", 8 * len(rows)) + b"".join(struct.pack("<II", *row) for row in rows)
 
 
-def write(source, topics, target):
-    """Fills the folder `target` for the compiler from the folder `source`."""
+def write(source, name, topics, target):
+    """Fills the folder `target` for the compiler from the folder `source`, in the language of this name."""
+    language = LANGUAGES[name]
+
+    def put(file, text):
+        (target / file).write_bytes(text.encode(language.codec))
+
     for topic in topics:
-        piece = (source / "topics" / (topic.file + ".html")).read_text(encoding="utf-8")
-        (target / (topic.file + ".html")).write_text(PAGE.format(title=topic.title, piece=piece), encoding="utf-8")
+        piece = (source / "topics" / name / (topic.file + ".html")).read_text(encoding="utf-8")
+        put(topic.file + ".html", PAGE.format(language=name, charset=language.charset, title=topic.title, piece=piece))
     (target / "style.css").write_bytes((source / "style.css").read_bytes())
-    (target / "vdhelp.hhc").write_text(contents(topics), encoding="utf-8")
-    (target / "vdhelp.hhk").write_text(index(topics), encoding="utf-8")
-    (target / "vdhelp.hhp").write_text(project(topics), encoding="utf-8")
+    put("vdhelp.hhc", contents(topics))
+    put("vdhelp.hhk", index(topics))
+    put("vdhelp.hhp", project(topics, language))
     (target / "#IVB").write_bytes(context_table(topics))

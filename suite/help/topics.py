@@ -1,17 +1,20 @@
-"""The topics of the help: the table topics.tsv, the pieces of HTML in the folder topics, and the rules for both.
+"""The topics of the help: the table topics.tsv, the pieces of HTML in a folder topics/LANGUAGE, and the rules for both.
 
 topics.tsv has one line a topic, in the order of the contents. Each kind of log has a topic, too: its columns stand in
 the table of the kinds, ../kinds.tsv, and it comes below the topic LOGS.
 
     after     the topic of a kind of log that this one follows, on its level; empty for a topic of the highest level
     contexts  the numbers with which the viewer asks for the topic, separated by blanks; none for most
-    file      the name of the page and of its piece in topics/, without the ending
+    file      the name of the page and of its piece, without the ending
     title     the heading of the page and its line in the contents
     keywords  its lines in the index, separated by "; "
 
+Titles and keywords are English. The folder of another language has its own in titles.tsv, one line a topic, with the
+columns file, title and keywords.
+
 A piece is what stands on the page below its heading. In it, <b> marks a text of the viewer and nothing else: the name
-of a button, a column or a log, a value, a message. Each must be a text of resource/texts.tsv or a caption of the
-dialogs. A link is the name of another page; nothing leads out of the help file.
+of a button, a column or a log, a value, a message. Each must be a text of that language in
+resource/texts.tsv. A link is the name of another page; nothing leads out of the help file.
 """
 
 import collections
@@ -23,6 +26,7 @@ import sys
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent))
 import kinds  # noqa: E402
 import tables  # noqa: E402
+from languages import ENGLISH, LANGUAGES  # noqa: E402
 from tables import MalformedTable  # noqa: E402
 
 COLUMNS = ["after", "contexts", "file", "title", "keywords"]
@@ -32,19 +36,41 @@ LOGS = "logs"
 
 TAGS = {"a", "b", "code", "h2", "i", "li", "ol", "p", "table", "td", "th", "tr", "ul"}
 
-# Captions that message boxes and dialogs have from the platform or by custom.
-USUAL_CAPTIONS = {"OK", "Cancel", "Yes", "No"}
+TITLES = "titles.tsv"
+TITLE_COLUMNS = ["file", "title", "keywords"]
 
 
 def make_topic(place, level, contexts, file, title, keywords):
     if not re.fullmatch(r"(\d+( \d+)*)?", contexts):
         raise MalformedTable(f"{place}: the contexts are no numbers")
-    return Topic(place, level, [int(each) for each in contexts.split()], file, title,
-                 [each for each in keywords.split("; ") if each])
+    return Topic(place, level, [int(each) for each in contexts.split()], file, title, words(keywords))
 
 
-def read_table(folder):
+def words(keywords):
+    return [each for each in keywords.split("; ") if each]
+
+
+def in_language(topics, table):
+    """The topics with the titles and keywords of another language. Raises MalformedTable when one is left out."""
+    rows = {file: (place, title, keywords) for place, (file, title, keywords) in tables.read(table, TITLE_COLUMNS)}
+    for file in rows.keys() - {topic.file for topic in topics}:
+        raise MalformedTable(f"{rows[file][0]}: there is no topic '{file}'")
+    for topic in topics:
+        if topic.file not in rows:
+            raise MalformedTable(f"{table.parent.name}/{table.name}: the topic '{topic.file}' is missing")
+        place, title, keywords = rows[topic.file]
+        yield topic._replace(place=place, title=title, keywords=words(keywords))
+
+
+def read_table(folder, language=ENGLISH):
     """The topics in the order of the contents."""
+    topics = read_english(folder)
+    if language not in LANGUAGES:
+        raise MalformedTable(f"languages.py does not have {language}")
+    return topics if language == ENGLISH else list(in_language(topics, folder / "topics" / language / TITLES))
+
+
+def read_english(folder):
     topics = []
     for place, (after, *cells) in tables.read(folder / "topics.tsv", COLUMNS):
         files = [topic.file for topic in topics]
@@ -58,22 +84,24 @@ def read_table(folder):
 
 
 def plain(name):
-    """A caption without its mark of the access key, its colon and its dots."""
-    return re.sub(r"\s+", " ", name).strip().replace("&", "").removesuffix("...").removesuffix(":")
+    """A caption without its access key or the mark of it, its colon and its dots."""
+    name = re.sub(r"\(&.\)", "", re.sub(r"\s+", " ", name))
+    return name.strip().replace("&", "").removesuffix("...").removesuffix(":")
 
 
-def screen_texts(texts_tsv, dialogs_rc):
-    """What the viewer can show: the texts in every language of the table, and the captions of the dialogs."""
-    texts = {text for line in texts_tsv.read_text(encoding="utf-8").splitlines()[1:] for text in line.split("\t")[4:]}
-    captions = set(re.findall(r'^\s*CONTROL "([^"]+)"', dialogs_rc.read_text(encoding="utf-8"), re.MULTILINE))
-    return {plain(text) for text in texts | captions | USUAL_CAPTIONS}
+def screen_texts(texts_tsv, language):
+    """What the viewer can show in a language: the texts of its column, and the answers of message boxes."""
+    names, *lines = (line.split("\t") for line in texts_tsv.read_text(encoding="utf-8").splitlines())
+    texts = {line[names.index(language)] for line in lines}
+    return {plain(text) for text in texts | LANGUAGES[language].answers}
 
 
 class Piece(html.parser.HTMLParser):
     """One piece of HTML, read: its links, the names that it quotes, and what is wrong with its tags."""
 
-    def __init__(self, text):
+    def __init__(self, text, codec):
         super().__init__()
+        self.codec = codec
         self.links, self.names, self.errors, self.open = [], [], [], []
         self.feed(text)
         self.close()
@@ -98,11 +126,15 @@ class Piece(html.parser.HTMLParser):
     def handle_data(self, data):
         if "b" in self.open:
             self.names[-1] += data
-        if not data.isascii():
-            self.errors.append(f"'{data.strip()}' is not ASCII")
+        if not encodes(data, self.codec):
+            self.errors.append(f"'{data.strip()}' has no form in the code page ({self.codec})")
 
 
-def table_violations(topics):
+def encodes(text, codec):
+    return text.encode(codec, errors="ignore").decode(codec) == text
+
+
+def table_violations(topics, codec):
     for name, values in (("context", [(number, topic) for topic in topics for number in topic.contexts]),
                          ("file", [(topic.file, topic) for topic in topics]),
                          ("title", [(topic.title, topic) for topic in topics])):
@@ -115,14 +147,16 @@ def table_violations(topics):
         # The compiler takes both as they are.
         if not re.fullmatch("[a-z]+", topic.file):
             yield topic.place, f"the file '{topic.file}' is not of small letters alone"
-        if not re.fullmatch("[A-Za-z ]+", topic.title):
-            yield topic.place, f"the title '{topic.title}' is not of letters and blanks alone"
+        if not re.fullmatch(r"[^\W\d_]([^\W_]|[ -])*", topic.title):
+            yield topic.place, f"the title '{topic.title}' is not of letters, digits, blanks and hyphens alone"
+        if not encodes(topic.title + "".join(topic.keywords), codec):
+            yield topic.place, f"title or keywords have no form in the code page ({codec})"
         if not topic.keywords:
             yield topic.place, f"the index has nothing for '{topic.title}'"
 
 
-def piece_violations(text, pages, names):
-    piece = Piece(text)
+def piece_violations(text, codec, pages, names):
+    piece = Piece(text, codec)
     yield from piece.errors
     for link in piece.links:
         if link not in pages:
@@ -132,17 +166,18 @@ def piece_violations(text, pages, names):
             yield f"the viewer has no text '{plain(name)}'"
 
 
-def violations(folder, topics, names):
-    """All that breaks a rule, one line each; `names` are the texts of the viewer."""
-    for place, message in table_violations(topics):
+def violations(folder, language, topics, names):
+    """All that breaks a rule, one line each; `names` are the texts of the viewer in the language."""
+    codec, place_of_pieces = LANGUAGES[language].codec, folder / "topics" / language
+    for place, message in table_violations(topics, codec):
         yield f"{place}: {message}"
     pages = {topic.file + ".html" for topic in topics}
-    pieces = {path.name for path in (folder / "topics").iterdir()}
+    pieces = {path.name for path in place_of_pieces.iterdir()} - {TITLES}
     for name in sorted(pages - pieces):
-        yield f"topics/{name}: the file is missing"
+        yield f"topics/{language}/{name}: the file is missing"
     for name in sorted(pieces - pages):
-        yield f"topics/{name}: no topic has it"
+        yield f"topics/{language}/{name}: no topic has it"
     for name in sorted(pages & pieces):
-        text = (folder / "topics" / name).read_text(encoding="utf-8")
-        for message in piece_violations(text, pages, names):
-            yield f"topics/{name}: {message}"
+        text = (place_of_pieces / name).read_text(encoding="utf-8")
+        for message in piece_violations(text, codec, pages, names):
+            yield f"topics/{language}/{name}: {message}"

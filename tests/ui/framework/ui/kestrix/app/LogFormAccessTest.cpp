@@ -192,7 +192,7 @@ TEST_F(LogFormAccessTest, DrawnButtonsGiveTheirNamesAccessKeysAndStates)
         {IDC_FORM_EXPORT, L"Export...", L"Alt+E", 0},
         {IDC_FORM_DELETE, L"Delete...", L"Alt+D", STATE_SYSTEM_UNAVAILABLE},
         {IDC_FORM_CLOSE, L"Close", L"Alt+C", 0},
-        {IDC_FORM_MINIMISE, L"Minimise", L"Alt+M", 0},
+        {IDC_FORM_MINIMISE, L"Minimize", L"Alt+M", 0},
         {IDC_FORM_CLOSE_BOX, L"Close", L"", 0},
         {IDC_VIEW, L"View", L"Alt+V", 0},
         {IDC_SETTING, L"Settings...", L"Alt+S", STATE_SYSTEM_UNAVAILABLE},
