@@ -1,6 +1,7 @@
 // How the process starts and ends: its command line and its language file.
 
 #include "resource/resource.h"
+#include "tests/e2e/RegistryValue.h"
 #include "tests/e2e/Viewer.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/TemporaryFolder.h"
@@ -42,6 +43,12 @@ protected:
     const LanguageFile m_language;
     const TemporaryFolder m_folder;
     const std::wstring m_strProgram = m_folder.File(L"Kestrix.exe");
+};
+
+// The program is installed in German.
+class GermanStartTest : public StartTest
+{
+    const RegistryValue m_language{L"Software\\Veldrane\\Zeptara", L"LangName", L"de-DE"};
 };
 
 constexpr char FailureText[] = "Failed to load MUI resource";
@@ -106,4 +113,31 @@ TEST_F(StartTest, AFileThatIsNoLanguageFileIsPassedOver)
     WriteBytes(m_folder.File(L"resource\\en-US\\Kestrix.exe.mui"), "no language file");
     CopyLanguageFileTo(SecondPlace());
     ExpectToStart();
+}
+
+TEST_F(GermanStartTest, TheLanguageOfTheInstallationIsShown)
+{
+    const LanguageFile german(L"resource\\de-DE\\Kestrix.exe.mui");
+    const Viewer viewer(NoLog);
+    ASSERT_NE(viewer.Form(), nullptr);
+    EXPECT_EQ(viewer.TextOf(IDC_HEADING_DATES), L"&Tage");
+    EXPECT_EQ(viewer.TextOf(IDC_FORM_CLOSE), L"&Schlie\u00dfen");
+    EXPECT_EQ(viewer.Close(), 0u);
+}
+
+TEST_F(GermanStartTest, WithoutItsFolderTheLanguageFileBesideTheProgramIsShown)
+{
+    CopyLanguageFileTo(FirstPlace());
+    CopyLanguageFileTo(SecondPlace());
+    ExpectToStart();
+}
+
+TEST_F(GermanStartTest, WithoutItsFolderTheFolderOfAnotherLanguageIsNotLookedInto)
+{
+    CopyLanguageFileTo(FirstPlace());
+    const DebuggerOutput output(m_strProgram, NoLog);
+    EXPECT_TRUE(output.ended);
+    EXPECT_FALSE(output.hadWindow);
+    const std::string german = m_folder.Path().string() + "\\resource\\de-DE\\Kestrix.exe.mui";
+    EXPECT_EQ(output.lines, (std::vector<std::string>{german, SecondPlace(), FailureText}));
 }
