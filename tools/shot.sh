@@ -9,11 +9,22 @@ list_y=30
 log_title_text=80
 report_title_text=79
 title_text=$log_title_text
+language=en-US
+
+# The languages of the viewer.
+languages() {
+  head -n 1 resource/texts.tsv | cut -f 5- | tr '\t' '\n'
+}
+
+# The text of the language file that has this number or name.
+text_of() {
+  awk -F '\t' -v text="$1" -v language="$language" 'NR == 1 { for (i = 1; i <= NF; ++i) if ($i == language) column = i }
+         $1 == text { print $column }' resource/texts.tsv
+}
 
 # The title of the form as a pattern that matches it alone.
 form_title() {
-  awk -F '\t' -v text="$title_text" 'NR == 1 { for (i = 1; i <= NF; ++i) if ($i == "en-US") column = i }
-         $1 == text { print $column }' resource/texts.tsv | sed -e 's/[][\\.*^$+?(){}|]/\\&/g' -e 's/.*/^&$/'
+  text_of "$title_text" | sed -e 's/[][\\.*^$+?(){}|]/\\&/g' -e 's/.*/^&$/'
 }
 
 viewer_runs() {
@@ -27,7 +38,7 @@ viewer_has_ended() {
 # Sets window to the form, or returns 1. An error box in its place has another title and is not taken for it.
 find_window() {
   viewer_runs || fail "The viewer ended before its window came up." "Try the command line on a display to see why."
-  window=$(xdotool search --onlyvisible --name "$(form_title)" 2>/dev/null | head -n 1)
+  window=$(LC_ALL=C.UTF-8 xdotool search --onlyvisible --name "$(form_title)" 2>/dev/null | head -n 1)
   [[ -n $window ]]
 }
 

@@ -14,7 +14,7 @@ service_program='C:\Zeptara\VdFrwkSvc.exe'
 install_suite() {
   local file changed=
   mkdir -p "$suite_folder/Log"
-  for file in OrlDbMg.dll VdFrwkSvc.exe VdFrwkPs.dll vdhelp.chm; do
+  for file in OrlDbMg.dll VdFrwkSvc.exe VdFrwkPs.dll vdhelp.chm $(cd build/release/bin && echo vdhelp.*-*.chm); do
     if ! cmp -s "build/release/bin/$file" "$suite_folder/$file"; then
       cp "build/release/bin/$file" "$suite_folder/.$file" && mv "$suite_folder/.$file" "$suite_folder/$file" ||
         fail "$file could not be copied into $suite_folder." "Close the viewer and try again."
@@ -27,6 +27,21 @@ install_suite() {
   say "Registering the service"
   quietly service tools/wine "$service_program" /RegServer || fail "The service could not be registered."
   printf '%s\n' "$service_program" >"$service_stamp"
+}
+
+# set_language NAME: of the viewer and of its help; as tools/suite.reg has it, the prefix speaks English.
+set_language() {
+  local stamp=$WINEPREFIX/kestrix-language help=vdhelp.chm key='HKLM\Software\Veldrane\Zeptara' before=en-US
+  language=$1
+  [[ $language == en-US ]] || help=vdhelp.$language.chm
+  if [[ $stamp -nt $WINEPREFIX/kestrix-prefix.reg ]]; then
+    before=$(<"$stamp")
+  fi
+  [[ $before != "$language" ]] || return 0
+  { quietly language tools/wine reg add "$key" /v LangName /d "$language" /f &&
+    quietly language tools/wine reg add "$key\\17\\UIFramework\\OLH" /v Files /d "$help" /f; } ||
+    fail "The language could not be set."
+  printf '%s\n' "$language" >"$stamp"
 }
 
 # The sample logs of the last 30 days up to today, as daily files and in the event-log database; made anew each day.

@@ -49,6 +49,29 @@ constexpr std::array ReportRows{
     ReportRow{IDC_REPORT_DATA_PREVENTION, {IDS_REPORT_DATA_PREVENTION, 0}},
 };
 
+// The texts of a log's column that stand for codes, and its width in pixels.
+struct CodeColumn
+{
+    const char* log;
+    int width;
+    std::vector<unsigned> texts;
+};
+
+const std::array CodeColumns{
+    CodeColumn{"virus", 150, {30, 317, 800, 801, 802, 803, 804, 805, 806, 807, 808, 809}},
+    CodeColumn{"spyware", 150, {300, 301, 302, 303, 316, 317, 800, 801, 806, 807, 808, 809, 810, 811, 812, 813}},
+    CodeColumn{"update", 120, {406, 408, 760, 761, 762, 763}},
+    CodeColumn{"data prevention", 150, {436, 437}},
+    CodeColumn{"system cleanup", 150, {379, 380}},
+    CodeColumn{"vulnerabilities, name", 150, {328}},
+    CodeColumn{"vulnerabilities, risk", 125, {331, 332, 333, 334, 335, 336, 361}},
+    CodeColumn{"suspicious changes", 100, {103, 300, 301, 302, 303}},
+    CodeColumn{"scans", 357, {93, 94, 95, 96, 97}},
+    CodeColumn{"URL filter", 120, {422, 423}},
+    CodeColumn{"system tuner", 257, {110, 111, 112, 113, 114, 115, 116, 117, 118, 119, 120, 121, 122, 123}},
+    CodeColumn{"skipped tasks", 257, {221, 222, 223}},
+};
+
 // A text as it is shown where a mark stands for an access key.
 std::wstring WithoutMark(std::wstring text)
 {
@@ -134,13 +157,17 @@ TEST_P(TextsFitTest, TheFontHasTheCharactersOfEastAsia)
     const int em = MulDiv(9, 96, 72);
     for (const wchar_t* text : {L"\u6f22\u5b57", L"\u30ed\u30b0", L"\u65e5\u5fd7"})
     {
-        EXPECT_GE(TextSize(control, text).cx, 2 * (em - 1)) << "install the fonts of tools/packages.txt";
+        for (const LONG weight : {FW_NORMAL, FW_BOLD})
+        {
+            EXPECT_GE(TextSize(control, text, weight).cx, 2 * (em - 1)) << "install the fonts of tools/packages.txt";
+        }
     }
 }
 
 TEST_P(TextsFitTest, CaptionsFitTheControlsOfTheTemplates)
 {
     constexpr int boxAndGap = 20; // pixels
+    constexpr int icon = 32;
     for (const TemplateDialog* dialog : m_templates.m_all)
     {
         for (const HWND child : dialog->Children())
@@ -155,7 +182,10 @@ TEST_P(TextsFitTest, CaptionsFitTheControlsOfTheTemplates)
                 continue; // values of other logs take the room on its left
             }
             const SIZE size = TextSize(child, WithoutMark(TextOf(child)), bold ? FW_BOLD : FW_NORMAL);
-            const int room = Width(dialog->Place(child)) - (NumberOf(child) == IDC_SETTINGS_PURGE ? boxAndGap : 0);
+            const int taken = NumberOf(child) == IDC_SETTINGS_PURGE ? boxAndGap
+                              : NumberOf(child) == IDC_FORM_HELP    ? icon
+                                                                    : 0;
+            const int room = Width(dialog->Place(child)) - taken;
             EXPECT_LE(size.cx, room) << NumberOf(child);
         }
     }
@@ -203,7 +233,8 @@ TEST_P(TextsFitTest, TitlesOfTheTabsFit)
     constexpr int edges = 10; // pixels that the focus leaves free on both sides
     for (const unsigned title : {IDS_TAB_LOGS, IDS_TAB_REPORT})
     {
-        EXPECT_LE(TextSize(m_form.Item(IDC_FORM_TAB), Text(title)).cx, std::stoi(Text(IDS_TAB_WIDTH)) - 2 * edges)
+        EXPECT_LE(TextSize(m_form.Item(IDC_FORM_TAB), Text(title), FW_BOLD).cx,
+                  std::stoi(Text(IDS_TAB_WIDTH)) - 2 * edges)
             << title;
     }
 }
@@ -229,6 +260,23 @@ TEST_P(TextsFitTest, TitlesOfTheColumnsOfEveryLogFit)
         {
             EXPECT_LE(TextSize(m_page.Item(IDC_RECORD_LIST), title).cx, width - 2 * margin)
                 << kind.type << ": " << Visible(title);
+        }
+    }
+}
+
+TEST_P(TextsFitTest, TextsOfCodesFitTheirColumns)
+{
+    constexpr int margin = 4; // pixels on both sides of a cell
+    if (IsPseudo())
+    {
+        return;
+    }
+    for (const CodeColumn& column : CodeColumns)
+    {
+        for (const unsigned text : column.texts)
+        {
+            EXPECT_LE(TextSize(m_page.Item(IDC_RECORD_LIST), Text(text)).cx, column.width - 2 * margin)
+                << column.log << ": " << text;
         }
     }
 }
