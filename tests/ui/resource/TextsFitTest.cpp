@@ -72,6 +72,14 @@ const std::array CodeColumns{
     CodeColumn{"skipped tasks", 257, {221, 222, 223}},
 };
 
+// The first and the last of texts that stand for codes in the values of the detail rows.
+constexpr std::array DetailTexts{
+    std::pair{50u, 50u},   std::pair{52u, 52u},   std::pair{58u, 59u},     std::pair{103u, 125u}, std::pair{144u, 156u},
+    std::pair{170u, 170u}, std::pair{176u, 176u}, std::pair{182u, 182u},   std::pair{224u, 226u}, std::pair{299u, 312u},
+    std::pair{316u, 317u}, std::pair{337u, 350u}, std::pair{357u, 371u},   std::pair{490u, 541u}, std::pair{568u, 573u},
+    std::pair{767u, 769u}, std::pair{800u, 814u}, std::pair{1319u, 1321u},
+};
+
 // A text as it is shown where a mark stands for an access key.
 std::wstring WithoutMark(std::wstring text)
 {
@@ -278,6 +286,22 @@ TEST_P(TextsFitTest, TextsOfCodesFitTheirColumns)
             EXPECT_LE(TextSize(m_page.Item(IDC_RECORD_LIST), Text(text)).cx, column.width - 2 * margin)
                 << column.log << ": " << text;
         }
+    }
+}
+
+TEST_P(TextsFitTest, TextsOfCodesFitTheRowsOfTheDetailPane)
+{
+    const HWND value = m_page.Item(IDC_INFO_VALUE_0_TEXT);
+    for (const auto& [first, last] : DetailTexts)
+    {
+        for (unsigned text = first; text <= last; ++text)
+        {
+            EXPECT_LE(TextSize(value, LoadText(text)).cx, Width(m_page.Place(value))) << text;
+        }
+    }
+    for (const unsigned text : CodeColumns[0].texts) // the action taken second
+    {
+        EXPECT_LE(TextSize(value, Text(text)).cx, Width(m_page.Place(IDC_INFO_VALUE_5))) << text;
     }
 }
 
