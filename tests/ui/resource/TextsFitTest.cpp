@@ -70,6 +70,9 @@ const std::array CodeColumns{
     CodeColumn{"URL filter", 120, {422, 423}},
     CodeColumn{"system tuner", 257, {110, 111, 112, 113, 114, 115, 116, 117, 118, 119, 120, 121, 122, 123}},
     CodeColumn{"skipped tasks", 257, {221, 222, 223}},
+    CodeColumn{"firewall, protocol", 45, {357, 493, 494, 495, 496}},
+    CodeColumn{"firewall, addresses", 90, {176}},
+    CodeColumn{"firewall, ports", 50, {489}},
 };
 
 // The first and the last of texts that stand for codes in the values of the detail rows.
