@@ -12,14 +12,6 @@ namespace
 // What is read at once, in bytes: large enough that the calls cost nothing beside the parsing.
 constexpr std::size_t BlockSize = 256 * 1024;
 
-// Gives the number of characters up to and with the first line feed, 0 when there is none.
-std::size_t FindLineFeed(const wchar_t* text, std::size_t length)
-{
-    const wchar_t* const end = text + length;
-    const wchar_t* const found = FindCharacter(text, end, L'\n');
-    return found == end ? 0 : static_cast<std::size_t>(found - text) + 1;
-}
-
 } // namespace
 
 bool LogLineReader::Begin()
@@ -39,10 +31,9 @@ bool LogLineReader::Begin()
 
 bool LogLineReader::NextLine(std::wstring_view& line)
 {
-    for (std::wstring_view piece = NextPiece(); !piece.empty(); piece = NextPiece())
+    for (Piece piece = NextPiece(); !piece.whole.empty(); piece = NextPiece())
     {
-        const wchar_t* const begin = piece.data();
-        std::wstring_view text(begin, FindCharacter(begin, begin + piece.size(), L'\0'));
+        std::wstring_view text = piece.text;
         if (text.empty())
         {
             continue;
@@ -67,24 +58,25 @@ bool LogLineReader::NextLine(std::wstring_view& line)
     return false;
 }
 
-std::wstring_view LogLineReader::NextPiece()
+LogLineReader::Piece LogLineReader::NextPiece()
 {
     for (;;)
     {
         const std::size_t available = std::min(m_nEnd - m_nBegin, LongestLine);
-        std::size_t length = FindLineFeed(m_arrBuffer.data() + m_nBegin, available);
-        if (length == 0)
+        const wchar_t* const begin = m_arrBuffer.data() + m_nBegin;
+        const wchar_t* const end = begin + available;
+        const wchar_t* const stop = FindEither(begin, end, L'\n', L'\0');
+        const bool hasNul = stop != end && *stop == L'\0';
+        const wchar_t* const feed = hasNul ? FindCharacter(stop, end, L'\n') : stop;
+        if (feed == end && available < LongestLine && ReadBlock())
         {
-            if (available < LongestLine && ReadBlock())
-            {
-                continue;
-            }
-            length = available;
+            continue;
         }
         // Only now: what is left of the text has moved to the front when nothing more came.
-        const std::wstring_view piece(m_arrBuffer.data() + m_nBegin, length);
+        const std::size_t length = feed == end ? available : static_cast<std::size_t>(feed - begin) + 1;
+        const std::wstring_view whole(m_arrBuffer.data() + m_nBegin, length);
         m_nBegin += length;
-        return piece;
+        return {whole, hasNul ? whole.substr(0, static_cast<std::size_t>(stop - begin)) : whole};
     }
 }
 

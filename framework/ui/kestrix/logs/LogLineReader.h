@@ -31,8 +31,16 @@ protected:
     // Forgets what was read before; false when no buffer can be had.
     bool Begin();
 
-    // The next text up to and with a line feed, LongestLine characters at the most; empty at the end of the text.
-    std::wstring_view NextPiece();
+    // A text up to and with a line feed, LongestLine characters at the most, and what of it stands before its first
+    // NUL.
+    struct Piece
+    {
+        std::wstring_view whole;
+        std::wstring_view text;
+    };
+
+    // The next piece, empty at the end of the text.
+    Piece NextPiece();
 
 private:
     // Reads the next bytes, as many as are there and have room; returns their number, 0 when there are no more.

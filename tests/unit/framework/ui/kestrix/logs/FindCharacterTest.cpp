@@ -37,3 +37,54 @@ TEST(FindCharacterTest, DoesNotTakeTheHalvesOfTwoCharactersForOne)
     EXPECT_EQ(FindCharacter(text.data(), end, L'|'), end);
     EXPECT_EQ(FindCharacter(text.data(), end, L'\xFF7C'), end - 1);
 }
+
+TEST(FindEitherTest, FindsWhicheverComesFirst)
+{
+    for (std::size_t length = 1; length <= 40; ++length)
+    {
+        for (std::size_t place = 0; place < length; ++place)
+        {
+            for (const wchar_t wanted : {L'\n', L'\0'})
+            {
+                std::vector<wchar_t> text(length, L'.');
+                text.back() = L'\n';
+                text[place] = wanted;
+                const wchar_t* const begin = text.data();
+                ASSERT_EQ(FindEither(begin, begin + length, L'\n', L'\0') - begin, static_cast<std::ptrdiff_t>(place));
+                ASSERT_EQ(FindEither(begin, begin + place, L'\n', L'\0'), begin + place) << "neither is there";
+            }
+        }
+    }
+}
+
+TEST(ForEachCharacterTest, VisitsEveryPlaceOfTheCharacterInOrderInTextsOfUpTo70Characters)
+{
+    for (std::size_t length = 0; length <= 70; ++length)
+    {
+        for (const std::size_t distance : {1, 2, 3, 7, 15, 16, 17, 31})
+        {
+            std::vector<wchar_t> text(length, L'.');
+            std::vector<std::ptrdiff_t> expected;
+            for (std::size_t place = distance - 1; place < length; place += distance)
+            {
+                text[place] = L'|';
+                expected.push_back(static_cast<std::ptrdiff_t>(place));
+            }
+            std::vector<std::ptrdiff_t> places;
+            ForEachCharacter(text.data(), text.data() + length, L'|',
+                             [&](const wchar_t* found) { places.push_back(found - text.data()); });
+            ASSERT_EQ(places, expected) << length << ", " << distance;
+        }
+    }
+}
+
+TEST(ForEachCharacterTest, TakesNoOtherCharacterForIt)
+{
+    std::vector<wchar_t> text;
+    for (unsigned other = 0; other <= 0xFFFF; ++other)
+    {
+        text.push_back(other == L'|' ? L'.' : static_cast<wchar_t>(other));
+    }
+    ForEachCharacter(text.data(), text.data() + text.size(), L'|',
+                     [&](const wchar_t* found) { FAIL() << static_cast<unsigned>(*found); });
+}
