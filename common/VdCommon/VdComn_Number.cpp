@@ -95,7 +95,7 @@ unsigned TakeBase(std::wstring_view& text, int base) noexcept
 
 } // namespace
 
-std::int32_t WideToInteger(std::wstring_view text) noexcept
+std::int32_t AnyWideToInteger(std::wstring_view text) noexcept
 {
     while (!text.empty() && IsWideSpace(text.front()))
     {

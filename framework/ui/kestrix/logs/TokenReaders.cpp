@@ -1,7 +1,6 @@
 #include "framework/ui/kestrix/logs/TokenReaders.h"
 
 #include "common/VdCommon/VdComn_DelimiterChanger.h"
-#include "common/VdCommon/VdComn_Number.h"
 
 #include <algorithm>
 #include <charconv>
@@ -9,16 +8,23 @@
 
 std::wstring ClockText(std::wstring_view token)
 {
-    const std::size_t hours = std::min<std::size_t>(token.size(), 2);
-    std::wstring text(token.substr(0, hours));
-    text += L':';
-    text += token.substr(hours, 2);
-    return text;
-}
-
-std::uint32_t CodeOf(std::wstring_view token)
-{
-    return static_cast<std::uint32_t>(VdCommon::WideToInteger(token));
+    constexpr std::size_t hours = 2;
+    constexpr std::size_t digits = 4;
+    wchar_t text[digits + 1];
+    std::size_t length = 0;
+    for (const wchar_t digit : token.substr(0, digits))
+    {
+        if (length == hours)
+        {
+            text[length++] = L':';
+        }
+        text[length++] = digit;
+    }
+    if (length <= hours)
+    {
+        text[length++] = L':';
+    }
+    return {text, length};
 }
 
 std::wstring DecimalText(std::uint32_t number)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/VdCommon/VdComn_Number.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -12,7 +14,10 @@
 std::wstring ClockText(std::wstring_view token);
 
 // A code: the decimal number at the start of the token as the C library reads it, a negative one modulo 2 to the 32.
-std::uint32_t CodeOf(std::wstring_view token);
+inline std::uint32_t CodeOf(std::wstring_view token)
+{
+    return static_cast<std::uint32_t>(VdCommon::WideToInteger(token));
+}
 
 // The number in decimal digits.
 std::wstring DecimalText(std::uint32_t number);
