@@ -5,9 +5,13 @@
 namespace
 {
 
-// Null for a code that is not there.
+// Null for a code that is not there. Many tables begin with the codes 0, 1, 2 and so on, whose place is their number.
 const CodeText* FindCode(std::span<const CodeText> table, std::uint32_t code)
 {
+    if (code < table.size() && table[code].code == code)
+    {
+        return &table[code];
+    }
     const auto row = std::ranges::lower_bound(table, code, {}, &CodeText::code);
     return row != table.end() && row->code == code ? &*row : nullptr;
 }

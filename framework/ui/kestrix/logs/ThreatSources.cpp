@@ -34,11 +34,6 @@ constexpr SourceRow Sources[] = {
 
 } // namespace
 
-bool IsProxy(std::uint32_t source)
-{
-    return source == MailIn || source == MailOut || source == Web;
-}
-
 std::wstring_view SourceText(std::uint32_t source)
 {
     const auto row = std::ranges::find(Sources, source, &SourceRow::source);

@@ -19,7 +19,10 @@ enum Code : std::uint32_t
 };
 
 // Whether the source writes lines of the proxy form.
-bool IsProxy(std::uint32_t source);
+constexpr bool IsProxy(std::uint32_t source)
+{
+    return source == MailIn || source == MailOut || source == Web;
+}
 
 // Two blanks for a source that is not known.
 std::wstring_view SourceText(std::uint32_t source);

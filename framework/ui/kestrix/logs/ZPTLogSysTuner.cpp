@@ -5,6 +5,7 @@
 #include "framework/ui/kestrix/logs/CodeTexts.h"
 #include "framework/ui/kestrix/logs/ColumnOrder.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
+#include "platform/dialog/OleDateTime.h"
 #include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 
@@ -142,16 +143,26 @@ struct SlashedDate
         day = number(slash + 4, 2);
     }
 
-    int year;
-    int month;
-    int day;
+    // Another number for each date: month and day have two characters at the most.
+    std::int64_t Number() const { return (year * std::int64_t{0x100} + month) * 0x100 + day; }
+
+    std::int32_t year;
+    std::int32_t month;
+    std::int32_t day;
 };
 
 constexpr std::size_t LongestDate = 259;
 
-// The date as the user's region writes it, or what stands for one that the region cannot show.
-std::wstring RegionDate(const COleDateTime& date)
+// The date as the user's region writes it, or what stands for one that the region cannot show; empty for one that the
+// calendar does not have.
+std::wstring RegionDate(const SlashedDate& numbers)
 {
+    constexpr int noon = 12;
+    const COleDateTime date(numbers.year, numbers.month, numbers.day, noon, 0, 0);
+    if (date.GetStatus() != COleDateTime::valid)
+    {
+        return {};
+    }
     const std::wstring text = date.Format(VAR_DATEVALUEONLY);
     if (!text.empty())
     {
@@ -227,25 +238,22 @@ void CZPTLogSysTuner::AppendValue(std::wstring_view token, LogRec& record)
 void CZPTLogSysTuner::FormatLastAccessDate(std::wstring& text)
 {
     VD_TRACE(Flow, L"[Enter] CZPTLogSysTuner::FormatLastAccessDate...");
-    constexpr int noon = 12;
     const SlashedDate date(text);
     VD_TRACE(Info, L"CZPTLogSysTuner::FormatLastAccessDate - Date = [%d/%d/%d]", date.year, date.month, date.day);
-    const COleDateTime time(date.year, date.month, date.day, noon, 0, 0);
-    if (time.GetStatus() != COleDateTime::valid)
+    auto known = m_mapDateText.find(date.Number());
+    if (known == m_mapDateText.end())
+    {
+        known = m_mapDateText.emplace(date.Number(), RegionDate(date)).first;
+    }
+    if (known->second.empty())
     {
         VD_TRACE(Error, L"*** CZPTLogSysTuner::FormatLastAccessDate - oletime invalid");
         return;
     }
-    text = DateText(time);
+    text = known->second;
     // Readers of the trace know the text by the name of the function that it was first written for.
     VD_TRACE(Info, L"*** CKestrixDlg::FillDate() - Datetime string to be filled : [%s]", text);
     VD_TRACE(Flow, L"[Leave] CZPTLogSysTuner::FormatLastAccessDate...");
-}
-
-const std::wstring& CZPTLogSysTuner::DateText(const COleDateTime& date)
-{
-    const auto found = m_mapDateText.find(date);
-    return found != m_mapDateText.end() ? found->second : m_mapDateText.emplace(date, RegionDate(date)).first->second;
 }
 
 // With the records go the dates' texts: the region may be another when the next day is read.

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
-#include "platform/dialog/OleDateTime.h"
 
-#include <map>
+#include <cstdint>
+#include <string>
+#include <unordered_map>
 
 // The log of the system tuner: which function did what, to which item, and how much that came to. Texts are composed so
 // that a row of the list reads as a sentence.
@@ -28,9 +29,8 @@ private:
     static int CALLBACK CompareFuncUp(LPARAM first, LPARAM second, LPARAM column);
 
     void AppendValue(std::wstring_view token, LogRec& record);
-    const std::wstring& DateText(const COleDateTime& date);
 
-    // The dates of the loaded lines as the region writes them. They repeat, and the system takes longer to write one
-    // than all else of a line takes.
-    std::map<COleDateTime, std::wstring> m_mapDateText;
+    // The dates of the loaded lines by their numbers, as the region writes them; empty where the calendar has no such
+    // date. They repeat, and the system takes longer to write one than all else of a line takes.
+    std::unordered_map<std::int64_t, std::wstring> m_mapDateText;
 };

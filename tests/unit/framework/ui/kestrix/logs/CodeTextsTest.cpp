@@ -9,6 +9,9 @@ namespace
 constexpr CodeText Table[] = {{1, 39}, {5, 38}, {0x80000000, 81}};
 static_assert(IsSorted(Table));
 
+constexpr CodeText FromZero[] = {{0, 39}, {1, 38}, {3, 81}};
+static_assert(IsSorted(FromZero));
+
 constexpr CodeText Twice[] = {{1, 39}, {1, 38}};
 static_assert(!IsSorted(Twice));
 constexpr CodeText Falling[] = {{2, 39}, {1, 38}};
@@ -27,4 +30,14 @@ TEST(CodeTextsTest, ACodeGivesItsTextAndAnyOtherTheTextForOthers)
         EXPECT_EQ(TextOfCode(Table, other), L"") << other;
         EXPECT_EQ(TextOfCode(Table, other, 52), Text(52)) << other;
     }
+}
+
+TEST(CodeTextsTest, TheSameInATableWhoseFirstCodesAreTheirPlaces)
+{
+    const LanguageFile language;
+    EXPECT_EQ(TextOfCode(FromZero, 0), Text(39));
+    EXPECT_EQ(TextOfCode(FromZero, 1), Text(38));
+    EXPECT_EQ(TextOfCode(FromZero, 2), L"");
+    EXPECT_EQ(TextOfCode(FromZero, 3), Text(81));
+    EXPECT_EQ(TextOfCode(FromZero, 4), L"");
 }
