@@ -1,6 +1,5 @@
 #include "framework/ui/kestrix/logs/LogRec.h"
 
-#include <algorithm>
 #include <stdexcept>
 
 std::wstring_view LogRec::Field(std::size_t index) const
@@ -14,21 +13,6 @@ std::wstring_view LogRec::Field(std::size_t index) const
 
 void LogRec::AppendJoined(std::wstring_view first, std::wstring_view second)
 {
-    std::pmr::polymorphic_allocator<wchar_t> memory = strData.get_allocator();
-    const std::size_t size = first.size() + second.size();
-    wchar_t* const copy = memory.allocate(size);
-    std::ranges::copy(second, std::ranges::copy(first, copy).out);
-    strData.emplace_back(copy, size);
-}
-
-std::wstring_view LogRec::Keep(std::wstring_view text) const
-{
-    if (text.empty())
-    {
-        return {};
-    }
-    std::pmr::polymorphic_allocator<wchar_t> memory = strData.get_allocator();
-    wchar_t* const copy = memory.allocate(text.size());
-    std::copy(text.begin(), text.end(), copy);
-    return {copy, text.size()};
+    strData.push_back(m_pMemory != nullptr ? m_pMemory->KeepJoined(first, second)
+                                           : Keep(std::wstring(first).append(second)));
 }

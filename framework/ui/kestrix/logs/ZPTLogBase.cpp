@@ -133,7 +133,7 @@ void CZPTLogBase::ClearLog()
 void CZPTLogBase::FreeRecords()
 {
     decltype(m_arrRecord)(m_arrRecord.get_allocator()).swap(m_arrRecord);
-    m_Memory.release();
+    m_Memory.Release();
 }
 
 bool CZPTLogBase::SetListLog()

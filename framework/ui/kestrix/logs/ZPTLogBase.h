@@ -149,7 +149,7 @@ protected:
 
     // Makes an empty record in the memory. A class that keeps more beside the fields makes records of its own class,
     // and finds them again in its operations.
-    virtual LogRec* NewRecord(std::pmr::memory_resource* memory) const;
+    virtual LogRec* NewRecord(RecordMemory& memory) const;
 
     // The plain compare pair: the field numbered as the column, by code units.
     static int CALLBACK CompareFuncUp(LPARAM first, LPARAM second, LPARAM column);
@@ -162,7 +162,7 @@ protected:
     std::vector<std::uint32_t> m_arrColumnWidth;
 
 private:
-    std::pmr::monotonic_buffer_resource m_Memory; // holds the records; outlives the pointers below
+    RecordMemory m_Memory; // holds the records; outlives the pointers below
 
 protected:
     std::pmr::vector<LogRec*> m_arrRecord; // oldest first

@@ -144,7 +144,7 @@ bool CZPTLogBase::PutRecode(std::wstring_view line, int kind)
     LogRec* record = nullptr;
     try
     {
-        record = NewRecord(&m_Memory);
+        record = NewRecord(m_Memory);
         record->strData.reserve(m_nFieldCount);
     }
     catch (const std::bad_alloc&)
@@ -170,7 +170,7 @@ bool CZPTLogBase::PutRecode(std::wstring_view line, int kind)
     return true;
 }
 
-LogRec* CZPTLogBase::NewRecord(std::pmr::memory_resource* memory) const
+LogRec* CZPTLogBase::NewRecord(RecordMemory& memory) const
 {
     return MakeRecord<LogRec>(memory);
 }
@@ -209,12 +209,12 @@ std::size_t CZPTLogBase::Token(std::wstring_view line, std::vector<std::wstring_
     const std::size_t before = tokens.size();
     const wchar_t* const end = line.data() + line.size();
     const wchar_t* start = line.data();
-    for (const wchar_t* found = FindCharacter(start, end, delimiter); found != end;
-         found = FindCharacter(start, end, delimiter))
-    {
-        tokens.emplace_back(start, found);
-        start = found + 1;
-    }
+    ForEachCharacter(start, end, delimiter,
+                     [&](const wchar_t* found)
+                     {
+                         tokens.emplace_back(start, found);
+                         start = found + 1;
+                     });
     std::wstring_view last(start, end);
     if (line.ends_with(LineEnd))
     {

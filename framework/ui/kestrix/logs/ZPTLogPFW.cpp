@@ -158,7 +158,7 @@ int CALLBACK CZPTLogPFW::CompareFuncDn(LPARAM first, LPARAM second, LPARAM colum
     return CompareUp(second, first, column);
 }
 
-LogRec* CZPTLogPFW::NewRecord(std::pmr::memory_resource* memory) const
+LogRec* CZPTLogPFW::NewRecord(RecordMemory& memory) const
 {
     return MakeRecord<FirewallRec>(memory);
 }

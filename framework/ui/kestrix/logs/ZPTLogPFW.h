@@ -30,7 +30,7 @@ public:
     bool IsBlockRuleActive() const override;
 
 protected:
-    LogRec* NewRecord(std::pmr::memory_resource* memory) const override;
+    LogRec* NewRecord(RecordMemory& memory) const override;
 
     // 0 for a selection that is null or names no program; else not 0, whether or not the profile has changed.
     static int RemoveSelectedPfwRuleAndAddAllowRule(const FirewallSelection* selection);

@@ -133,7 +133,7 @@ void CZPTLogVir::MakeRecodeProxy(std::size_t index, std::wstring_view token, Log
     case 6:
         Unescape(token, s_strText3);
         record.Append(s_strName);
-        record.Append(s_strText3 + L" \"" + s_strText2 + L"\"");
+        record.Append(s_strText3.append(L" \"").append(s_strText2).append(L"\""));
         return;
     case 7:
         return SetAction1(token);

@@ -74,3 +74,23 @@ TEST(LogRecTest, TakesAllItsMemoryFromTheResource)
     }
     EXPECT_EQ(upstream.BytesOut(), 0u);
 }
+
+TEST(LogRecTest, RecordsOfOneMemoryShareTheirTexts)
+{
+    RecordMemory memory(std::pmr::new_delete_resource());
+    LogRec* const first = MakeRecord<LogRec>(memory);
+    LogRec* const second = MakeRecord<LogRec>(memory);
+    first->Append(L"C:\\a.exe");
+    second->AppendJoined(L"C:\\", L"a.exe");
+    EXPECT_EQ(first->Field(0), L"C:\\a.exe");
+    EXPECT_EQ(first->Field(0).data(), second->Field(0).data());
+    EXPECT_EQ(first->Keep(L"C:\\a.exe").data(), first->Field(0).data());
+}
+
+TEST(LogRecTest, ARecordByItselfJoinsTextsToo)
+{
+    std::pmr::monotonic_buffer_resource memory;
+    LogRec record(&memory);
+    record.AppendJoined(L"17", L" entries");
+    EXPECT_EQ(record.Field(0), L"17 entries");
+}
