@@ -1,11 +1,14 @@
 #!/usr/bin/env python3
 """Turns the drawings of art/ into the images of the language file.
 
-usage: art.py ART_FOLDER OUTPUT_FOLDER
-       art.py --list                      the names of the images, with ; between them
+usage: art.py ART_FOLDER IMAGES_RC OUTPUT_FOLDER
+       art.py --list                      the names of the files that the build waits for, with ; between them
 
 Needs rsvg-convert (Debian: librsvg2-bin). Each row of IMAGES names one image, how it is made, and its drawings.
 A drawing names its colours, as @accent; art/palette.tsv holds them all.
+
+Each bitmap is drawn in every scale of SCALES too, unless it is of one colour, which is the same in all of them.
+ScaledImages.rc gives those the numbers that controls/Scale.h looks for; the numbers at 100 % are in IMAGES_RC.
 """
 
 import pathlib
@@ -17,6 +20,8 @@ import zlib
 
 WHITE = (255, 255, 255)  # the mask colour of the bitmaps
 KEY = (0, 255, 0)  # the hole in the pictures of caption buttons
+SCALES = (125, 150, 200, 300)  # percent, beside 100
+SCALED_NUMBERS = "ScaledImages.rc"
 BYTES_OF_PIXEL = {2: 3, 6: 4}  # of the colour types of a PNG: without and with alpha
 OPAQUE = 128  # from this alpha on a pixel of a masked bitmap belongs to the drawing
 
@@ -44,6 +49,8 @@ def unfiltered(data, stride, step):
         above = line
 
 
+VIEW_BOX = re.compile(r'viewBox="0 0 (\d+) (\d+)"')
+BITMAP_ROW = re.compile(r'^(\w+) BITMAP "([^"]+)"$', re.MULTILINE)
 COLOUR = re.compile(r"""\b(fill|stroke|stop-color|color|style)=["']([^"']*)["']""")
 
 
@@ -65,10 +72,18 @@ def coloured(svg, palette):
     return COLOUR.sub(colour, svg.read_text(encoding="utf-8"))
 
 
-def drawn(svg, size, palette):
-    """A drawing at a width of `size` pixels."""
-    png = subprocess.run(["rsvg-convert", "--width", str(size), "--keep-aspect-ratio"],
-                         input=coloured(svg, palette).encode(), stdout=subprocess.PIPE, check=True).stdout
+def scaled(pixels, percent):
+    """Rounded as the program rounds it."""
+    return (pixels * percent + 50) // 100
+
+
+def drawn(svg, size, palette, percent=100):
+    """A drawing at a width of `size` pixels, or at this part of that and of the height that belongs to it."""
+    text = coloured(svg, palette)
+    width, height = map(int, VIEW_BOX.search(text).groups())
+    sides = (scaled(size, percent), scaled(size * height // width, percent))
+    png = subprocess.run(["rsvg-convert", "--width", str(sides[0]), "--height", str(sides[1])],
+                         input=text.encode(), stdout=subprocess.PIPE, check=True).stdout
     width, _, depth, colours, _, _, interlaced = struct.unpack(">IIBBBBB", png[16:29])
     if depth != 8 or colours not in BYTES_OF_PIXEL or interlaced:
         raise ValueError(f"{svg}: not drawn as plain pixels")
@@ -143,27 +158,27 @@ def icon_bits(picture):
     mask = b""
     for row in reversed(picture.rows):
         bits = "".join("0" if pixel[3] else "1" for pixel in row)
+        bits += "0" * (-len(bits) % 8)
         mask += padded(int(bits, 2).to_bytes(len(bits) // 8, "big"))
     return header + colours + mask
 
 
-def icon_file(kind, pictures, field_a, field_b):
-    """An icon (kind 1; the fields are planes and depth) or a cursor (kind 2; the hot spot)."""
+def icon_file(kind, pictures, fields):
+    """An icon (kind 1; the fields of a picture are planes and depth) or a cursor (kind 2; the hot spot)."""
     bits = [picture.png if picture.width > 64 else icon_bits(picture) for picture in pictures]
     start, entries = 6 + 16 * len(bits), b""
-    for picture, data in zip(pictures, bits):
-        entries += struct.pack("<BBBBHHII", picture.width & 255, picture.height & 255, 0, 0, field_a, field_b,
-                               len(data), start)
+    for picture, data, field in zip(pictures, bits, fields):
+        entries += struct.pack("<BBBBHHII", picture.width & 255, picture.height & 255, 0, 0, *field, len(data), start)
         start += len(data)
     return struct.pack("<HHH", 0, kind, len(bits)) + entries + b"".join(bits)
 
 
 def icon(pictures, *_):
-    return icon_file(1, pictures, 1, 32)
+    return icon_file(1, pictures, [(1, 32)] * len(pictures))
 
 
 def hand_cursor(pictures, *_):
-    return icon_file(2, pictures, 9, 0)
+    return icon_file(2, pictures, [(scaled(9, picture.width * 100 // 32), 0) for picture in pictures])
 
 
 # File, maker, and its drawings with their widths in pixels.
@@ -191,30 +206,55 @@ IMAGES = [
     ("minimise-hot.bmp", opaque, [("minimise-hot.svg", 28)]),
     ("arrow-up.bmp", mapped, [("arrow-up.svg", 9)]),
     ("arrow-down.bmp", mapped, [("arrow-down.svg", 9)]),
-    ("kestrix.ico", icon, [("kestrix-small.svg", 16), ("kestrix.svg", 24), ("kestrix-small.svg", 32),
-                           ("kestrix.svg", 48), ("kestrix.svg", 256)]),
-    ("help.ico", icon, [("help.svg", 16), ("help.svg", 24), ("help.svg", 32)]),
-    ("hand.cur", hand_cursor, [("hand.svg", 32)]),
+    ("kestrix.ico", icon, [("kestrix-small.svg", 16), ("kestrix-small.svg", 20), ("kestrix.svg", 24),
+                           ("kestrix-small.svg", 32), ("kestrix.svg", 40), ("kestrix.svg", 48), ("kestrix.svg", 64),
+                           ("kestrix.svg", 96), ("kestrix.svg", 256)]),
+    ("help.ico", icon, [("help.svg", size) for size in (16, 20, 24, 32, 48)]),
+    ("hand.cur", hand_cursor, [("hand.svg", size) for size in (32, 40, 48, 64, 96)]),
 ]
 
 
-def main(source, target):
+def has_scales(file, pictures):
+    """Icons hold all their sizes, and one colour needs none."""
+    pixels = {pixel for picture in pictures for row in picture.rows for pixel in row}
+    return file.endswith(".bmp") and len(pixels) > 1
+
+
+def scaled_name(file, percent):
+    return file if percent == 100 else file.replace(".", f"-{percent}.")
+
+
+def scaled_numbers(rows, files):
+    """The rows of ScaledImages.rc for those of IMAGES_RC whose files are drawn in every scale."""
+    return "".join(f'{name} + {percent * 100} BITMAP "{scaled_name(file, percent)}"\n'
+                   for name, file in BITMAP_ROW.findall(rows) if file in files for percent in SCALES)
+
+
+def main(source, rows, target):
     pathlib.Path(target).mkdir(parents=True, exist_ok=True)
     palette = read_palette(source)
+    in_scales = set()
     for file, make, drawings in IMAGES:
-        pictures = [drawn(pathlib.Path(source, name), size, palette) for name, size in drawings]
-        pathlib.Path(target, file).write_bytes(make(pictures, [name for name, _ in drawings], palette))
+        names = [name for name, _ in drawings]
+        for percent in (100, *SCALES):
+            pictures = [drawn(pathlib.Path(source, name), size, palette, percent) for name, size in drawings]
+            pathlib.Path(target, scaled_name(file, percent)).write_bytes(make(pictures, names, palette))
+            if not has_scales(file, pictures):
+                break
+            in_scales.add(file)
+    numbers = scaled_numbers(pathlib.Path(rows).read_text(encoding="utf-8"), in_scales)
+    pathlib.Path(target, SCALED_NUMBERS).write_text(numbers, encoding="utf-8")
 
 
 def images():
-    """The names of the files that are made, for the build."""
-    print(";".join(file for file, _, _ in IMAGES), end="")
+    """The names of the files that the build waits for; those of the scales come before the last one."""
+    print(";".join([file for file, _, _ in IMAGES] + [SCALED_NUMBERS]), end="")
 
 
 if __name__ == "__main__":
     if sys.argv[1:] == ["--list"]:
         images()
-    elif len(sys.argv) == 3:
+    elif len(sys.argv) == 4:
         main(*sys.argv[1:])
     else:
         sys.exit(__doc__)

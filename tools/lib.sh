@@ -185,11 +185,11 @@ have_display() {
   [[ -n ${DISPLAY:-} ]] && xdotool getdisplaygeometry >/dev/null 2>&1
 }
 
-# Starts a display of its own, on a free number, and sets DISPLAY; ended with the script.
+# start_virtual_display [SIZE]: starts a display of its own, on a free number, and sets DISPLAY; ended with the script.
 start_virtual_display() {
   local number_file
   number_file=$(mktemp build/display.XXXXXX)
-  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number_file" >build/display.log 2>&1 &
+  Xvfb -displayfd 3 -screen 0 "${1:-1280x1024}x24" -nolisten tcp 3>"$number_file" >build/display.log 2>&1 &
   display_pid=$!
   at_exit "kill $display_pid 2>/dev/null && wait $display_pid; rm -f $number_file"
   wait_until 20 grep -q . "$number_file" ||

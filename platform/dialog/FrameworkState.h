@@ -35,6 +35,8 @@ struct FrameworkState
 
     std::array<UniqueMemoryDC, 4> spareMemoryDCs; // as they were created; as many as are in use at once while painting
 
+    int screenDpi = 0; // 0: not asked for yet
+
     CWinApp* pApp = nullptr; // not owned
     bool bOleOpen = false;   // AfxOleInit is to be undone
     COleMessageFilter oleMessageFilter;

@@ -120,6 +120,24 @@ TEST(LogIcons, DifferWithoutTheirColours)
     }
 }
 
+TEST(ScaledBitmaps, AreOfTheirScaledSizeAndDepthInEveryScale)
+{
+    for (const unsigned number :
+         {IDB_LOG_ICONS, IDB_FIREWALL_ICONS, IDB_FRAME_LEFT, IDB_FRAME_RIGHT, IDB_FRAME_BOTTOM, IDB_CORNER_TOP_LEFT,
+          IDB_CORNER_TOP_RIGHT, IDB_CORNER_BOTTOM_LEFT, IDB_CORNER_BOTTOM_RIGHT, IDB_BUTTON_FACE, IDB_TAB_SELECTED,
+          IDB_CLOSE, IDB_CLOSE_HOT, IDB_DIALOG_CLOSE_HOT, IDB_MINIMISE, IDB_MINIMISE_HOT, IDB_ARROW_UP, IDB_ARROW_DOWN})
+    {
+        const Bitmap plain = ReadBitmap(number);
+        for (const int percent : {125, 150, 200, 300})
+        {
+            const Bitmap scaled = ReadBitmap(static_cast<unsigned>(percent) * 100 + number);
+            EXPECT_EQ((plain.width * percent + 50) / 100, scaled.width) << number << " at " << percent;
+            EXPECT_EQ((plain.height * percent + 50) / 100, scaled.height) << number << " at " << percent;
+            EXPECT_EQ(plain.depth, scaled.depth) << number << " at " << percent;
+        }
+    }
+}
+
 TEST(HeaderArrows, AreBlackOnWhiteInAColourTable)
 {
     for (const unsigned number : {IDB_ARROW_UP, IDB_ARROW_DOWN})
@@ -145,20 +163,24 @@ TEST(HeaderArrows, PointUpAndDown)
 
 TEST(ProgramIcon, HasTheSizesThatWindowsAsksFor)
 {
-    EXPECT_EQ((std::set<int>{16, 24, 32, 48, 256}), IconSizes(IDI_KESTRIX));
+    EXPECT_EQ((std::set<int>{16, 20, 24, 32, 40, 48, 64, 96, 256}), IconSizes(IDI_KESTRIX));
 }
 
-TEST(HandCursor, HasItsHotSpotAtTheFingertip)
+TEST(HandCursor, HasItsHotSpotAtTheFingertipInEverySize)
 {
-    constexpr UINT Shared = LR_SHARED; // the system owns the cursor
-    const auto cursor = static_cast<HCURSOR>(
-        LoadImageW(BuiltLanguageFile(), MAKEINTRESOURCEW(IDC_HAND_CURSOR), IMAGE_CURSOR, 32, 32, Shared));
-    ASSERT_NE(nullptr, cursor);
-    ICONINFO info{};
-    ASSERT_TRUE(GetIconInfo(cursor, &info));
-    DeleteObject(info.hbmMask);
-    DeleteObject(info.hbmColor);
-    EXPECT_FALSE(info.fIcon);
-    EXPECT_EQ(9u, info.xHotspot);
-    EXPECT_EQ(0u, info.yHotspot);
+    for (const auto& [size, tip] : {std::pair{32, 9u}, {40, 11u}, {48, 14u}, {64, 18u}, {96, 27u}})
+    {
+        SCOPED_TRACE(size);
+        const auto cursor = static_cast<HCURSOR>(
+            LoadImageW(BuiltLanguageFile(), MAKEINTRESOURCEW(IDC_HAND_CURSOR), IMAGE_CURSOR, size, size, 0));
+        ASSERT_NE(nullptr, cursor);
+        ICONINFO info{};
+        ASSERT_TRUE(GetIconInfo(cursor, &info));
+        DeleteObject(info.hbmMask);
+        DeleteObject(info.hbmColor);
+        DestroyCursor(cursor);
+        EXPECT_FALSE(info.fIcon);
+        EXPECT_EQ(tip, info.xHotspot);
+        EXPECT_EQ(0u, info.yHotspot);
+    }
 }

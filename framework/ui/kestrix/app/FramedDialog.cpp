@@ -2,6 +2,7 @@
 
 #include "framework/ui/kestrix/app/HeadingLook.h"
 #include "framework/ui/kestrix/controls/FlexBitmapButton.h"
+#include "framework/ui/kestrix/controls/Scale.h"
 #include "resource/resource.h"
 
 namespace
@@ -44,9 +45,9 @@ void CFramedDialog::SetCaptionButton(CFlexBitmapButton& button, UINT normal, UIN
 {
     RECT place = button.GetWindowRect();
     ScreenToClient(place);
-    place.left = place.right - CaptionButtonSize;
-    place.top = CaptionButtonTop;
-    place.bottom = place.top + CaptionButtonSize;
+    place.left = place.right - Scaled(CaptionButtonSize);
+    place.top = Scaled(CaptionButtonTop);
+    place.bottom = place.top + Scaled(CaptionButtonSize);
     button.MoveWindow(place);
     button.SetName(button.GetWindowText());
     button.SetKeyColour(HoleColour);

@@ -6,6 +6,7 @@
 #include "framework/ui/kestrix/app/ProductName.h"
 #include "framework/ui/kestrix/app/PushButtonSkin.h"
 #include "framework/ui/kestrix/controls/MinimisedIcon.h"
+#include "framework/ui/kestrix/controls/Scale.h"
 #include "framework/ui/kestrix/controls/SkinFrame.h"
 #include "resource/resource.h"
 
@@ -19,7 +20,7 @@ constexpr DWORD RemovedStyle = WS_CAPTION | WS_MINIMIZEBOX | DS_MODALFRAME;
 constexpr DWORD RemovedExStyle = WS_EX_DLGMODALFRAME | WS_EX_WINDOWEDGE;
 
 constexpr std::int32_t NoTabOffset = 0;
-constexpr std::int32_t TabWidth = 110;
+constexpr std::int32_t TabWidth = 110; // in pixels
 constexpr int TabHeight = 20;
 constexpr int NoTab = -1;
 constexpr int ReportTab = 0; // of a form with a report
@@ -180,10 +181,11 @@ void CLogFormDlg::SetTabLook()
 {
     m_hHand = LoadCursorImage(IDC_HAND_CURSOR);
     m_Tab.SetCursor(m_hHand.get());
-    const std::int32_t width = LoadNumber(IDS_TAB_WIDTH, TabWidth);
+    const int width = Scaled(LoadNumber(IDS_TAB_WIDTH, TabWidth));
     m_Tab.ModifyStyle(0, TCS_FIXEDWIDTH);
-    m_Tab.SetItemSize({width, TabHeight});
+    m_Tab.SetItemSize({width, Scaled(TabHeight)});
     m_Tab.SetMinTabWidth(width);
+    m_Tab.KeepPagesBelowTabs();
     m_Tab.SetColours(FormTabColours);
     m_Tab.SetBitmaps(IDB_TAB, IDB_TAB_SELECTED);
     LOGFONTW normal{};

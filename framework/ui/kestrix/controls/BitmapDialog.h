@@ -39,8 +39,8 @@ protected:
     // Takes a bitmap of the language file as background. False, and the system's background, when it has none.
     bool SetBackground(UINT bitmap, BackgroundMode mode = BackgroundMode::Tiled);
 
-    // The images above the background. The first three have a place, in pixels of the client area; the fourth stands at
-    // the top right, the fifth at the bottom left.
+    // The images above the background. The first three have a place, in pixels of the client area at 96 dots an inch;
+    // the fourth stands at the top right, the fifth at the bottom left.
     static constexpr std::size_t Images = 5;
 
     // Shows a bitmap of the language file as this image, counted from 0. False, and no image, when it has none.

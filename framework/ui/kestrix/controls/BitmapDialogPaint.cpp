@@ -2,6 +2,8 @@
 
 #include "framework/ui/kestrix/controls/BitmapDialog.h"
 
+#include "framework/ui/kestrix/controls/StretchBitmap.h"
+
 namespace
 {
 
@@ -9,8 +11,10 @@ bool LoadPicture(CDIBitmap& picture, HWND window, UINT bitmap)
 {
     CBitmap source;
     const CClientDC dc(window);
+    const ScaledArt art = ArtOf(bitmap);
     picture.Clear();
-    return source.LoadDibSection(bitmap) && picture.Attach(dc, source);
+    return source.LoadDibSection(art.number) && FitBitmap(source, art.SizeOnScreen(source.GetSize())) &&
+           picture.Attach(dc, source);
 }
 
 constexpr bool LeavesRoom(BackgroundMode mode)
@@ -31,7 +35,7 @@ bool CBitmapDialog::SetImage(std::size_t image, UINT bitmap, POINT place)
 {
     if (image < m_arrImagePlaces.size())
     {
-        m_arrImagePlaces[image] = place;
+        m_arrImagePlaces[image] = {Scaled(place.x), Scaled(place.y)};
     }
     const std::uint32_t flag = 1u << image;
     const bool loaded = LoadPicture(m_arrImages.at(image), m_hWnd, bitmap);

@@ -2,7 +2,7 @@
 
 #include "framework/ui/kestrix/controls/BitmapRows.h"
 
-BitmapResource::BitmapResource(std::span<const std::byte> bytes) noexcept
+BitmapResource::BitmapResource(std::span<const std::byte> bytes, int percent) noexcept
 {
     if (bytes.size() < sizeof(BITMAPINFOHEADER))
     {
@@ -20,12 +20,13 @@ BitmapResource::BitmapResource(std::span<const std::byte> bytes) noexcept
     {
         m_pInfo = info;
         m_pRows = bytes.data() + rows;
+        m_sizeOnScreen = ScaledArt{0, percent}.SizeOnScreen(OwnSize());
     }
 }
 
 SIZE BitmapResource::GetSize() const noexcept
 {
-    return IsEmpty() ? SIZE{} : SIZE{m_pInfo->bmiHeader.biWidth, m_pInfo->bmiHeader.biHeight};
+    return m_sizeOnScreen;
 }
 
 void BitmapResource::Draw(HDC dc, const RECT& target, const RECT& part) const noexcept
@@ -34,7 +35,11 @@ void BitmapResource::Draw(HDC dc, const RECT& target, const RECT& part) const no
     {
         return;
     }
-    const int fromBelow = m_pInfo->bmiHeader.biHeight - part.bottom;
-    StretchDIBits(dc, target.left, target.top, target.right - target.left, target.bottom - target.top, part.left,
-                  fromBelow, part.right - part.left, part.bottom - part.top, m_pRows, m_pInfo, DIB_RGB_COLORS, SRCCOPY);
+    const SIZE own = OwnSize();
+    const int left = MulDiv(part.left, own.cx, m_sizeOnScreen.cx);
+    const int right = MulDiv(part.right, own.cx, m_sizeOnScreen.cx);
+    const int top = MulDiv(part.top, own.cy, m_sizeOnScreen.cy);
+    const int bottom = MulDiv(part.bottom, own.cy, m_sizeOnScreen.cy);
+    StretchDIBits(dc, target.left, target.top, target.right - target.left, target.bottom - target.top, left,
+                  own.cy - bottom, right - left, bottom - top, m_pRows, m_pInfo, DIB_RGB_COLORS, SRCCOPY);
 }

@@ -31,7 +31,7 @@ public:
 
     struct FontLook
     {
-        std::int32_t height = 12;
+        std::int32_t height = 12; // in pixels at 96 dots an inch, as the font takes it
         std::int32_t weight = FW_NORMAL;
         bool italic = false;
         bool underline = false;

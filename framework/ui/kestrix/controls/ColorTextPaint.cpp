@@ -1,4 +1,5 @@
 #include "framework/ui/kestrix/controls/ColorText.h"
+#include "framework/ui/kestrix/controls/Scale.h"
 
 #include <algorithm>
 #include <array>
@@ -6,7 +7,9 @@
 namespace
 {
 
+// In pixels.
 constexpr int FrameTextDistance = 4;
+constexpr int FocusInset = 2;
 
 // In the order of the alignments.
 constexpr std::array<UINT, 3> HorizontalFormats{DT_LEFT, DT_CENTER, DT_RIGHT};
@@ -76,7 +79,7 @@ void CColorText::PaintText(HDC dc, const RECT& client) const
     const CSelectObject font(dc, m_pFont != nullptr ? m_pFont->GetSafeHandle() : own.GetSafeHandle());
     ::SetTextColor(dc, m_bHover && m_bHoverEnabled ? m_nHoverColour : m_nTextColour);
     RECT place = client;
-    place.left += HasFrame() ? FrameTextDistance : 0;
+    place.left += HasFrame() ? Scaled(FrameTextDistance) : 0;
     ::DrawTextW(dc, m_strText.c_str(), -1, &place, TextFormat());
     if (m_bShowFocus && m_bFocus)
     {
@@ -90,7 +93,7 @@ void CColorText::PaintText(HDC dc, const RECT& client) const
 void CColorText::MakeFont(CFont& font) const
 {
     LOGFONTW made = FontOf(CWindow(GetParent()));
-    made.lfHeight = m_look.height;
+    made.lfHeight = Scaled(m_look.height);
     made.lfWidth = 0;
     made.lfWeight = m_look.weight;
     made.lfEscapement = 0;
@@ -123,7 +126,8 @@ RECT CColorText::FocusRect(HDC dc, const RECT& client) const
     }
     if (isLeft && m_vertical == Vertical::Centre)
     {
-        return {client.left, client.top + 2, client.right - 2, client.bottom - 2};
+        const int inset = Scaled(FocusInset);
+        return {client.left, client.top + inset, client.right - inset, client.bottom - inset};
     }
     return client;
 }

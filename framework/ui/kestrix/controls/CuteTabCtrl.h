@@ -27,7 +27,7 @@ public:
     bool SetFonts(const LOGFONTW& normal, const LOGFONTW& selected);
 
     void SetColours(const TabColours& colours);
-    void SetCornerRadius(int radius);
+    void SetCornerRadius(int radius); // in pixels at 96 dots an inch
 
     // Shown over the tabs; null for the usual one. The cursor stays the caller's.
     void SetCursor(HCURSOR cursor) { m_hCursor = cursor; }

@@ -1,12 +1,16 @@
 #include "framework/ui/kestrix/controls/CuteTabCtrl.h"
+#include "framework/ui/kestrix/controls/Scale.h"
 
 #include <array>
 
 namespace
 {
 
-constexpr LONG EndDistance = 20; // of one or two tabs from the ends of the strip
-constexpr LONG LeastGap = 2;
+// In pixels.
+constexpr int EndDistance = 20; // of one or two tabs from the ends of the strip
+constexpr int LeastGap = 2;
+constexpr int BelowText = 2;
+constexpr SIZE FocusInset{5, 2}; // of the focus in the place of the text; none at its bottom
 
 void Line(HDC dc, LONG fromX, LONG fromY, LONG toX, LONG toY)
 {
@@ -67,17 +71,17 @@ std::vector<RECT> CCuteTabCtrl::DrawnTabs() const
     }
     if (tabs.size() == 1 || tabs.size() == 2)
     {
-        tabs.front().left += EndDistance;
+        tabs.front().left += Scaled(EndDistance);
     }
     if (tabs.size() == 2)
     {
-        tabs.back().right -= EndDistance;
+        tabs.back().right -= Scaled(EndDistance);
     }
     for (std::size_t i = 1; i < tabs.size(); ++i)
     {
-        if (const LONG gap = tabs[i].left - tabs[i - 1].right; gap < LeastGap)
+        if (const LONG gap = tabs[i].left - tabs[i - 1].right; gap < Scaled(LeastGap))
         {
-            ::OffsetRect(&tabs[i], LeastGap - gap, 0);
+            ::OffsetRect(&tabs[i], Scaled(LeastGap) - gap, 0);
         }
     }
     return tabs;
@@ -128,16 +132,17 @@ void CCuteTabCtrl::DrawTab(HDC dc, const RECT& tab, bool selected, LONG previous
 {
     const auto [left, top, right, bottom] = tab;
     const LONG lastQuarter = bottom - (bottom - top) / 4;
-    const int corner = 2 * m_nCornerRadius; // the system takes diameters
+    const int radius = Scaled(m_nCornerRadius);
+    const int corner = 2 * radius; // the system takes diameters
     ::RoundRect(dc, left, top, right, bottom, corner, corner);
 
     CBitmap face;
-    if (face.LoadBitmap(selected ? m_nSelectedBitmap : m_nNormalBitmap))
+    if (face.LoadBitmap(ArtOf(selected ? m_nSelectedBitmap : m_nNormalBitmap).number))
     {
         CRgn inside;
         inside.CreateRoundRectRgn({left + 1, top, right, lastQuarter}, corner, corner);
         StretchThrough(dc, inside, face, tab);
-        inside.CreateRectRgn({left + 1, top + m_nCornerRadius, right - 1, bottom});
+        inside.CreateRectRgn({left + 1, top + radius, right - 1, bottom});
         StretchThrough(dc, inside, face, tab);
     }
 
@@ -156,8 +161,8 @@ void CCuteTabCtrl::DrawTab(HDC dc, const RECT& tab, bool selected, LONG previous
 void CCuteTabCtrl::DrawTabText(HDC dc, const RECT& tab, int index, bool selected) const
 {
     const bool isEnabled = IsWindowEnabled();
-    const int distance = m_nCornerRadius / 4;
-    RECT place{tab.left + distance, tab.top + distance, tab.right - distance, tab.bottom - 2};
+    const int distance = Scaled(m_nCornerRadius) / 4;
+    RECT place{tab.left + distance, tab.top + distance, tab.right - distance, tab.bottom - Scaled(BelowText)};
     const CSelectObject font(dc, selected ? m_fontSelected : m_fontNormal);
     const COLORREF colour = selected ? m_colours.selectedText : m_colours.normalText;
     ::SetBkMode(dc, TRANSPARENT);
@@ -165,7 +170,8 @@ void CCuteTabCtrl::DrawTabText(HDC dc, const RECT& tab, int index, bool selected
     ::DrawTextW(dc, GetItemText(index).c_str(), -1, &place, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     if (selected && isEnabled && m_bFocus)
     {
-        const RECT focus{place.left + 5, place.top + 2, place.right - 5, place.bottom};
+        const SIZE inset = Scaled(FocusInset);
+        const RECT focus{place.left + inset.cx, place.top + inset.cy, place.right - inset.cx, place.bottom};
         ::SetTextColor(dc, RGB(0, 0, 0)); // the dots are mixed from the colours of the context
         ::SetBkColor(dc, RGB(255, 255, 255));
         ::DrawFocusRect(dc, &focus);

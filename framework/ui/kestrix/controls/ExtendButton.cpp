@@ -52,7 +52,7 @@ bool CExtendButton::LoadFace(Face& face, UINT bitmap, BOOL redraw)
 {
     const BitmapResource source(bitmap);
     const RECT client = GetClientRect();
-    face.bitmap = StretchBitmap(source, {client.right, client.bottom}, m_nBorder);
+    face.bitmap = StretchBitmap(source, {client.right, client.bottom}, Scaled(m_nBorder));
     face.shape = MakeBitmapShape(face.bitmap, m_crKey);
     m_bHasBitmap = m_bHasBitmap || !source.IsEmpty();
     if (redraw)
@@ -228,12 +228,12 @@ void CExtendButton::DrawText(HDC dc, const RECT& rect, const OwnerButtonState& s
     SelectTextStyle(dc, state, m_bLocked ? m_pLockedFont : m_pFont);
     if (m_bVertical)
     {
-        place.top += m_nMargin + m_nGap + m_nIconHeight;
+        place.top += Scaled(m_nMargin) + Scaled(m_nGap) + m_nIconHeight;
         format |= DT_CENTER;
     }
     else
     {
-        place.left += m_nMargin + m_nGap + m_nIconWidth;
+        place.left += Scaled(m_nMargin) + Scaled(m_nGap) + m_nIconWidth;
         if (isMultiLine)
         {
             place.top += (rect.bottom - rect.top - TextHeight(dc, text, place, format)) / 2;
@@ -252,7 +252,7 @@ void CExtendButton::DrawIcon(HDC dc, const RECT& rect, const OwnerButtonState& s
     POINT place{(rect.right - rect.left - m_nIconWidth) / 2, (rect.bottom - rect.top - m_nIconHeight) / 2};
     if (hasText)
     {
-        (m_bVertical ? place.y : place.x) = m_nMargin;
+        (m_bVertical ? place.y : place.x) = Scaled(m_nMargin);
     }
     PaintIcon(dc, {rect.left + place.x, rect.top + place.y}, state, m_hThirdIcon.get());
 }

@@ -17,7 +17,7 @@ public:
 
     bool SetLockedBitmap(UINT bitmap, BOOL redraw = TRUE) { return LoadFace(m_Locked, bitmap, redraw); }
 
-    void SetBorder(int border) { m_nBorder = border; } // the fixed corners of the faces, in pixels
+    void SetBorder(int border) { m_nBorder = border; } // the fixed corners of the faces, in pixels at 96 dots an inch
 
     void SetKeyColour(COLORREF colour) { m_crKey = colour; }
 
@@ -31,8 +31,8 @@ public:
     // The icon of the disabled button, from the language file, in the size of small icons. False when it is missing.
     bool SetThirdIcon(UINT icon);
 
-    // The icon above the text and not beside it; margin before the icon and gap after it, in pixels. A text beside a
-    // margin of 0 is centred.
+    // The icon above the text and not beside it; margin before the icon and gap after it, in pixels at 96 dots an
+    // inch. A text beside a margin of 0 is centred.
     void SetLayout(bool vertical, int margin, int gap);
 
     void SetFrame(bool frame); // the classic frame, above the face too

@@ -24,7 +24,7 @@ bool CFlexBitmapButton::Load(Image& image, UINT id)
     const RECT client = GetClientRect();
     const BitmapResource source(id);
     image.id = id;
-    image.sliced = StretchBitmap(source, {client.right, client.bottom}, m_nBorder);
+    image.sliced = StretchBitmap(source, {client.right, client.bottom}, Scaled(m_nBorder));
     return !source.IsEmpty();
 }
 
@@ -140,7 +140,7 @@ void CFlexBitmapButton::DrawText(HDC dc, const RECT& rect, const OwnerButtonStat
     UINT format = DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS;
     if (m_bOwnIcons)
     {
-        place.left += m_nMargin + m_nIconWidth + m_nGap;
+        place.left += Scaled(m_nMargin) + m_nIconWidth + Scaled(m_nGap);
     }
     else
     {
@@ -154,7 +154,7 @@ void CFlexBitmapButton::DrawText(HDC dc, const RECT& rect, const OwnerButtonStat
 void CFlexBitmapButton::DrawIcon(HDC dc, const RECT& rect, const OwnerButtonState& state)
 {
     const int height = rect.bottom - rect.top;
-    PaintIcon(dc, {rect.left + m_nMargin, rect.top + (height - m_nIconHeight) / 2}, state);
+    PaintIcon(dc, {rect.left + Scaled(m_nMargin), rect.top + (height - m_nIconHeight) / 2}, state);
 }
 
 void CFlexBitmapButton::DrawFocus(HDC dc, const RECT& rect, const OwnerButtonState& state)

@@ -39,11 +39,11 @@ private:
     void DrawBitmap(HDC dc, const RECT& rect, const OwnerButtonState& state);
     void DrawParent(HDC dc, const RECT& rect);
 
-    int m_nMargin = 5; // before the icon, in pixels
+    int m_nMargin = 5; // before the icon, in pixels at 96 dots an inch
     int m_nGap = 5;    // between icon and text
     BOOL m_bHasBitmap = FALSE;
     std::array<Image, 2> m_arrImages; // at rest, under the pointer
     COLORREF m_crKey = RGB(0, 255, 0);
-    int m_nBorder = 13; // the fixed corners of the pictures, in pixels
+    int m_nBorder = 13; // the fixed corners of the pictures, in pixels at 96 dots an inch
     bool m_bTextIsName = false;
 };

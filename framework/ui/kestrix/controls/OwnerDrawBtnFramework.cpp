@@ -1,9 +1,13 @@
 #include "framework/ui/kestrix/controls/OwnerDrawBtnFramework.h"
 
+#include "framework/ui/kestrix/controls/Scale.h"
+
 namespace
 {
 
-constexpr int FocusInset = 3; // pixels between the button's edge and the focus rectangle
+// In pixels.
+constexpr int FocusInset = 3;   // between the button's edge and the focus rectangle
+constexpr int PressedShift = 1; // of the icon of a pressed button, right and down
 
 } // namespace
 
@@ -188,7 +192,7 @@ void COwnerDrawBtnFramework::PaintIcon(HDC dc, POINT place, const OwnerButtonSta
     {
         return;
     }
-    const int shift = state.selected ? 1 : 0;
+    const int shift = state.selected ? Scaled(PressedShift) : 0;
     const UINT look = state.disabled && !hasDisabledIcon ? DSS_DISABLED : DSS_NORMAL;
     DrawStateW(dc, nullptr, nullptr, reinterpret_cast<LPARAM>(icon), 0, place.x + shift, place.y + shift, m_nIconWidth,
                m_nIconHeight, DST_ICON | look);
@@ -209,7 +213,7 @@ void COwnerDrawBtnFramework::PaintFocus(HDC dc, RECT rect, const OwnerButtonStat
 {
     if (m_bDrawFocus && state.focus)
     {
-        InflateRect(&rect, -FocusInset, -FocusInset);
+        InflateRect(&rect, -Scaled(FocusInset), -Scaled(FocusInset));
         DrawFocusRect(dc, &rect);
     }
 }

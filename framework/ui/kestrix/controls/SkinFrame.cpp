@@ -39,6 +39,8 @@ private:
 
 void DrawSkinFrame(HDC dc, SIZE client, FrameTop frameTop)
 {
+    const CSaveDC saved(dc);
+    SetStretchBltMode(dc, COLORONCOLOR);
     const Part top(IDB_FRAME_TOP);
     const Part left(IDB_FRAME_LEFT);
     const Part bottom(IDB_FRAME_BOTTOM);

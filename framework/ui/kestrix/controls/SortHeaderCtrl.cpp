@@ -1,12 +1,12 @@
 #include "framework/ui/kestrix/controls/SortHeaderCtrl.h"
 
+#include "framework/ui/kestrix/controls/StretchBitmap.h"
 #include "resource/resource.h"
 
 namespace
 {
 
-constexpr int ArrowWidth = 9;
-constexpr int ArrowHeight = 5;
+constexpr SIZE ArrowSize{9, 5}; // in pixels
 constexpr COLORREF ArrowMask = RGB(255, 255, 255);
 constexpr int NoImage = -1;
 
@@ -14,8 +14,9 @@ constexpr int NoImage = -1;
 
 void CSortHeaderCtrl::SetArrowImages()
 {
+    const SIZE size = Scaled(ArrowSize);
     if (m_ArrowImages.GetSafeHandle() == nullptr &&
-        m_ArrowImages.Create(ArrowWidth, ArrowHeight, ILC_COLOR24 | ILC_MASK, 2, 0))
+        m_ArrowImages.Create(size.cx, size.cy, ILC_COLOR24 | ILC_MASK, 2, 0))
     {
         m_nUpImage = AddArrow(m_bmpUp, IDB_ARROW_UP);
         m_nDownImage = AddArrow(m_bmpDown, IDB_ARROW_DOWN);
@@ -26,7 +27,9 @@ void CSortHeaderCtrl::SetArrowImages()
 int CSortHeaderCtrl::AddArrow(CBitmap& bitmap, UINT id)
 {
     COLORMAP blackToGrey{RGB(0, 0, 0), GetSysColor(COLOR_GRAYTEXT)};
-    return bitmap.LoadMappedBitmap(id, blackToGrey) ? m_ArrowImages.Add(bitmap, ArrowMask) : NoImage;
+    const bool isLoaded =
+        bitmap.LoadMappedBitmap(ArtOf(id).number, blackToGrey) && FitBitmap(bitmap, Scaled(ArrowSize));
+    return isLoaded ? m_ArrowImages.Add(bitmap, ArrowMask) : NoImage;
 }
 
 void CSortHeaderCtrl::SetSortArrow(int column, int ascending)

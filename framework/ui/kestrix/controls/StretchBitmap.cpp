@@ -47,3 +47,26 @@ CBitmap StretchBitmap(const BitmapResource& source, SIZE size, int border)
     }
     return result;
 }
+
+bool FitBitmap(CBitmap& bitmap, SIZE size)
+{
+    const SIZE own = bitmap.GetSize();
+    if (own.cx == size.cx && own.cy == size.cy)
+    {
+        return bitmap.GetSafeHandle() != nullptr;
+    }
+    CBitmap result;
+    if (bitmap.GetSafeHandle() == nullptr || !result.CreateDibSection(size))
+    {
+        return false;
+    }
+    {
+        const CMemoryDC from;
+        const CMemoryDC to;
+        SelectObject(from, bitmap);
+        SelectObject(to, result);
+        SetStretchBltMode(to, COLORONCOLOR);
+        StretchBlt(to, 0, 0, size.cx, size.cy, from, 0, 0, own.cx, own.cy, SRCCOPY);
+    }
+    return bitmap.Attach(result.Detach());
+}

@@ -1,5 +1,7 @@
 #include "framework/ui/kestrix/controls/TabCtrlEx.h"
 
+#include "framework/ui/kestrix/controls/Scale.h"
+
 #include <algorithm>
 #include <iterator>
 #include <utility>
@@ -44,8 +46,29 @@ bool CTabCtrlEx::CreatePage(const TabPage& page, int index, int topOffset)
     AdjustRect(false, area);
     ClientToScreen(area);
     parent.ScreenToClient(area);
-    area.top += std::min<LONG>(topOffset, area.bottom - area.top); // an offset beyond the area leaves no page to see
+    area.top +=
+        std::min<LONG>(Scaled(topOffset), area.bottom - area.top); // an offset beyond the area leaves no page to see
     return page.page->SetWindowPos(m_hWnd, area, SWP_HIDEWINDOW) && hasTab;
+}
+
+void CTabCtrlEx::KeepPagesBelowTabs()
+{
+    if (GetItemCount() == 0)
+    {
+        return;
+    }
+    RECT tab = GetItemRect(0);
+    ClientToScreen(tab);
+    for (const TabPage& page : m_arrPage)
+    {
+        RECT area = page.page->GetWindowRect();
+        if (area.top <= tab.bottom)
+        {
+            area.top = std::min(tab.bottom + 1, area.bottom);
+            CWindow(GetParent()).ScreenToClient(area);
+            page.page->MoveWindow(area);
+        }
+    }
 }
 
 void CTabCtrlEx::ShowPage(const TabPage& page)

@@ -19,9 +19,13 @@ public:
     // Adds a page after the others, before CreatePages. The page must outlive the strip's window.
     void AddPage(UINT title, CDialog& page, UINT dialogTemplate);
 
-    // Makes the tabs, then the pages below them, topOffset pixels lower than the strip would have them, and shows the
-    // first. False when a tab or a page could not be made; the others stand and work.
+    // Makes the tabs, then the pages below them, topOffset pixels (at 96 dots an inch) lower than the strip would have
+    // them, and shows the first. False when a tab or a page could not be made; the others stand and work.
     bool CreatePages(int topOffset);
+
+    // Takes what the pages cover of the line below the tabs off their tops. For tabs that have become higher since the
+    // pages were made.
+    void KeepPagesBelowTabs();
 
     // Shows the page of the selected tab and hides the other one, as when the tab is selected. With no selected tab,
     // or one without a page, nothing changes.

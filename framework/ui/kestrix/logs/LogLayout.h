@@ -15,7 +15,7 @@ inline constexpr std::size_t LastField = static_cast<std::size_t>(-2); // of a r
 struct LogColumn
 {
     UINT title;          // text
-    std::uint32_t width; // pixels
+    std::uint32_t width; // pixels at 96 dots an inch
     std::size_t field;   // what it shows
     std::size_t order;   // the field that it is sorted by, see ColumnOrder.h
 };

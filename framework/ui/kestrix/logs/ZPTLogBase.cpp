@@ -2,6 +2,7 @@
 
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "framework/ui/kestrix/controls/RichColorImageList.h"
+#include "framework/ui/kestrix/controls/Scale.h"
 #include "framework/ui/kestrix/controls/SortListCtrl.h"
 #include "platform/dialog/DialogFramework.h"
 #include "platform/dialog/ListRowRoom.h"
@@ -103,7 +104,7 @@ void CZPTLogBase::SetListColumn()
     for (std::size_t i = 0; i < m_arrColumn.size(); ++i)
     {
         m_pListCtrl->InsertColumn(static_cast<int>(i), m_arrColumn[i].substr(0, LongestColumnTitle), LVCFMT_LEFT,
-                                  static_cast<int>(m_arrColumnWidth[i]));
+                                  Scaled(static_cast<int>(m_arrColumnWidth[i])));
     }
     m_pListCtrl->SortHeader().SetArrowImages();
 }

@@ -5,6 +5,7 @@
 #include "common/VdCommon/VdComn_FormatText.h"
 #include "framework/ui/kestrix/controls/FontStyle.h"
 #include "framework/ui/kestrix/controls/MinimisedIcon.h"
+#include "framework/ui/kestrix/controls/Scale.h"
 #include "framework/ui/kestrix/report/ReportChartPaint.h"
 #include "framework/ui/kestrix/report/ReportCollector.h"
 #include "framework/ui/kestrix/report/ReportHost.h"
@@ -201,7 +202,7 @@ void CKxReportDlg::ShowNoDataNotice()
 void CKxReportDlg::MakeChartFont(LONG weight, bool italic)
 {
     LOGFONTW font{};
-    font.lfHeight = m_nFontSize;
+    font.lfHeight = Scaled(m_nFontSize);
     font.lfWeight = weight;
     font.lfItalic = italic;
     font.lfCharSet = DEFAULT_CHARSET;

@@ -1,5 +1,7 @@
 #include "framework/ui/kestrix/report/ReportChart.h"
 
+#include "framework/ui/kestrix/controls/Scale.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -14,8 +16,9 @@ constexpr ReportLineLook Looks[ReportLineCount] = {
     {RGB(72, 61, 139), &ReportChart::m_ptLegendDataPrevention},
 };
 
-constexpr LONG TickLabelDistance = 4; // below the axis
-constexpr LONG TickHeight = 4;
+// In pixels.
+constexpr int TickLabelDistance = 4; // below the axis
+constexpr int TickHeight = 4;
 
 // The number without its fraction; the smallest one for what does not fit, as the processor has it.
 LONG Truncated(double number)
@@ -39,6 +42,12 @@ LONG Difference(std::int64_t left, std::int64_t right)
 LONG Product(std::int64_t left, std::int64_t right)
 {
     return static_cast<LONG>(left * right);
+}
+
+// A distance of the settings.
+LONG OnScreen(std::uint32_t pixels)
+{
+    return Scaled(static_cast<int>(pixels));
 }
 
 // How far right of the origin the interval of this number stands, counted from 1.
@@ -80,8 +89,8 @@ void SetChartArea(ReportChart& chart, const RECT& frame)
 POINT LegendDot(const ReportSettings& settings, const RECT& anchor)
 {
     const std::int64_t middle = (std::int64_t{anchor.top} + anchor.bottom) / 2;
-    return {Difference(anchor.left, settings.m_nTitleLegendXOffset),
-            Difference(middle, settings.m_nTitleLegendYOffset)};
+    return {Difference(anchor.left, OnScreen(settings.m_nTitleLegendXOffset)),
+            Difference(middle, OnScreen(settings.m_nTitleLegendYOffset))};
 }
 
 ReportAxes AxesOf(const ReportChart& chart)
@@ -89,8 +98,8 @@ ReportAxes AxesOf(const ReportChart& chart)
     const ReportSettings& settings = chart.m_settings;
     const POINT right = chart.m_ptBottomRight;
     const POINT top = chart.m_ptTopLeft;
-    const std::int64_t length = settings.m_nArrowXOffset;
-    const std::int64_t width = settings.m_nArrowYOffset;
+    const std::int64_t length = OnScreen(settings.m_nArrowXOffset);
+    const std::int64_t width = OnScreen(settings.m_nArrowYOffset);
     const LONG xBase = Difference(right.x, length);
     const LONG yBase = Sum(top.y, length);
     return {
@@ -98,9 +107,10 @@ ReportAxes AxesOf(const ReportChart& chart)
         .m_nAxisYLength = Difference(chart.m_ptOrigin.y, top.y),
         .xArrow = {{{xBase, Difference(right.y, width)}, right, {xBase, Sum(right.y, width)}}},
         .yArrow = {{{Difference(top.x, width), yBase}, top, {Sum(top.x, width), yBase}}},
-        .xTitle = {Sum(right.x, settings.m_nArrowXTitleXOffset), Difference(right.y, settings.m_nArrowXTitleYOffset)},
-        .yTitle = {Difference(top.x, settings.m_nArrowYTitleXOffset),
-                   Difference(top.y, settings.m_nArrowYTitleYOffset)},
+        .xTitle = {Sum(right.x, OnScreen(settings.m_nArrowXTitleXOffset)),
+                   Difference(right.y, OnScreen(settings.m_nArrowXTitleYOffset))},
+        .yTitle = {Difference(top.x, OnScreen(settings.m_nArrowYTitleXOffset)),
+                   Difference(top.y, OnScreen(settings.m_nArrowYTitleYOffset))},
     };
 }
 
@@ -113,9 +123,9 @@ std::vector<ReportTick> TicksOf(const ReportChart& chart, const ReportAxes& axes
     {
         const LONG x = Sum(origin.x, DistanceOfInterval(chart.m_settings, axes, i));
         ticks.push_back({.days = chart.m_nReportSpan / count * i,
-                         .label = {Difference(x, labelShift), Sum(origin.y, TickLabelDistance)},
+                         .label = {Difference(x, labelShift), Sum(origin.y, Scaled(TickLabelDistance))},
                          .foot = {x, origin.y},
-                         .head = {x, Difference(origin.y, TickHeight)}});
+                         .head = {x, Difference(origin.y, Scaled(TickHeight))}});
     }
     return ticks;
 }

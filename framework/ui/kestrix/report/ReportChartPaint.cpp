@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/report/ReportChartPaint.h"
 
 #include "common/VdCommon/VdComn_FormatText.h"
+#include "framework/ui/kestrix/controls/Scale.h"
 #include "platform/dialog/DialogFramework.h"
 #include "resource/DialogTexts.h"
 #include "resource/resource.h"
@@ -10,6 +11,8 @@ namespace
 
 constexpr COLORREF TextColour = RGB(0, 0, 0);
 constexpr COLORREF SeriesColour = RGB(0, 0, 255);
+// In pixels.
+constexpr int LineWidth = 1;
 constexpr int DotRadius = 4;
 constexpr std::int32_t TickLabelShift = 20;
 
@@ -28,7 +31,8 @@ void DrawTextAt(HDC dc, POINT place, const std::wstring& text)
 void DrawDot(HDC dc, POINT middle, HBRUSH brush)
 {
     const CSelectObject selected(dc, brush);
-    ::Ellipse(dc, middle.x - DotRadius, middle.y - DotRadius, middle.x + DotRadius, middle.y + DotRadius);
+    const int radius = Scaled(DotRadius);
+    ::Ellipse(dc, middle.x - radius, middle.y - radius, middle.x + radius, middle.y + radius);
 }
 
 void DrawLegend(HDC dc, const ReportChart& chart)
@@ -56,7 +60,7 @@ void DrawAxes(HDC dc, const ReportChart& chart, const ReportAxes& axes)
 
 void DrawTicks(HDC dc, const ReportChart& chart, const ReportAxes& axes)
 {
-    for (const ReportTick& tick : TicksOf(chart, axes, LoadNumber(IDS_REPORT_TICK_SHIFT, TickLabelShift)))
+    for (const ReportTick& tick : TicksOf(chart, axes, Scaled(LoadNumber(IDS_REPORT_TICK_SHIFT, TickLabelShift))))
     {
         const std::wstring label = VdCommon::String::FormatText(LoadText(IDS_REPORT_TICK), {tick.days});
         DrawTextAt(dc, tick.label, label);
@@ -81,7 +85,7 @@ void DrawSeries(HDC dc, const std::vector<POINT>& points, COLORREF colour)
 void DrawAllSeries(HDC dc, const ReportChart& chart, const ReportAxes& axes)
 {
     CPen pen;
-    pen.CreatePen(PS_SOLID, 1, SeriesColour);
+    pen.CreatePen(PS_SOLID, Scaled(LineWidth), SeriesColour);
     const CSelectObject selected(dc, pen);
     std::vector<POINT> points;
     for (std::size_t i = 0; i < ReportLineCount; ++i)
@@ -100,6 +104,9 @@ void DrawAllSeries(HDC dc, const ReportChart& chart, const ReportAxes& axes)
 void DrawReportChart(HDC dc, const ReportChart& chart, HFONT font)
 {
     const CSaveDC keep(dc);
+    CPen pen;
+    pen.CreatePen(PS_SOLID, Scaled(LineWidth), TextColour);
+    const CSelectObject line(dc, pen);
     DrawLegend(dc, chart);
     if (chart.m_counts.m_nMaxCount == 0)
     {

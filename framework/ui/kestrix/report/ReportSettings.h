@@ -2,7 +2,8 @@
 
 #include <cstdint>
 
-// How the chart stands in its frame and is drawn. Fractions are of coordinates and not of widths, distances are pixels.
+// How the chart stands in its frame and is drawn. Fractions are of coordinates and not of widths, distances are
+// pixels at 96 dots an inch.
 struct ReportSettings
 {
     double m_dXLeftOffset = 0;  // of the frame's left coordinate, added to it

@@ -5,6 +5,7 @@
 #include "tests/support/ImportPatch.h"
 #include "tests/support/Picture.h"
 #include "tests/support/RegistrySandbox.h"
+#include "tests/support/StandingScale.h"
 #include "tests/support/TraceRecorder.h"
 #include "tests/ui/framework/ui/kestrix/app/FormTest.h"
 
@@ -244,6 +245,29 @@ TEST_F(LogFormSkinTest, TheCaptionButtonsHaveNamesMinimiseAndClose)
                                },
                                [&] { m_form.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_FORM_CLOSE_BOX, BN_CLICKED), 0); }});
     EXPECT_EQ(result, IDCANCEL);
+}
+
+TEST_F(LogFormSkinTest, CaptionButtonsAndTabsGrowWithTheScaleOfTheScreen)
+{
+    const StandingScale scale(192);
+    WithReport();
+    m_form.Run({[&]
+                {
+                    for (const UINT button : {IDC_FORM_MINIMISE, IDC_FORM_CLOSE_BOX})
+                    {
+                        const RECT place = m_form.Item(button).GetWindowRect();
+                        EXPECT_EQ(place.right - place.left, 56);
+                        EXPECT_EQ(place.bottom - place.top, 56);
+                        EXPECT_EQ(place.top - m_form.GetWindowRect().top, 8);
+                    }
+                    RECT tab{};
+                    m_form.Item(IDC_FORM_TAB).SendMessage(TCM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&tab));
+                    EXPECT_EQ(tab.right - tab.left, 220);
+                    EXPECT_EQ(tab.bottom - tab.top, 40);
+                    const CWindow strip = m_form.Item(IDC_FORM_TAB);
+                    EXPECT_GT(m_form.Page()->GetWindowRect().top, strip.GetWindowRect().top + tab.bottom)
+                        << "the line below the tabs is seen";
+                }});
 }
 
 TEST_F(LogFormSkinTest, AMinimisedFormGivesItsIcon)

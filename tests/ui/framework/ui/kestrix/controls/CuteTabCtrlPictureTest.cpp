@@ -2,6 +2,7 @@
 
 #include "tests/support/CommonControls.h"
 #include "tests/support/Picture.h"
+#include "tests/support/StandingScale.h"
 #include "tests/ui/framework/ui/kestrix/controls/Ground.h"
 #include "tests/ui/framework/ui/kestrix/controls/TabResources.h"
 
@@ -88,6 +89,15 @@ TEST_F(CuteTabCtrlPictureTest, TheSelectedTabWithTheFocus)
 {
     m_tabs.SendMessage(WM_SETFOCUS);
     EXPECT_PICTURE(With(2, 0), "focus");
+}
+
+TEST_F(CuteTabCtrlPictureTest, TheSelectedTabWithTheFocusAtTwiceTheScale)
+{
+    const StandingScale scale(192);
+    m_tabs.SetItemSize({140, 40});
+    m_tabs.SetMinTabWidth(140);
+    m_tabs.SendMessage(WM_SETFOCUS);
+    EXPECT_PICTURE(With(2, 0), "focus-192");
 }
 
 TEST_F(CuteTabCtrlPictureTest, ADisabledStripShowsGreyTextsAndNoFocus)

@@ -1,5 +1,8 @@
 #include "framework/ui/kestrix/controls/ExtendButton.h"
 
+#include "resource/resource.h"
+#include "tests/support/LanguageFile.h"
+#include "tests/support/StandingScale.h"
 #include "tests/ui/framework/ui/kestrix/controls/ButtonStage.h"
 
 #include <gtest/gtest.h>
@@ -139,6 +142,23 @@ TEST_P(ExtendButtonPictureTest, EveryStateLooksAsKept)
         pictures.push_back(PictureInState(m_button, state.bits, Ground));
     }
     EXPECT_PICTURE(Stacked(pictures), GetParam().name);
+}
+
+TEST(ExtendButtonScaleTest, FaceMarginsAndFocusGrowWithTheScaleOfTheScreen)
+{
+    const LanguageFile language;
+    ButtonStage stage;
+    std::vector<Picture> pictures;
+    for (const int dpi : {144, 192})
+    {
+        const StandingScale scale(dpi);
+        OpenButton<CExtendButton> button;
+        ASSERT_TRUE(button.Make(stage, L"View", 0, 0, {0, 0, 160, 60}));
+        button.SetFrame(false);
+        ASSERT_TRUE(button.SetNormalBitmap(IDB_BUTTON_FACE));
+        pictures.push_back(PictureInState(button, ODS_FOCUS, Ground));
+    }
+    EXPECT_PICTURE(Stacked(pictures), "scaled");
 }
 
 INSTANTIATE_TEST_SUITE_P(, ExtendButtonPictureTest, testing::ValuesIn(AllKinds),

@@ -4,6 +4,7 @@
 #include "tests/support/ImportPatch.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/ListWindow.h"
+#include "tests/support/StandingScale.h"
 
 #include <gtest/gtest.h>
 
@@ -217,6 +218,24 @@ TEST_F(SortHeaderCtrlTest, TheArrowImagesAreTwoOf9By5Pixels)
     ASSERT_TRUE(ImageList_GetIconSize(images, &width, &height));
     EXPECT_EQ(width, ArrowWidth);
     EXPECT_EQ(height, ArrowHeight);
+}
+
+TEST_F(SortHeaderCtrlTest, TheArrowImagesGrowWithTheScaleOfTheScreen)
+{
+    for (const auto& [dpi, size] : {std::pair{120, SIZE{11, 6}}, {144, SIZE{14, 8}}, {168, SIZE{16, 9}}})
+    {
+        SCOPED_TRACE(dpi);
+        const StandingScale scale(dpi);
+        ListWindow window;
+        CSortHeaderCtrl& header = window.m_list.SortHeader();
+        header.SetArrowImages();
+        EXPECT_EQ(ImageList_GetImageCount(header.GetImageList()), 2);
+        int width = 0;
+        int height = 0;
+        ASSERT_TRUE(ImageList_GetIconSize(header.GetImageList(), &width, &height));
+        EXPECT_EQ(width, size.cx);
+        EXPECT_EQ(height, size.cy);
+    }
 }
 
 TEST_F(SortHeaderCtrlTest, TheArrowsAreDrawnInTheColourOfGreyTextOnWhateverIsBehindThem)

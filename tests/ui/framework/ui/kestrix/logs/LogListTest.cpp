@@ -2,6 +2,7 @@
 
 #include "tests/support/LanguageFile.h"
 #include "tests/support/PlainLog.h"
+#include "tests/support/StandingScale.h"
 #include "tests/ui/framework/ui/kestrix/logs/LogWindow.h"
 
 #include <gtest/gtest.h>
@@ -125,6 +126,18 @@ TEST_F(LogListTest, TheColumnsHaveTheirTitlesWidthsAndLeftAlignment)
         EXPECT_EQ(title, Text(expected[i].first));
         EXPECT_EQ(column.cx, expected[i].second);
         EXPECT_EQ(column.fmt & LVCFMT_JUSTIFYMASK, LVCFMT_LEFT);
+    }
+}
+
+TEST_F(LogListTest, TheColumnsAreAsWideAsTheScaleOfTheScreenMakesThem)
+{
+    const StandingScale scale(144);
+    FieldLog log(3);
+    log.SetListCtrl(&m_window.m_list);
+    log.SetListColumn();
+    for (const auto& [column, width] : {std::pair{0, 150}, {1, 225}, {2, 188}})
+    {
+        EXPECT_EQ(m_window.m_list.SendMessage(LVM_GETCOLUMNWIDTH, column), width);
     }
 }
 

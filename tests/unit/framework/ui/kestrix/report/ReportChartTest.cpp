@@ -2,6 +2,7 @@
 
 #include "framework/ui/kestrix/report/ReportChart.h"
 
+#include "tests/support/StandingScale.h"
 #include "tests/unit/framework/ui/kestrix/report/UsualSettings.h"
 
 #include <gtest/gtest.h>
@@ -114,6 +115,21 @@ TEST_F(ReportChartTest, ArrowsAndTitlesStandAtTheEndsOfTheAxes)
     EXPECT_EQ(AllOf(axes.yArrow), (Places{{74, 178}, {78, 168}, {82, 178}}));
     EXPECT_EQ(Of(axes.xTitle), Place(639, 414));
     EXPECT_EQ(Of(axes.yTitle), Place(53, 148));
+}
+
+TEST_F(ReportChartTest, DistancesInPixelsGrowWithTheScaleOfTheScreenAndFractionsDoNot)
+{
+    const StandingScale scale(192);
+    EXPECT_EQ(Of(LegendDot(m_chart.m_settings, {70, 86, 76, 128})), Place(30, 97));
+    const ReportAxes axes = AxesOf(m_chart);
+    EXPECT_EQ(axes.m_nAxisXLength, 541) << "of the frame, which the template has scaled";
+    EXPECT_EQ(AllOf(axes.xArrow), (Places{{599, 411}, {619, 419}, {599, 427}}));
+    EXPECT_EQ(AllOf(axes.yArrow), (Places{{70, 188}, {78, 168}, {86, 188}}));
+    EXPECT_EQ(Of(axes.xTitle), Place(659, 409));
+    EXPECT_EQ(Of(axes.yTitle), Place(28, 128));
+    const ReportTick tick = Ticks().at(0);
+    EXPECT_EQ(Of(tick.head), Place(222, 411));
+    EXPECT_EQ(Of(tick.label), Place(202, 427)) << "its shift comes scaled";
 }
 
 TEST_F(ReportChartTest, OfSevenDaysThreeTicksAreLabelledTwoFourAndSix)
