@@ -53,6 +53,31 @@ class DrawingsTest(unittest.TestCase):
         self.assertEqual(set(self.drawings), {name for _, _, drawings in art.IMAGES for name, _ in drawings})
 
 
+class ScalesTest(unittest.TestCase):
+    """Which images are drawn in several scales, how large, and under which numbers."""
+
+    def test_sizes_are_rounded_as_the_program_rounds_them(self):
+        self.assertEqual([34, 41, 54, 81], [art.scaled(27, percent) for percent in art.SCALES])
+
+    def test_a_drawing_is_scaled_in_both_directions(self):
+        picture = art.drawn(ART / "arrow-up.svg", 9, art.read_palette(ART), 150)
+        self.assertEqual((14, 8), (picture.width, picture.height))
+
+    def test_icons_and_bitmaps_of_one_colour_are_drawn_once(self):
+        plain = art.Picture([[(1, 2, 3, 255)] * 2] * 2, b"")
+        mixed = art.Picture([[(1, 2, 3, 255), (4, 5, 6, 255)]], b"")
+        self.assertFalse(art.has_scales("a.bmp", [plain]))
+        self.assertTrue(art.has_scales("a.bmp", [mixed]))
+        self.assertFalse(art.has_scales("a.ico", [mixed]))
+
+    def test_a_file_has_a_number_in_each_scale_for_each_of_its_names(self):
+        rows = 'ONE BITMAP "a.bmp"\nTWO BITMAP "a.bmp"\nTHREE BITMAP "b.bmp"\nFOUR ICON "c.ico"\n'
+        numbers = art.scaled_numbers(rows, {"a.bmp"}).splitlines()
+        self.assertEqual(8, len(numbers))
+        self.assertEqual('ONE + 12500 BITMAP "a-125.bmp"', numbers[0])
+        self.assertEqual('TWO + 30000 BITMAP "a-300.bmp"', numbers[-1])
+
+
 class RulesTest(unittest.TestCase):
     """A drawing that breaks a rule is told by its name."""
 

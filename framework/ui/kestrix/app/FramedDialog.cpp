@@ -3,13 +3,12 @@
 #include "framework/ui/kestrix/app/HeadingLook.h"
 #include "framework/ui/kestrix/controls/FlexBitmapButton.h"
 #include "framework/ui/kestrix/controls/Scale.h"
+#include "framework/ui/kestrix/controls/SkinColours.h"
 #include "resource/resource.h"
 
 namespace
 {
 
-constexpr COLORREF GroundColour = RGB(255, 255, 255);
-constexpr COLORREF HeadingColour = RGB(255, 255, 255);
 constexpr COLORREF HoleColour = RGB(0, 255, 0); // of the caption buttons' pictures
 
 constexpr int CaptionButtonSize = 28; // pixels; in the middle of the frame's top
@@ -29,7 +28,7 @@ BOOL CFramedDialog::OnInitDialog()
     SetCornerRegion(IDB_CORNER_TOP_LEFT);
     const BOOL setFocus = CBitmapDialog::OnInitDialog();
     SetBackground(IDB_BACKGROUND);
-    m_SolidBrush.CreateSolidBrush(GroundColour);
+    m_SolidBrush.CreateSolidBrush(SkinColour::Ground);
     return setFocus;
 }
 
@@ -37,11 +36,11 @@ void CFramedDialog::SetHeading(CColorText& heading, const std::wstring& text)
 {
     heading.SetText(text);
     heading.SetFontLook(HeadingLook());
-    heading.SetTextColour(HeadingColour);
+    heading.SetTextColour(SkinColour::TitleText, COLOR_CAPTIONTEXT);
     heading.SetAlignment(CColorText::Horizontal::Left, CColorText::Vertical::Centre);
 }
 
-void CFramedDialog::SetCaptionButton(CFlexBitmapButton& button, UINT normal, UINT hot)
+void CFramedDialog::SetCaptionButton(CFlexBitmapButton& button, UINT normal, UINT hot, UINT sign)
 {
     RECT place = button.GetWindowRect();
     ScreenToClient(place);
@@ -51,6 +50,7 @@ void CFramedDialog::SetCaptionButton(CFlexBitmapButton& button, UINT normal, UIN
     button.MoveWindow(place);
     button.SetName(button.GetWindowText());
     button.SetKeyColour(HoleColour);
+    button.SetCaptionSign(sign);
     button.SetBitmaps(normal, hot);
     button.SetOwnCursor(IDC_HAND_CURSOR);
 }

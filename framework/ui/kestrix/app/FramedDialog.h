@@ -22,9 +22,10 @@ protected:
 
     static void SetHeading(CColorText& heading, const std::wstring& text);
 
-    // Its pictures at rest and under the pointer. Its size in pixels is theirs, whatever the font of the dialog is. The
-    // text that the template gives it is its name for screen readers and is not drawn.
-    void SetCaptionButton(CFlexBitmapButton& button, UINT normal, UINT hot);
+    // Its pictures at rest and under the pointer, and the system's sign in high contrast, DFCS_CAPTION... Its size in
+    // pixels is theirs, whatever the font of the dialog is. The text that the template gives it is its name for screen
+    // readers and is not drawn.
+    void SetCaptionButton(CFlexBitmapButton& button, UINT normal, UINT hot, UINT sign);
 
 private:
     void OnLButtonDown(UINT keys, POINT point);

@@ -6,18 +6,11 @@
 #include "framework/ui/kestrix/app/PushButtonSkin.h"
 #include "framework/ui/kestrix/app/page/PageHost.h"
 #include "framework/ui/kestrix/app/page/PurgeFlow.h"
+#include "framework/ui/kestrix/controls/SkinColours.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "resource/resource.h"
 
 #include <stdexcept>
-
-namespace
-{
-
-constexpr COLORREF LinkColour = RGB(0, 0, 255);
-constexpr COLORREF PageColour = RGB(255, 255, 255);
-
-} // namespace
 
 CKestrixDlg::CKestrixDlg() : CBitmapDialog(IDD_LOG_PAGE) {}
 
@@ -57,7 +50,7 @@ BOOL CKestrixDlg::OnInitDialog()
     VD_TRACE(Flow, L"[Enter] %s()...", L"CKestrixDlg::OnInitDialog");
     CBitmapDialog::OnInitDialog();
     SetBackground(IDB_BACKGROUND);
-    m_SolidBrush.CreateSolidBrush(PageColour);
+    m_SolidBrush.CreateSolidBrush(SkinColour::Ground);
     m_bSolidBackground = true;
     m_Headings.Start();
     SetSkin(m_ViewButton, true);
@@ -116,7 +109,7 @@ void CKestrixDlg::SetFonts()
         SetControlFont(control, FW_BOLD);
     }
     SetControlFont(IDC_INFO_VALUE_0_LINK, FW_NORMAL, true);
-    SetTextColour(IDC_INFO_VALUE_0_LINK, LinkColour);
+    SetTextColour(IDC_INFO_VALUE_0_LINK, SkinColour::Link);
 }
 
 // Makes the log of the page's type in place of the one before, and joins it to the page; false when the type has none.

@@ -119,8 +119,8 @@ BOOL CLogFormDlg::OnInitDialog()
     {
         SetReportLabels();
     }
-    SetCaptionButton(m_CloseBoxButton, IDB_CLOSE, IDB_CLOSE_HOT);
-    SetCaptionButton(m_MinimiseButton, IDB_MINIMISE, IDB_MINIMISE_HOT);
+    SetCaptionButton(m_CloseBoxButton, IDB_CLOSE, IDB_CLOSE_HOT, DFCS_CAPTIONCLOSE);
+    SetCaptionButton(m_MinimiseButton, IDB_MINIMISE, IDB_MINIMISE_HOT, DFCS_CAPTIONMIN);
     for (CExtendButton* const button : {&m_CloseButton, &m_ExportButton, &m_DeleteButton})
     {
         SetSkin(*button, true);

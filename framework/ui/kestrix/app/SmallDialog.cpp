@@ -26,7 +26,7 @@ BOOL CSmallDialog::OnInitDialog()
     CFramedDialog::OnInitDialog();
     SetWindowText(GetProductName());
     SetHeading(m_Heading, LoadText(m_numbers.headingText));
-    SetCaptionButton(m_CloseBoxButton, IDB_CLOSE, IDB_DIALOG_CLOSE_HOT);
+    SetCaptionButton(m_CloseBoxButton, IDB_CLOSE, IDB_DIALOG_CLOSE_HOT, DFCS_CAPTIONCLOSE);
     SetSkin(m_OkButton, true);
     SetSkin(m_CancelButton, true);
     return TRUE;

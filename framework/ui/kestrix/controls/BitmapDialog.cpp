@@ -124,10 +124,16 @@ void CBitmapDialog::SetCornerRegion(UINT)
     }
 }
 
+LRESULT CBitmapDialog::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    m_FocusRing.Follow(*this, message, wParam, lParam);
+    return CDialog::WindowProc(message, wParam, lParam);
+}
+
 // The base sets colours in the context, so that the control's own come after it.
 HBRUSH CBitmapDialog::OnCtlColor(HDC dc, HWND control, UINT kind)
 {
-    if (!m_bmpBackground.IsLoaded())
+    if (!ShowsBackground())
     {
         return reinterpret_cast<HBRUSH>(Default());
     }

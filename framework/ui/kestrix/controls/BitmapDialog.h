@@ -1,6 +1,7 @@
 #pragma once
 
 #include "framework/ui/kestrix/controls/DIBitmap.h"
+#include "framework/ui/kestrix/controls/FocusRing.h"
 #include "platform/dialog/DialogFramework.h"
 
 #include <array>
@@ -21,8 +22,8 @@ enum class BackgroundMode : std::uint32_t
 };
 
 // The base of every dialog and page: it paints a bitmap behind its controls and up to five more above it, rounds the
-// corners of its window, gives single controls a text colour and a font of their own, shows tool tips, and cannot be
-// closed by Enter or Escape.
+// corners of its window, gives single controls a text colour and a font of their own, marks the control that has the
+// focus, shows tool tips, and cannot be closed by Enter or Escape. In high contrast it looks as the system paints it.
 class CBitmapDialog : public CDialog
 {
 public:
@@ -35,6 +36,8 @@ protected:
     static const MessageMap& Map();
 
     const MessageMap& GetMessageMap() const override { return Map(); }
+
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
     // Takes a bitmap of the language file as background. False, and the system's background, when it has none.
     bool SetBackground(UINT bitmap, BackgroundMode mode = BackgroundMode::Tiled);
@@ -69,6 +72,7 @@ private:
     void OnPaletteChanged(HWND cause);
     void OnDestroy();
 
+    bool ShowsBackground() const;
     void DrawBackground(HDC dc, SIZE client) const;
     void DrawTiles(HDC dc, SIZE client) const;
     void DrawImages(HDC dc, SIZE client) const;
@@ -83,4 +87,5 @@ private:
     std::uint32_t m_nImageFlags = 0; // bit 0 for the first image, and so on
     std::map<UINT, COLORREF> m_mapTextColour;
     std::map<UINT, CFont> m_mapFont;
+    CFocusRing m_FocusRing;
 };

@@ -2,6 +2,7 @@
 
 #include "framework/ui/kestrix/controls/BitmapDialog.h"
 
+#include "framework/ui/kestrix/controls/SkinColours.h"
 #include "framework/ui/kestrix/controls/StretchBitmap.h"
 
 namespace
@@ -44,11 +45,18 @@ bool CBitmapDialog::SetImage(std::size_t image, UINT bitmap, POINT place)
     return loaded;
 }
 
+bool CBitmapDialog::ShowsBackground() const
+{
+    return m_bmpBackground.IsLoaded() && !IsHighContrast();
+}
+
 BOOL CBitmapDialog::OnEraseBkgnd(HDC dc)
 {
-    if (!m_bmpBackground.IsLoaded())
+    if (!ShowsBackground())
     {
-        return static_cast<BOOL>(Default());
+        const auto erased = static_cast<BOOL>(Default());
+        m_FocusRing.Draw(*this, dc);
+        return erased;
     }
     if (LeavesRoom(m_nBackgroundMode))
     {
@@ -57,6 +65,7 @@ BOOL CBitmapDialog::OnEraseBkgnd(HDC dc)
     const RECT client = GetClientRect();
     DrawBackground(dc, {client.right, client.bottom});
     DrawImages(dc, {client.right, client.bottom});
+    m_FocusRing.Draw(*this, dc);
     return TRUE;
 }
 

@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/controls/ClickText.h"
 
 #include "framework/ui/kestrix/controls/LabelClick.h"
+#include "framework/ui/kestrix/controls/SkinColours.h"
 
 #include <algorithm>
 
@@ -26,7 +27,7 @@ void CClickText::UpdateTabStop()
     ModifyStyle(stop ? 0 : WS_TABSTOP, stop ? WS_TABSTOP : 0);
 }
 
-// The whole label anew, since drawing a focus rectangle over one that stands there takes it away.
+// The whole label anew, since the mark of the focus stands on it.
 void CClickText::OnPaint()
 {
     Invalidate(false);
@@ -37,10 +38,7 @@ void CClickText::OnPaint()
     }
     const CClientDC dc(m_hWnd);
     const CSelectObject font(dc, GetFont());
-    const RECT focus = FocusRect(dc);
-    ::SetTextColor(dc, RGB(0, 0, 0)); // the dots are mixed from the colours of the context
-    ::SetBkColor(dc, RGB(255, 255, 255));
-    ::DrawFocusRect(dc, &focus);
+    DrawFocusMark(dc, FocusRect(dc));
 }
 
 // The text from its first to its last column of pixels, the label's height.

@@ -44,7 +44,12 @@ public:
 
     const std::wstring& GetText() const { return m_strText; }
 
-    void SetTextColour(COLORREF colour) { Store(m_nTextColour, colour); }
+    // In high contrast the colour of the system with this number, COLOR_..., takes its place.
+    void SetTextColour(COLORREF colour, int system = COLOR_BTNTEXT)
+    {
+        m_nSystemTextColour = system;
+        Store(m_nTextColour, colour);
+    }
 
     // The hot colour stands under the pointer while hovering is enabled.
     void SetHoverColour(COLORREF colour) { Store(m_nHoverColour, colour); }
@@ -121,6 +126,7 @@ private:
     void TakeFocus(bool focus);
 
     COLORREF m_nTextColour = ::GetSysColor(COLOR_BTNTEXT);
+    int m_nSystemTextColour = COLOR_BTNTEXT;
     COLORREF m_nHoverColour = RGB(255, 0, 0);
     std::wstring m_strText;
     FontLook m_look;

@@ -1,5 +1,6 @@
 #include "framework/ui/kestrix/controls/ColorText.h"
 #include "framework/ui/kestrix/controls/Scale.h"
+#include "framework/ui/kestrix/controls/SkinColours.h"
 
 #include <algorithm>
 #include <array>
@@ -52,13 +53,14 @@ void CColorText::PaintGround(HDC dc, const RECT& client) const
     {
         if (m_bFill)
         {
-            FillSolidRect(dc, client, m_nBackground);
+            FillSolidRect(dc, client, SkinOrSystem(m_nBackground, COLOR_BTNFACE));
         }
-        ::SetBkColor(dc, m_nBackground);
+        ::SetBkColor(dc, SkinOrSystem(m_nBackground, COLOR_BTNFACE));
     }
     if (HasFrame())
     {
-        Draw3dRect(dc, client, m_nFrameColour, m_nFrameColour);
+        const COLORREF frame = SkinOrSystem(m_nFrameColour, COLOR_BTNTEXT);
+        Draw3dRect(dc, client, frame, frame);
     }
 }
 
@@ -77,16 +79,14 @@ void CColorText::PaintText(HDC dc, const RECT& client) const
         MakeFont(own);
     }
     const CSelectObject font(dc, m_pFont != nullptr ? m_pFont->GetSafeHandle() : own.GetSafeHandle());
-    ::SetTextColor(dc, m_bHover && m_bHoverEnabled ? m_nHoverColour : m_nTextColour);
+    const COLORREF colour = m_bHover && m_bHoverEnabled ? m_nHoverColour : m_nTextColour;
+    ::SetTextColor(dc, SkinOrSystem(colour, m_nSystemTextColour));
     RECT place = client;
     place.left += HasFrame() ? Scaled(FrameTextDistance) : 0;
     ::DrawTextW(dc, m_strText.c_str(), -1, &place, TextFormat());
     if (m_bShowFocus && m_bFocus)
     {
-        const RECT focus = FocusRect(dc, client);
-        ::SetTextColor(dc, RGB(0, 0, 0)); // the dots are mixed from the colours of the context
-        ::SetBkColor(dc, RGB(255, 255, 255));
-        ::DrawFocusRect(dc, &focus);
+        DrawFocusMark(dc, FocusRect(dc, client));
     }
 }
 

@@ -1,5 +1,6 @@
 #include "framework/ui/kestrix/controls/CuteTabCtrl.h"
 #include "framework/ui/kestrix/controls/Scale.h"
+#include "framework/ui/kestrix/controls/SkinColours.h"
 
 #include <array>
 
@@ -50,13 +51,14 @@ void CCuteTabCtrl::OnPaint()
     }
     const CPaintDC dc(m_hWnd);
     CMemDC memory(dc, client);
-    FillSolidRect(memory, client, m_colours.background);
+    const COLORREF background = SkinOrSystem(m_colours.background, COLOR_BTNFACE);
+    FillSolidRect(memory, client, background);
     DrawTabs(memory, client);
     if (buttons != nullptr)
     {
         RECT place = buttons.GetWindowRect();
         ScreenToClient(place);
-        FillSolidRect(dc, {place.left, client.top, client.right, client.bottom}, m_colours.background);
+        FillSolidRect(dc, {place.left, client.top, client.right, client.bottom}, background);
         memory.LimitTo({client.left, client.top, place.left, client.bottom});
     }
 }
@@ -95,7 +97,7 @@ void CCuteTabCtrl::DrawTabs(HDC dc, const RECT& client) const
         return;
     }
     CPen border;
-    border.CreatePen(PS_SOLID, 1, m_colours.border);
+    border.CreatePen(PS_SOLID, 1, SkinOrSystem(m_colours.border, COLOR_BTNTEXT));
     const CSelectObject pen(dc, border);
     const CSelectObject brush(dc, ::GetStockObject(NULL_BRUSH));
     DrawFrame(dc, client, tabs);
@@ -137,7 +139,7 @@ void CCuteTabCtrl::DrawTab(HDC dc, const RECT& tab, bool selected, LONG previous
     ::RoundRect(dc, left, top, right, bottom, corner, corner);
 
     CBitmap face;
-    if (face.LoadBitmap(ArtOf(selected ? m_nSelectedBitmap : m_nNormalBitmap).number))
+    if (!IsHighContrast() && face.LoadBitmap(ArtOf(selected ? m_nSelectedBitmap : m_nNormalBitmap).number))
     {
         CRgn inside;
         inside.CreateRoundRectRgn({left + 1, top, right, lastQuarter}, corner, corner);
@@ -166,14 +168,12 @@ void CCuteTabCtrl::DrawTabText(HDC dc, const RECT& tab, int index, bool selected
     const CSelectObject font(dc, selected ? m_fontSelected : m_fontNormal);
     const COLORREF colour = selected ? m_colours.selectedText : m_colours.normalText;
     ::SetBkMode(dc, TRANSPARENT);
-    ::SetTextColor(dc, isEnabled ? colour : ::GetSysColor(COLOR_GRAYTEXT));
+    ::SetTextColor(dc, isEnabled ? SkinOrSystem(colour, COLOR_BTNTEXT) : ::GetSysColor(COLOR_GRAYTEXT));
     ::DrawTextW(dc, GetItemText(index).c_str(), -1, &place, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     if (selected && isEnabled && m_bFocus)
     {
         const SIZE inset = Scaled(FocusInset);
         const RECT focus{place.left + inset.cx, place.top + inset.cy, place.right - inset.cx, place.bottom};
-        ::SetTextColor(dc, RGB(0, 0, 0)); // the dots are mixed from the colours of the context
-        ::SetBkColor(dc, RGB(255, 255, 255));
-        ::DrawFocusRect(dc, &focus);
+        DrawFocusMark(dc, focus);
     }
 }

@@ -2,21 +2,13 @@
 
 #include "framework/ui/kestrix/controls/BitmapShape.h"
 #include "framework/ui/kestrix/controls/ParentRedraw.h"
+#include "framework/ui/kestrix/controls/SkinColours.h"
 #include "framework/ui/kestrix/controls/StretchBitmap.h"
 
 namespace
 {
 
 constexpr COLORREF Black = RGB(0, 0, 0);
-
-// The user needs the system's own colours then.
-bool IsHighContrast()
-{
-    HIGHCONTRASTW contrast{};
-    contrast.cbSize = sizeof contrast;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
-           (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
 
 // Draws a frame of two system colours and moves the rectangle to its inside.
 void DrawEdgePair(HDC dc, RECT& rect, int topLeft, int bottomRight)
@@ -177,6 +169,11 @@ void CExtendButton::DrawBackground(HDC dc, const RECT& rect, const OwnerButtonSt
     if (m_bHasFrame)
     {
         DrawFrame(dc, rect, state);
+    }
+    else if (m_bHasBitmap && !ShowsFace())
+    {
+        const COLORREF edge = GetSysColor(state.disabled ? COLOR_GRAYTEXT : COLOR_BTNTEXT);
+        Draw3dRect(dc, rect, edge, edge);
     }
 }
 

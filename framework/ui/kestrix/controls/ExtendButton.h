@@ -3,7 +3,7 @@
 #include "framework/ui/kestrix/controls/OwnerDrawBtnFramework.h"
 
 // A push button with a face of one bitmap, stretched to its size, and an icon and a text on it. Without a face, and in
-// high contrast, it is filled with its background colour.
+// high contrast, it is filled with its background colour; in high contrast a line stands for the edge of the face.
 class CExtendButton : public COwnerDrawBtnFramework
 {
 public:

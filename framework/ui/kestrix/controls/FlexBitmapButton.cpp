@@ -1,5 +1,6 @@
 #include "framework/ui/kestrix/controls/FlexBitmapButton.h"
 
+#include "framework/ui/kestrix/controls/SkinColours.h"
 #include "framework/ui/kestrix/controls/StretchBitmap.h"
 
 namespace
@@ -86,6 +87,12 @@ void CFlexBitmapButton::DrawParent(HDC dc, const RECT& rect)
 
 void CFlexBitmapButton::DrawBackground(HDC dc, const RECT& rect, const OwnerButtonState& state)
 {
+    if (m_captionSign && IsHighContrast())
+    {
+        RECT place = rect;
+        DrawFrameControl(dc, &place, DFC_CAPTION, *m_captionSign | (state.selected ? DFCS_PUSHED : 0));
+        return;
+    }
     DrawBitmap(dc, rect, state);
 }
 
@@ -159,5 +166,5 @@ void CFlexBitmapButton::DrawIcon(HDC dc, const RECT& rect, const OwnerButtonStat
 
 void CFlexBitmapButton::DrawFocus(HDC dc, const RECT& rect, const OwnerButtonState& state)
 {
-    PaintFocus(dc, rect, state);
+    PaintFocus(dc, rect, state, m_captionSign ? SkinColour::TitleFocus : SkinColour::Focus);
 }

@@ -3,6 +3,7 @@
 #include "framework/ui/kestrix/controls/OwnerDrawBtnFramework.h"
 
 #include <array>
+#include <optional>
 
 // A button that is a picture with a hole: one colour of it shows what the parent paints below, where the window has
 // WS_EX_TRANSPARENT, and else the background colour. Under the pointer a second picture is shown whole.
@@ -17,6 +18,9 @@ public:
 
     // Gives a button that is a picture alone a name for screen readers: its window text, not drawn from now on.
     void SetName(const std::wstring& name);
+
+    // For a button in the title bar: the system's sign that stands for its pictures in high contrast, DFCS_CAPTION...
+    void SetCaptionSign(UINT sign) { m_captionSign = sign; }
 
     void DrawOwnerButton(HDC dc, const RECT& rect, const OwnerButtonState& state) override;
     void DrawBackground(HDC dc, const RECT& rect, const OwnerButtonState& state) override;
@@ -46,4 +50,5 @@ private:
     COLORREF m_crKey = RGB(0, 255, 0);
     int m_nBorder = 13; // the fixed corners of the pictures, in pixels at 96 dots an inch
     bool m_bTextIsName = false;
+    std::optional<UINT> m_captionSign;
 };

@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/controls/OwnerDrawBtnFramework.h"
 
 #include "framework/ui/kestrix/controls/Scale.h"
+#include "framework/ui/kestrix/controls/SkinColours.h"
 
 namespace
 {
@@ -209,12 +210,12 @@ void COwnerDrawBtnFramework::SelectTextStyle(HDC dc, const OwnerButtonState& sta
     }
 }
 
-void COwnerDrawBtnFramework::PaintFocus(HDC dc, RECT rect, const OwnerButtonState& state) const
+void COwnerDrawBtnFramework::PaintFocus(HDC dc, RECT rect, const OwnerButtonState& state, COLORREF colour) const
 {
     if (m_bDrawFocus && state.focus)
     {
         InflateRect(&rect, -Scaled(FocusInset), -Scaled(FocusInset));
-        DrawFocusRect(dc, &rect);
+        DrawFocusMark(dc, rect, colour);
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/ui/kestrix/controls/SkinColours.h"
 #include "platform/dialog/DialogFramework.h"
 
 // What a button looks like at the moment. The first four come from the system with each request to draw.
@@ -65,7 +66,7 @@ protected:
     // Sets colour and font for the text until the context is restored; a null font is the parent's.
     void SelectTextStyle(HDC dc, const OwnerButtonState& state, const CFont* font) const;
 
-    void PaintFocus(HDC dc, RECT rect, const OwnerButtonState& state) const;
+    void PaintFocus(HDC dc, RECT rect, const OwnerButtonState& state, COLORREF colour = SkinColour::Focus) const;
 
     // Copies the bitmap to the rectangle's top left; nothing without a bitmap.
     static void PaintBitmap(HDC dc, const RECT& rect, const CBitmap& bitmap);

@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/controls/SkinFrame.h"
 
 #include "framework/ui/kestrix/controls/BitmapResource.h"
+#include "framework/ui/kestrix/controls/SkinColours.h"
 #include "resource/resource.h"
 
 #include <algorithm>
@@ -35,10 +36,23 @@ private:
     const BitmapResource m_bitmap;
 };
 
+// The caption and the lines of the frame in the colours of the system.
+void DrawSystemFrame(HDC dc, SIZE client)
+{
+    const int top = Part(IDB_FRAME_TOP).Height();
+    const COLORREF line = GetSysColor(COLOR_BTNTEXT);
+    FillSolidRect(dc, {0, 0, client.cx, top}, GetSysColor(COLOR_ACTIVECAPTION));
+    Draw3dRect(dc, {0, 0, client.cx, client.cy}, line, line);
+}
+
 } // namespace
 
 void DrawSkinFrame(HDC dc, SIZE client, FrameTop frameTop)
 {
+    if (IsHighContrast())
+    {
+        return DrawSystemFrame(dc, client);
+    }
     const CSaveDC saved(dc);
     SetStretchBltMode(dc, COLORONCOLOR);
     const Part top(IDB_FRAME_TOP);

@@ -10,5 +10,6 @@ enum class FrameTop
 };
 
 // Draws the skin frame around a client area of this size from the parts of the language file; a part that is missing is
-// left out. Edges are stretched, corners copied pixel by pixel.
+// left out. Edges are stretched, corners copied pixel by pixel. In high contrast it has the system's colours and no
+// parts.
 void DrawSkinFrame(HDC dc, SIZE client, FrameTop frameTop);

@@ -6,6 +6,7 @@
 #include "framework/ui/kestrix/controls/FontStyle.h"
 #include "framework/ui/kestrix/controls/MinimisedIcon.h"
 #include "framework/ui/kestrix/controls/Scale.h"
+#include "framework/ui/kestrix/controls/SkinColours.h"
 #include "framework/ui/kestrix/report/ReportChartPaint.h"
 #include "framework/ui/kestrix/report/ReportCollector.h"
 #include "framework/ui/kestrix/report/ReportHost.h"
@@ -17,8 +18,6 @@
 namespace
 {
 
-constexpr COLORREF PageColour = RGB(255, 255, 255);
-constexpr COLORREF LinkColour = RGB(0, 0, 255);
 constexpr UINT NoText = 0;
 
 } // namespace
@@ -101,7 +100,7 @@ BOOL CKxReportDlg::OnInitDialog()
 {
     CBitmapDialog::OnInitDialog();
     SetBackground(IDB_BACKGROUND);
-    m_SolidBrush.CreateSolidBrush(PageColour);
+    m_SolidBrush.CreateSolidBrush(SkinColour::Ground);
     m_bSolidBackground = true;
     m_hIcon = LoadMinimisedIcon(IDI_KESTRIX);
     m_hHand = LoadCursorImage(IDC_HAND_CURSOR);
@@ -182,7 +181,7 @@ void CKxReportDlg::ShowLines()
         label.SetText(LineText(Lines()[i], ReportLines()[i]));
         label.SetFontLook({.height = m_nFontSize, .underline = true});
         label.ShowFocus(true);
-        label.SetTextColour(LinkColour);
+        label.SetTextColour(SkinColour::Link, COLOR_HOTLIGHT);
         label.EnableHover(true);
         label.SetAlignment(CColorText::Horizontal::Left, CColorText::Vertical::Centre);
     }
@@ -193,7 +192,7 @@ void CKxReportDlg::ShowNoDataNotice()
     MakeChartFont(FW_BOLD, false);
     m_stNoData.SetText(VdCommon::String::FormatText(LoadText(IDS_REPORT_NO_DATA), {m_strProductName}));
     m_stNoData.SetTextFont(&m_fontChart);
-    m_stNoData.SetBackground(PageColour, true);
+    m_stNoData.SetBackground(SkinColour::Ground, true);
     m_stNoData.SetAlignment(CColorText::Horizontal::Centre, CColorText::Vertical::WrappedTop);
     m_stNoData.ShowWindow(SW_SHOW);
 }

@@ -2,6 +2,7 @@
 
 #include "common/VdCommon/VdComn_FormatText.h"
 #include "framework/ui/kestrix/controls/Scale.h"
+#include "framework/ui/kestrix/controls/SkinColours.h"
 #include "platform/dialog/DialogFramework.h"
 #include "resource/DialogTexts.h"
 #include "resource/resource.h"
@@ -9,7 +10,6 @@
 namespace
 {
 
-constexpr COLORREF TextColour = RGB(0, 0, 0);
 constexpr COLORREF SeriesColour = RGB(0, 0, 255);
 // In pixels.
 constexpr int LineWidth = 1;
@@ -85,7 +85,7 @@ void DrawSeries(HDC dc, const std::vector<POINT>& points, COLORREF colour)
 void DrawAllSeries(HDC dc, const ReportChart& chart, const ReportAxes& axes)
 {
     CPen pen;
-    pen.CreatePen(PS_SOLID, Scaled(LineWidth), SeriesColour);
+    pen.CreatePen(PS_SOLID, Scaled(LineWidth), SkinOrSystem(SeriesColour, COLOR_BTNTEXT));
     const CSelectObject selected(dc, pen);
     std::vector<POINT> points;
     for (std::size_t i = 0; i < ReportLineCount; ++i)
@@ -104,8 +104,9 @@ void DrawAllSeries(HDC dc, const ReportChart& chart, const ReportAxes& axes)
 void DrawReportChart(HDC dc, const ReportChart& chart, HFONT font)
 {
     const CSaveDC keep(dc);
+    const COLORREF text = SkinOrSystem(SkinColour::Text, COLOR_BTNTEXT);
     CPen pen;
-    pen.CreatePen(PS_SOLID, Scaled(LineWidth), TextColour);
+    pen.CreatePen(PS_SOLID, Scaled(LineWidth), text);
     const CSelectObject line(dc, pen);
     DrawLegend(dc, chart);
     if (chart.m_counts.m_nMaxCount == 0)
@@ -113,7 +114,8 @@ void DrawReportChart(HDC dc, const ReportChart& chart, HFONT font)
         return;
     }
     const CSelectObject selected(dc, font);
-    ::SetTextColor(dc, TextColour);
+    ::SetTextColor(dc, text);
+    ::SetBkColor(dc, SkinOrSystem(SkinColour::Ground, COLOR_BTNFACE));
     const ReportAxes axes = AxesOf(chart);
     DrawAxes(dc, chart, axes);
     DrawTicks(dc, chart, axes);

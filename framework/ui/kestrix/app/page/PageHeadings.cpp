@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/app/page/PageHeadings.h"
 
 #include "framework/ui/kestrix/app/HeadingLook.h"
+#include "framework/ui/kestrix/controls/SkinColours.h"
 #include "platform/dialog/DialogFramework.h"
 #include "resource/resource.h"
 
@@ -20,9 +21,9 @@ struct Heading
 constexpr UINT NoText = 0;
 
 constexpr Heading Headings[] = {
-    {IDC_HEADING_ENTRIES, IDS_HEADING_ENTRIES, 0xEFEAE8, 0xAC8473},
-    {IDC_HEADING_DATES, IDS_HEADING_DATES, 0xEFEAE8, 0xAC8473},
-    {IDC_HEADING_DETAILS, IDS_HEADING_DETAILS, 0xE7E2DF, 0xDAC9C0},
+    {IDC_HEADING_ENTRIES, IDS_HEADING_ENTRIES, SkinColour::ListHeading, 0xAC8473},
+    {IDC_HEADING_DATES, IDS_HEADING_DATES, SkinColour::ListHeading, 0xAC8473},
+    {IDC_HEADING_DETAILS, IDS_HEADING_DETAILS, SkinColour::DetailHeading, 0xDAC9C0},
     {IDC_DETAIL_FRAME, NoText, CColorText::NoColour, 0xDAC9C0},
 };
 

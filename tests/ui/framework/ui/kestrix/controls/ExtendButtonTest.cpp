@@ -1,13 +1,11 @@
 #include "framework/ui/kestrix/controls/ExtendButton.h"
 
-#include "tests/support/ImportPatch.h"
+#include "tests/support/HighContrast.h"
 #include "tests/ui/framework/ui/kestrix/controls/ButtonStage.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
-
-extern "C" decltype(&::SystemParametersInfoW) __imp_SystemParametersInfoW;
 
 namespace
 {
@@ -54,24 +52,6 @@ protected:
 
     ButtonStage m_stage;
     Button m_button;
-};
-
-class HighContrast
-{
-public:
-    HighContrast() : m_patch(__imp_SystemParametersInfoW, &Answer) {}
-
-private:
-    static BOOL WINAPI Answer(UINT action, UINT, void* value, UINT)
-    {
-        if (action == SPI_GETHIGHCONTRAST)
-        {
-            static_cast<HIGHCONTRASTW*>(value)->dwFlags = HCF_HIGHCONTRASTON;
-        }
-        return TRUE;
-    }
-
-    ImportPatch<decltype(&::SystemParametersInfoW)> m_patch;
 };
 
 } // namespace
@@ -156,7 +136,11 @@ TEST_F(ExtendButtonTest, InHighContrastTheSystemsColoursReplaceTheFace)
     MakeButton();
     GiveFaces();
     const HighContrast contrast;
-    EXPECT_EQ(PictureInState(m_button, 0), Picture(ButtonSize.cx, ButtonSize.cy, GetSysColor(COLOR_BTNFACE)));
+    const Picture picture = PictureInState(m_button, 0);
+    EXPECT_EQ(picture.Part({1, 1, ButtonSize.cx - 1, ButtonSize.cy - 1}),
+              Picture(ButtonSize.cx - 2, ButtonSize.cy - 2, GetSysColor(COLOR_BTNFACE)));
+    EXPECT_EQ(picture.Part({0, 0, ButtonSize.cx, 1}), Picture(ButtonSize.cx, 1, GetSysColor(COLOR_BTNTEXT)))
+        << "a line stands for the edge of the face";
 }
 
 TEST_F(ExtendButtonTest, WhatIsInTheKeyColourIsOutsideOfTheShape)
@@ -356,7 +340,9 @@ TEST_F(ExtendButtonTest, TheFocusRectangleIsThreePixelsInside)
         {
             FillSolidRect(dc, {0, 0, ButtonSize.cx, ButtonSize.cy}, GetSysColor(COLOR_BTNFACE));
             const RECT focus{3, 3, ButtonSize.cx - 3, ButtonSize.cy - 3};
-            DrawFocusRect(dc, &focus);
+            CBrush accent;
+            accent.CreateSolidBrush(SkinColour::Focus);
+            FrameRect(dc, &focus, accent);
         });
     const Picture plain(ButtonSize.cx, ButtonSize.cy, GetSysColor(COLOR_BTNFACE));
     ASSERT_NE(expected, plain);

@@ -219,7 +219,9 @@ TEST_F(FlexBitmapButtonTest, TheFocusRectangleIsThreePixelsInside)
         {
             FillSolidRect(dc, {0, 0, ButtonSize.cx, ButtonSize.cy}, GetSysColor(COLOR_BTNFACE));
             const RECT focus{3, 3, ButtonSize.cx - 3, ButtonSize.cy - 3};
-            DrawFocusRect(dc, &focus);
+            CBrush accent;
+            accent.CreateSolidBrush(SkinColour::Focus);
+            FrameRect(dc, &focus, accent);
         });
     EXPECT_EQ(PictureInState(m_button, ODS_FOCUS), expected);
     m_button.SetFocusDrawn(false);
