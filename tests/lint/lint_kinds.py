@@ -1,7 +1,7 @@
 """The kinds of log: whatever a kind of the viewer's table must have beside its row is there.
 
-Of each row of the table: a class in the factory, a row of the suite with the same numbers, samples, a help topic, a
-golden day of a file and one of the database, and a picture. docs/adding-a-log.md tells how each is made.
+Of each row of the table: a class in the factory, a row of the suite with the same numbers, samples, a help topic in
+each language, a golden day of a file and one of the database, and a picture. docs/adding-a-log.md tells how each is made.
 """
 
 import os
@@ -47,6 +47,7 @@ class Tree:
         self.samples = set(SAMPLE.findall(code(root, SAMPLES)))
         self.suite = suite_rows(root)
         self.days = golden_days(root)
+        self.languages = sorted(os.listdir(os.path.join(root, TOPICS)))
 
     def has(self, path):
         return os.path.isfile(os.path.join(self.root, path))
@@ -69,9 +70,10 @@ class Tree:
             return
         if (row["sub_type"], row["purge_type"]) != (sub_type, command_code):
             yield f"has another sub type or command code than its row in {SUITE}"
-        topic = f"{TOPICS}/{row['topic']}.html"
-        if not self.has(topic):
-            yield f"has no help topic {topic}"
+        for language in self.languages:
+            topic = f"{TOPICS}/{language}/{row['topic']}.html"
+            if not self.has(topic):
+                yield f"has no help topic {topic}"
 
 
 def main():

@@ -17,7 +17,8 @@ class Kinds(Tree):
         self.write(FACTORY, "constexpr LogClass Classes[] = {\n    {LogTypeVirus, &Create<CZPTLogVir>},\n};\n")
         self.write(SAMPLES, 'constexpr Kind Kinds[] = {\n    {L"VLG", MakeVirusRecords, {12, 3, 8, 2, 40, &Office}},\n};\n')
         self.write_suite("VLG\t2\t1\tvirus\n")
-        self.write("suite/help/topics/virus.html", "<p>Viruses.</p>\n")
+        for language in ("de-DE", "en-US"):
+            self.write(f"suite/help/topics/{language}/virus.html", "<p>Viruses.</p>\n")
         for form in ("file", "database"):
             self.write(f"{DAYS}/virus-{form}.day", f"# A day.\nlog: VLG\nform: {form}\n\n[lines]\n")
         self.write("docs/pictures/log-vlg.png", "")
@@ -52,9 +53,9 @@ class Kinds(Tree):
                 self.write_suite(row)
                 self.expect_lack("has another sub type or command code")
 
-    def test_no_help_topic_is_a_hit(self):
-        (self.root / "suite/help/topics/virus.html").unlink()
-        self.expect_lack("has no help topic suite/help/topics/virus.html")
+    def test_no_help_topic_in_one_language_is_a_hit(self):
+        (self.root / "suite/help/topics/de-DE/virus.html").unlink()
+        self.expect_lack("has no help topic suite/help/topics/de-DE/virus.html")
 
     def test_no_golden_day_of_either_form_is_a_hit(self):
         for form, other in (("file", "database"), ("database", "file")):
