@@ -29,6 +29,12 @@ function(kestrix_compile_as_test target)
   endif()
 endfunction()
 
+# The thousands of small sections of code that is not optimised take the compiler's own linker ten seconds.
+find_program(KESTRIX_LLD ld.lld)
+if(NOT KESTRIX_LLD)
+  message(FATAL_ERROR "The linker of the test programs is missing. Install it: apt-get install lld")
+endif()
+
 # All programs of the unit tests, with what they need to run.
 add_custom_target(unit_tests)
 
@@ -43,7 +49,8 @@ function(kestrix_test name)
   endif()
   add_executable(${name} ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/resource/Manifest.rc)
   kestrix_compile_as_test(${name})
-  target_link_options(${name} PRIVATE -municode)
+  target_link_options(${name} PRIVATE -municode -wrapper ${PROJECT_SOURCE_DIR}/cmake/lld)
+  set_target_properties(${name} PROPERTIES LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/lld)
   target_link_libraries(${name} PRIVATE kestrix_live_handles kestrix_test_support ${arg_LINKS})
   add_test(NAME ${name} COMMAND ${name} ${arg_ARGUMENTS} WORKING_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
   set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_SECONDS})
