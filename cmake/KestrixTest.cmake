@@ -50,7 +50,9 @@ function(kestrix_test name)
   add_executable(${name} ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/resource/Manifest.rc)
   kestrix_compile_as_test(${name})
   target_link_options(${name} PRIVATE -municode -wrapper ${PROJECT_SOURCE_DIR}/cmake/lld)
-  set_target_properties(${name} PROPERTIES LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/lld)
+  set_target_properties(${name} PROPERTIES
+    LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/lld
+    CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/tests/support/run-test)
   target_link_libraries(${name} PRIVATE kestrix_live_handles kestrix_test_support ${arg_LINKS})
   add_test(NAME ${name} COMMAND ${name} ${arg_ARGUMENTS} WORKING_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
   set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_SECONDS})
