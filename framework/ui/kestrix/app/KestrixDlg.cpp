@@ -1,7 +1,6 @@
 #include "framework/ui/kestrix/app/KestrixDlg.h"
 
 #include "common/VdCommon/VdComn_DebugLog.h"
-#include "framework/ui/kestrix/app/LogFactory.h"
 #include "framework/ui/kestrix/app/ProductName.h"
 #include "framework/ui/kestrix/app/PushButtonSkin.h"
 #include "framework/ui/kestrix/app/page/PageHost.h"
@@ -9,8 +8,6 @@
 #include "framework/ui/kestrix/controls/SkinColours.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "resource/resource.h"
-
-#include <stdexcept>
 
 CKestrixDlg::CKestrixDlg() : CBitmapDialog(IDD_LOG_PAGE) {}
 
@@ -88,20 +85,6 @@ bool CKestrixDlg::TakeProvider()
     return true;
 }
 
-// While another window has the keyboard nothing is to be done: the form asks again when it comes back.
-void CKestrixDlg::KeepFocusUsable()
-{
-    if (!IsWindowVisible() || ::GetActiveWindow() != ::GetAncestor(m_hWnd, GA_ROOT))
-    {
-        return;
-    }
-    const CWindow focus(::GetFocus());
-    if (!focus.IsWindowVisible() || !focus.IsWindowEnabled() || (focus.GetStyle() & WS_TABSTOP) == 0)
-    {
-        m_RecordList.SetFocus();
-    }
-}
-
 void CKestrixDlg::SetFonts()
 {
     for (const UINT control : CDetailPane::BoldControls())
@@ -112,32 +95,14 @@ void CKestrixDlg::SetFonts()
     SetTextColour(IDC_INFO_VALUE_0_LINK, SkinColour::Link);
 }
 
-// Makes the log of the page's type in place of the one before, and joins it to the page; false when the type has none.
 bool CKestrixDlg::MakeLog()
 {
-    m_RecordList.RemoveLog();
-    m_pLogData.reset();
-    m_pLogData = ::CreateLog(m_nLogType);
-    if (m_pLogData == nullptr)
-    {
-        return false;
-    }
-    m_DetailPane.SetKind(*Kind());
-    m_RecordList.SetLog(*m_pLogData, *Kind());
-    m_pLogData->SetLocalAddress(m_strLocalIp);
-    m_pLogData->m_bUseDBMgr = m_bIsLocal;
-    m_RecordList.RemoveColumns();
-    m_pLogData->m_pIDBManagerProvider = m_pIDBManagerProvider;
-    m_pLogData->SetListCtrl(&m_RecordList);
-    m_pLogData->SetInfoDialog(&m_DetailPane);
-    m_pLogData->SetListColumn();
-    m_pLogData->SetInfoLabel();
-    return true;
+    return m_ShownLog.Make(m_nLogType, {m_bIsLocal, m_pIDBManagerProvider, m_strLocalIp});
 }
 
 void CKestrixDlg::FillDate()
 {
-    m_DateList.Fill({*m_pLogData, m_bIsLocal, m_pIDBManagerProvider, m_strLogPath, m_bLogOnly, m_nReportSpan});
+    m_DateList.Fill({*Log(), m_bIsLocal, m_pIDBManagerProvider, m_strLogPath, m_bLogOnly, m_nReportSpan});
 }
 
 // Lists the dates and loads the newest. A path of files without any is told to the user and cancels the page: false.
@@ -166,7 +131,7 @@ void CKestrixDlg::OnSelchangeLogDate()
     VD_TRACE(Flow, L"[Enter]CKestrixDlg::OnSelchangeLogDate() ");
     const CWaitCursor wait;
     m_RecordList.ForgetClicks();
-    if (m_pLogData == nullptr)
+    if (Log() == nullptr)
     {
         return;
     }
@@ -180,22 +145,12 @@ void CKestrixDlg::OnSelchangeLogDate()
     COleDateTime date;
     const bool isLoadable = m_bIsLocal ? GetLogFileName(date) : IsUsablePath(m_strLogPath);
     m_ExportButton.EnableWindow(isLoadable);
-    m_pLogData->ClearLog();
-    if (isLoadable && LoadRecords(date))
+    Log()->ClearLog();
+    if (isLoadable && m_ShownLog.Load(m_bIsLocal, date, m_strLogPath))
     {
         m_DetailPane.ShowShortText();
         VD_TRACE(Flow, L"[Leave]CKestrixDlg::OnSelchangeLogDate() ");
     }
-}
-
-bool CKestrixDlg::LoadRecords(const COleDateTime& date)
-{
-    if (m_bIsLocal)
-    {
-        return m_RecordList.LoadDay(date);
-    }
-    m_RecordList.LoadFile(m_strLogPath);
-    return true;
 }
 
 void CKestrixDlg::OnGetDispInfoLogList(NMLVDISPINFOW& info)
@@ -206,32 +161,12 @@ void CKestrixDlg::OnGetDispInfoLogList(NMLVDISPINFOW& info)
     }
 }
 
-void CKestrixDlg::ShowSelectedRecord()
-{
-    VD_TRACE(Flow, L"[Enter]CKestrixDlg::OnClickLogList()...");
-    LogRec* const record = m_RecordList.SelectedRecord();
-    if (record == nullptr)
-    {
-        return;
-    }
-    try
-    {
-        m_pLogData->SetLogInfo(record);
-    }
-    catch (const std::out_of_range&)
-    {
-        m_DetailPane.ClearValues(); // a record that is too short for the pane is not to stand half in it
-    }
-    m_DetailPane.ShowShortText();
-    VD_TRACE(Flow, L"[Leave]CKestrixDlg::OnClickLogList()...");
-}
-
 BOOL CKestrixDlg::PreTranslateMessage(MSG& message)
 {
     if (message.message == WM_KEYUP && message.hwnd == m_RecordList.GetSafeHwnd() &&
         (message.wParam == VK_UP || message.wParam == VK_DOWN))
     {
-        ShowSelectedRecord();
+        m_ShownLog.ShowSelectedRecord();
     }
     return CBitmapDialog::PreTranslateMessage(message);
 }
@@ -254,15 +189,15 @@ void CKestrixDlg::OnStnClickedTypesValue()
 
 void CKestrixDlg::OnStnClickedMoreInfo()
 {
-    if (m_pLogData != nullptr)
+    if (Log() != nullptr)
     {
-        m_DetailPane.ShowWholeText(m_pLogData->GetInfoText());
+        m_DetailPane.ShowWholeText(Log()->GetInfoText());
     }
 }
 
 void CKestrixDlg::OnBnClickedBtnAddRule()
 {
-    if (m_pLogData == nullptr || !Kind()->hasAllowRule)
+    if (Log() == nullptr || !Kind()->hasAllowRule)
     {
         return;
     }
@@ -270,7 +205,7 @@ void CKestrixDlg::OnBnClickedBtnAddRule()
     m_Operations.Run(
         [this]
         {
-            m_pLogData->AddAllowRule();
+            Log()->AddAllowRule();
             m_DetailPane.DisableAllow();
             KeepFocusUsable();
         });

@@ -2,10 +2,12 @@
 
 #include "framework/ui/kestrix/app/page/DateList.h"
 #include "framework/ui/kestrix/app/page/DetailPane.h"
+#include "framework/ui/kestrix/app/page/KeyboardFocus.h"
 #include "framework/ui/kestrix/app/page/LogChoice.h"
 #include "framework/ui/kestrix/app/page/LogOperations.h"
 #include "framework/ui/kestrix/app/page/PageHeadings.h"
 #include "framework/ui/kestrix/app/page/RecordList.h"
+#include "framework/ui/kestrix/app/page/ShownLog.h"
 #include "framework/ui/kestrix/app/page/ThreatLink.h"
 #include "framework/ui/kestrix/controls/BitmapDialog.h"
 #include "framework/ui/kestrix/controls/ExtendButton.h"
@@ -13,7 +15,6 @@
 #include "framework/ui/kestrix/logs/LogKinds.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
 class COleDateTime;
@@ -54,10 +55,10 @@ public:
 
     std::wstring SelectedDate() const { return m_DateList.SelectedText(); }
 
-    CZPTLogBase* Log() const { return m_pLogData.get(); }
+    CZPTLogBase* Log() const { return m_ShownLog.Log(); }
 
     // Takes the keyboard to the list of records when what has it in the form has gone, is disabled or takes no keys.
-    void KeepFocusUsable();
+    void KeepFocusUsable() { ::KeepFocusUsable(*this, m_RecordList); }
 
     // Lends the page the form's buttons, which it enables while there is something to export or delete.
     void SetFormButtons(HWND exportButton, HWND deleteButton)
@@ -89,7 +90,7 @@ protected:
 private:
     void OnGetDispInfoLogList(NMLVDISPINFOW& info);
 
-    void OnClickLogList(NMITEMACTIVATE&) { ShowSelectedRecord(); }
+    void OnClickLogList(NMITEMACTIVATE&) { m_ShownLog.ShowSelectedRecord(); }
 
     void OnColumnClickLogList(NMLISTVIEW& click) { m_RecordList.SortByClick(click.iSubItem); }
 
@@ -108,9 +109,6 @@ private:
 
     bool GetLogFileName(COleDateTime& date) const { return m_DateList.GetSelectedDate(date); }
 
-    bool LoadRecords(const COleDateTime& date);
-    void ShowSelectedRecord();
-
     bool ChkInternetConnect() { return HasInternetConnection(); }
 
     void FillLogTypeCombo();
@@ -122,7 +120,7 @@ private:
     const LogKind* Kind() const { return FindLogKind(m_nLogType); }
 
     IDBManagerProvider* m_pIDBManagerProvider = nullptr; // not owned
-    std::unique_ptr<CZPTLogBase> m_pLogData;             // null for a type that has no class
+    CShownLog m_ShownLog{m_RecordList, m_DetailPane};    // goes after both
     CLogOperations m_Operations{[this] { BuildAnew(); }};
 
     CPageHeadings m_Headings;

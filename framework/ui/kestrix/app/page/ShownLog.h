@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+class CDetailPane;
+class COleDateTime;
+class CRecordList;
+class CZPTLogBase;
+class IDBManagerProvider;
+
+// Where a log has its records and what else it is told of the machine.
+struct LogSource
+{
+    bool isLocal;                 // of the database, else of daily files
+    IDBManagerProvider* provider; // not owned
+    const std::wstring& localAddress;
+};
+
+// The log object of the page, joined to the list of its records and to the detail pane of the selected one. It owns the
+// records, to which the rows of the list point.
+class CShownLog
+{
+public:
+    // The list and the pane outlive the object.
+    CShownLog(CRecordList& list, CDetailPane& pane);
+    ~CShownLog();
+
+    // Makes the log of the type in place of the one before; false when the type has no class.
+    bool Make(std::uint32_t type, const LogSource& source);
+
+    // Null for a type that has no class.
+    CZPTLogBase* Log() const { return m_pLogData.get(); }
+
+    // Loads a day of the provider when the log is local, else what can be read of the file. False when the day could
+    // not be read.
+    bool Load(bool isLocal, const COleDateTime& date, const std::wstring& path);
+
+    // Shows the selected record in the detail pane; none there changes nothing.
+    void ShowSelectedRecord();
+
+private:
+    CRecordList& m_RecordList;
+    CDetailPane& m_DetailPane;
+    std::unique_ptr<CZPTLogBase> m_pLogData;
+};
