@@ -17,7 +17,7 @@ TemporaryFolder::TemporaryFolder()
 {
     static unsigned s_number = 0;
     m_path = std::filesystem::temp_directory_path() /
-             (L"KestrixTest-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++s_number));
+             (std::wstring(Prefix) + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++s_number));
     std::error_code ignored;
     std::filesystem::remove_all(m_path, ignored); // of a test that was killed under this process number
     std::filesystem::create_directories(m_path);

@@ -13,11 +13,16 @@ public:
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
+    // Whether a folder is called as those of the tests are.
+    static bool IsName(std::wstring_view name) { return name.starts_with(Prefix); }
+
     const std::filesystem::path& Path() const { return m_path; }
 
     std::wstring File(std::wstring_view name) const { return (m_path / name).wstring(); }
 
 private:
+    static constexpr std::wstring_view Prefix = L"KestrixTest-";
+
     std::filesystem::path m_path;
 };
 
