@@ -1,6 +1,7 @@
 // The viewer on daily files: what a user sees and does.
 
 #include "resource/resource.h"
+#include "tests/e2e/EventLogs.h"
 #include "tests/e2e/Viewer.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/TemporaryFolder.h"
@@ -14,8 +15,6 @@ namespace
 {
 
 using Texts = std::vector<std::wstring>;
-
-constexpr int VirusLog = 1; // command code
 
 std::wstring Record(const std::wstring& time, const std::wstring& threat)
 {

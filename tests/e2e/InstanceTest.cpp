@@ -14,7 +14,7 @@
 namespace
 {
 
-constexpr wchar_t NoLog[] = L"LocalLog%|6%|%|%|%|0"; // the form with an empty page
+constexpr wchar_t EmptyForm[] = L"LocalLog%|6%|%|%|%|0"; // the form with an empty page
 constexpr wchar_t InstanceMutex[] = L"FRWK_MUTEX_KESTRIX";
 constexpr wchar_t MaxCountMutex[] = L"ZPTLOG_MUTEX_MAXCNT";
 
@@ -26,7 +26,7 @@ std::wstring ProgramPath()
 // A start that is expected to end by itself, without a window.
 void ExpectToEndWithoutAWindow(const std::wstring& program = ProgramPath())
 {
-    const DebuggerOutput output(program, NoLog);
+    const DebuggerOutput output(program, EmptyForm);
     EXPECT_TRUE(output.ended);
     EXPECT_EQ(output.exitCode, 0u);
     EXPECT_FALSE(output.hadWindow);
@@ -121,7 +121,7 @@ protected:
         EXPECT_EQ(m_first.Close(), 0u);
     }
 
-    const Viewer m_first{NoLog};
+    const Viewer m_first{EmptyForm};
     const Curtain m_curtain;
 };
 
@@ -197,7 +197,7 @@ TEST_F(StartingViewerTest, ASecondStartEndsWhileTheFirstHasNoFormYet)
     const Process service(ProgramFolder() + L"VdFrwkSvc.exe", L"-Embedding");
     ASSERT_TRUE(WaitUntil([] { return Service::IsRunning(); }));
     Service::Freeze();
-    const Process first(ProgramPath(), NoLog);
+    const Process first(ProgramPath(), EmptyForm);
     ASSERT_TRUE(WaitUntil([] { return bool(UniqueKernelHandle(OpenMutexW(SYNCHRONIZE, FALSE, InstanceMutex))); }));
     const Tracing tracing(m_service.Installed().Path());
     ExpectToEndWithoutAWindow();
@@ -214,10 +214,10 @@ TEST_F(StartingViewerTest, ASecondStartEndsWhileTheFirstHasNoFormYet)
 
 TEST_P(RunningCountTest, AsManyViewersAsTheSettingAllowsAndOneMoreShowsAMessageAndNoForm)
 {
-    const Viewer viewer(NoLog);
+    const Viewer viewer(EmptyForm);
     RunningCount count;
     UseUp(count, viewer);
-    const Process oneMore(ProgramPath(), NoLog);
+    const Process oneMore(ProgramPath(), EmptyForm);
     EXPECT_EQ(TextOfOnlyBox(oneMore, m_strProduct), Text(IDS_TOO_MANY_VIEWERS));
     EXPECT_TRUE(WaitUntil(
         [&]
@@ -232,7 +232,7 @@ TEST_P(RunningCountTest, AsManyViewersAsTheSettingAllowsAndOneMoreShowsAMessageA
 
 TEST_P(RunningCountTest, WhileAnotherOneShowsTheMessageItEndsWithoutAWindow)
 {
-    const Viewer viewer(NoLog);
+    const Viewer viewer(EmptyForm);
     RunningCount count;
     UseUp(count, viewer);
     const UniqueKernelHandle message(CreateMutexW(nullptr, FALSE, MaxCountMutex));

@@ -21,8 +21,8 @@ namespace
 using Framework::List;
 using Texts = std::vector<std::wstring>;
 
-constexpr wchar_t Program[] = L"C:\\Program Files\\Pinecone Browser\\pinecone.exe";
-constexpr std::uint32_t Tcp = 6;
+constexpr wchar_t RefusedProgram[] = L"C:\\Program Files\\Pinecone Browser\\pinecone.exe";
+constexpr std::uint32_t TcpProtocol = 6;
 constexpr std::uint32_t Outgoing = 2;
 constexpr int MostTries = 8;
 
@@ -41,10 +41,10 @@ List RuleOfProgram(std::uint16_t action)
 {
     List rule = Framework::UsualRule();
     rule[Framework::RuleName] = std::wstring(L"pinecone");
-    rule[Framework::RuleProgram] = std::wstring(Program);
+    rule[Framework::RuleProgram] = std::wstring(RefusedProgram);
     rule[Framework::RuleAction] = action;
     rule[Framework::RuleDirection] = std::uint16_t{2};
-    rule[Framework::RuleProtocol] = Tcp;
+    rule[Framework::RuleProtocol] = TcpProtocol;
     return rule;
 }
 
@@ -86,7 +86,7 @@ protected:
 
     static int Allow()
     {
-        const FirewallSelection selection{Program, Outgoing, Tcp};
+        const FirewallSelection selection{RefusedProgram, Outgoing, TcpProtocol};
         return Log::RemoveSelectedPfwRuleAndAddAllowRule(&selection);
     }
 

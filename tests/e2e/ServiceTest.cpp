@@ -5,6 +5,7 @@
 #include "suite/framework/SafeArray.h"
 #include "suite/framework/ValueSource.h"
 #include "suite/samples/UrlCategories.h"
+#include "tests/e2e/EventLogs.h"
 #include "tests/e2e/ServiceFixture.h"
 
 namespace
@@ -18,8 +19,6 @@ constexpr ValueKey ReportKey{112, 1};
 constexpr ValueKey PurgeKey{113, 2};
 constexpr ValueKey CategoriesKey{3, 2};
 constexpr ValueKey ConnectionKey{39, 4};
-
-constexpr std::uint32_t VirusSubType = 2;
 
 List Bytes(std::size_t count, std::uint8_t first)
 {

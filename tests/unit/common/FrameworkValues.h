@@ -10,6 +10,8 @@
 
 using Traces = std::vector<std::wstring>;
 
+inline const Traces NoTraces;
+
 // Records what is traced, and fails a test that leaves a block of an array or a text behind.
 class FrameworkValues : public ::testing::Test
 {

@@ -17,7 +17,7 @@ using namespace Frwk::Interface;
 using Texts = std::vector<std::wstring>;
 using Step = ControllerDouble::Step;
 
-constexpr std::uint32_t AllKinds = 63;
+constexpr std::uint32_t EveryKind = 63;
 constexpr auto Refused = static_cast<HRESULT>(0x80040201);
 
 struct Apartment
@@ -102,7 +102,7 @@ TEST_F(EventSinkHandlerTest, WithTheMaskOneAStatusEventIsAnsweredWithoutATrace)
 
 TEST_F(EventSinkHandlerTest, AnEventThatNobodyOverridesIsNotWanted)
 {
-    EventSinkHandler sink(AllKinds);
+    EventSinkHandler sink(EveryKind);
     const Event event{};
     EXPECT_EQ(sink.OnCommand(event), EventNotWanted);
     EXPECT_EQ(sink.OnProfile(event), EventNotWanted);
@@ -145,7 +145,7 @@ TEST_F(EventSinkHandlerTest, ASessionMaskConnectsTheSessionEventsAlone)
 
 TEST_F(EventSinkHandlerTest, BothConnectionsAreMadeAndEndedLocalFirst)
 {
-    RecordingSink sink(AllKinds);
+    RecordingSink sink(EveryKind);
     EXPECT_EQ(sink.Initialize(), S_OK);
     EXPECT_EQ(sink.References(), 2u);
     EXPECT_EQ(sink.Uninitialize(), S_OK);
@@ -200,7 +200,7 @@ TEST_F(EventSinkHandlerTest, AControllerThatCannotBeMadeLeavesTheSinkUnconnected
 TEST_F(EventSinkHandlerTest, AControllerThatIsMadeAndNotGivenIsAFailure)
 {
     m_controller.GiveNothing(Step::Create);
-    RecordingSink sink(AllKinds);
+    RecordingSink sink(EveryKind);
     EXPECT_EQ(sink.Initialize(), E_POINTER);
     EXPECT_FALSE(sink.connected);
 }
@@ -233,7 +233,7 @@ TEST_F(EventSinkHandlerTest, ARefusedAdviseIsAnsweredWhileTheSinkIsConnected)
 
 TEST_F(EventSinkHandlerTest, TheResultOfTwoConnectionsIsThatOfTheLast)
 {
-    RecordingSink sink(AllKinds);
+    RecordingSink sink(EveryKind);
     m_controller.Fail(Step::Advise, Refused);
     m_controller.Fail(Step::Unadvise, Refused);
     m_controller.m_onCall = [&](const std::wstring& call)
@@ -257,7 +257,7 @@ TEST_F(EventSinkHandlerTest, TheResultOfTwoConnectionsIsThatOfTheLast)
 
 TEST_F(EventSinkHandlerTest, BothConnectionsMayBeRefused)
 {
-    RecordingSink sink(AllKinds);
+    RecordingSink sink(EveryKind);
     m_controller.Fail(Step::Find, Refused);
     EXPECT_EQ(sink.Initialize(), Refused);
     EXPECT_TRUE(sink.connected);
@@ -283,7 +283,7 @@ TEST_F(EventSinkHandlerTest, ConnectionPointsThatAreNotGivenAreFailures)
 
 TEST_F(EventSinkHandlerTest, UninitializeWithoutAControllerTellsAnInvalidArgument)
 {
-    RecordingSink sink(AllKinds);
+    RecordingSink sink(EveryKind);
     EXPECT_EQ(sink.Uninitialize(), E_INVALIDARG);
     EXPECT_EQ(m_trace.Texts(),
               (Texts{EnterEnd,

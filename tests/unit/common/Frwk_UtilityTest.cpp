@@ -18,14 +18,14 @@ namespace
 {
 
 using namespace Frwk::Utility;
-using Traces = std::vector<std::wstring>;
+using UtilityTraces = std::vector<std::wstring>;
 
 constexpr wchar_t Key[] = L"Software\\Veldrane\\Zeptara";
 
-const Traces NoTraces;
+const UtilityTraces NothingTraced;
 
 // The same message for every value.
-Traces Failed(const std::wstring& code)
+UtilityTraces Failed(const std::wstring& code)
 {
     return {L"*** Frwk::Utility::GetInstalledFolder() -  Got VdCommon::Storage::Exception(). [0x" + code + L"]"};
 }
@@ -33,9 +33,9 @@ Traces Failed(const std::wstring& code)
 class FrameworkUtility : public ::testing::Test
 {
 protected:
-    Traces Errors()
+    UtilityTraces Errors()
     {
-        Traces errors = m_traces.Errors();
+        UtilityTraces errors = m_traces.Errors();
         m_traces.Clear();
         return errors;
     }
@@ -52,7 +52,7 @@ TEST_F(FrameworkUtility, FolderAndLanguageAreTheValuesOfTheInstallation)
     m_sandbox.SetText(Key, L"LangName", L"en-US");
     EXPECT_EQ(GetInstalledFolder(), L"C:\\Suite \x0416");
     EXPECT_EQ(GetLangName(), L"en-US");
-    EXPECT_EQ(Errors(), NoTraces);
+    EXPECT_EQ(Errors(), NothingTraced);
 }
 
 TEST_F(FrameworkUtility, MissingKeyGivesEmptyAndOneLineWithThePlatformsNotFoundCode)
@@ -89,7 +89,7 @@ TEST_F(FrameworkUtility, EmptyFolderIsNoFailureAndItsLogFolderIsRelative)
     m_sandbox.SetText(Key, L"InstalledFolder", L"");
     EXPECT_EQ(GetInstalledFolder(), L"");
     EXPECT_EQ(GetLogFolder(), L"Log\\");
-    EXPECT_EQ(Errors(), NoTraces);
+    EXPECT_EQ(Errors(), NothingTraced);
 }
 
 TEST_F(FrameworkUtility, FolderWithAndWithoutATrailingBackslashGivesTheSameLogFolder)
@@ -144,7 +144,7 @@ TEST_F(FrameworkUtility, StorageThatCannotBeMadeGivesEmptyAndItsOwnMessage)
 {
     m_sandbox.SetText(Key, L"InstalledFolder", L"C:\\Suite");
     m_sandbox.SetText(Key, L"LangName", L"en-US");
-    const Traces expected{L"*** Frwk::Utility::GetInstalledFolder() -  pStorage was invalid."};
+    const UtilityTraces expected{L"*** Frwk::Utility::GetInstalledFolder() -  pStorage was invalid."};
     std::wstring answer = L"before";
     {
         const OneFailingBlock none;

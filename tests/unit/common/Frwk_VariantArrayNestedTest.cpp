@@ -14,8 +14,6 @@ using Frwk::DataTypes::VariantArray;
 
 using NestedArrays = FrameworkValues;
 
-const Traces NoTraces;
-
 std::uint32_t NumberAt(SAFEARRAY* array, std::uint32_t index)
 {
     VariantArray reader;

@@ -13,8 +13,6 @@ using Frwk::DataTypes::VariantArray;
 
 using VariantArrays = FrameworkValues;
 
-const Traces NoTraces;
-
 TEST_F(VariantArrays, CreateArrayMakesOneDimensionOfEmptyVariantsFrom0)
 {
     VariantArray array;

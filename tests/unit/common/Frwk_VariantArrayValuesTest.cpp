@@ -15,8 +15,6 @@ using Frwk::DataTypes::VariantArray;
 
 using VariantArrayValues = FrameworkValues;
 
-const Traces NoTraces;
-
 // What GetValue gives for the only element of an array.
 template <class Value>
 bool Read(VARIANT element, Value& value)

@@ -12,7 +12,7 @@
 namespace
 {
 
-constexpr COLORREF White = RGB(255, 255, 255);
+constexpr COLORREF PlainWhite = RGB(255, 255, 255);
 constexpr COLORREF Key = RGB(0, 255, 0);
 constexpr unsigned Corners[] = {IDB_CORNER_TOP_LEFT, IDB_CORNER_TOP_RIGHT, IDB_CORNER_BOTTOM_LEFT,
                                 IDB_CORNER_BOTTOM_RIGHT};
@@ -25,7 +25,7 @@ int CountOf(const Bitmap& bitmap, COLORREF colour)
     return static_cast<int>(std::ranges::count(bitmap.pixels, colour));
 }
 
-int Brightness(COLORREF colour)
+int BrightnessOf(COLORREF colour)
 {
     return (GetRValue(colour) * 30 + GetGValue(colour) * 59 + GetBValue(colour) * 11) / 100;
 }
@@ -38,7 +38,7 @@ std::vector<int> GreyIcon(const Bitmap& strip, int icon)
     {
         for (int x = 0; x < LogIconSize; ++x)
         {
-            grey.push_back(Brightness(strip.At(icon * LogIconSize + x, y)));
+            grey.push_back(BrightnessOf(strip.At(icon * LogIconSize + x, y)));
         }
     }
     return grey;
@@ -136,7 +136,7 @@ TEST(SkinFrame, TheTopIsDarkUnderAWhiteHeadingAndHigherThanItsButtons)
     EXPECT_GE(top.width, 640) << "a small dialog shows it unstretched";
     for (const COLORREF colour : std::set<COLORREF>(top.pixels.begin(), top.pixels.end()))
     {
-        EXPECT_LT(Brightness(colour), 80);
+        EXPECT_LT(BrightnessOf(colour), 80);
     }
 }
 
@@ -148,7 +148,7 @@ TEST(SkinFrame, WhiteIsCutAwayAtTheOuterCornerAloneAndFromAllFourAlike)
         const Bitmap corner = ReadBitmap(number);
         const bool isLeft = number == IDB_CORNER_TOP_LEFT || number == IDB_CORNER_BOTTOM_LEFT;
         const bool isTop = number == IDB_CORNER_TOP_LEFT || number == IDB_CORNER_TOP_RIGHT;
-        EXPECT_EQ(12, CountOf(corner, White)) << number;
+        EXPECT_EQ(12, CountOf(corner, PlainWhite)) << number;
         for (int y = 0; y < corner.height; ++y)
         {
             for (int x = 0; x < corner.width; ++x)
@@ -159,7 +159,7 @@ TEST(SkinFrame, WhiteIsCutAwayAtTheOuterCornerAloneAndFromAllFourAlike)
                                            (2 * (Radius - outerY) - 1) * (2 * (Radius - outerY) - 1) >
                                        4 * Radius * Radius;
                 const bool inCorner = outerX < Radius && outerY < Radius;
-                EXPECT_EQ(inCorner && isOutside, corner.At(x, y) == White) << number << " at " << x << ", " << y;
+                EXPECT_EQ(inCorner && isOutside, corner.At(x, y) == PlainWhite) << number << " at " << x << ", " << y;
             }
         }
     }
@@ -179,7 +179,7 @@ TEST(SkinButtons, TheFaceHasCornersThatStayAndAMiddleToStretch)
     {
         EXPECT_TRUE(IsOneColour(face, {x, ButtonBorder - 1, x + 1, face.height - ButtonBorder + 1})) << "column " << x;
     }
-    EXPECT_GT(Brightness(face.At(ButtonBorder, ButtonBorder)), 220) << "dark text stands on it";
+    EXPECT_GT(BrightnessOf(face.At(ButtonBorder, ButtonBorder)), 220) << "dark text stands on it";
 }
 
 TEST(SkinButtons, CaptionButtonsAreLargeEnoughAndOfOneSize)
@@ -225,8 +225,8 @@ TEST(SkinTabs, BothAreOfOneSizeAndToldApart)
     EXPECT_EQ(normal.width, selected.width);
     EXPECT_EQ(normal.height, selected.height);
     EXPECT_GT(Differences(normal.pixels, selected.pixels), normal.width * normal.height / 2);
-    EXPECT_GT(Brightness(normal.At(normal.width / 2, normal.height / 2)), 220) << "dark text stands on it";
-    EXPECT_GT(Brightness(selected.At(selected.width / 2, selected.height / 2)), 220);
+    EXPECT_GT(BrightnessOf(normal.At(normal.width / 2, normal.height / 2)), 220) << "dark text stands on it";
+    EXPECT_GT(BrightnessOf(selected.At(selected.width / 2, selected.height / 2)), 220);
 }
 
 TEST(FirewallIcons, AreFiveSquaresOf16PixelsAnd24Bits)
@@ -255,7 +255,7 @@ TEST(FirewallIcons, AreNotFilledToTheEdgeOfTheirSquare)
     const Bitmap strip = ReadBitmap(IDB_FIREWALL_ICONS);
     for (int icon = 0; icon < 5; ++icon)
     {
-        EXPECT_EQ(White, strip.At(icon * LogIconSize, 0)) << icon;
-        EXPECT_NE(White, strip.At(icon * LogIconSize + LogIconSize / 2, LogIconSize / 2)) << icon;
+        EXPECT_EQ(PlainWhite, strip.At(icon * LogIconSize, 0)) << icon;
+        EXPECT_NE(PlainWhite, strip.At(icon * LogIconSize + LogIconSize / 2, LogIconSize / 2)) << icon;
     }
 }

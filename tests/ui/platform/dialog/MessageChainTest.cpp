@@ -11,7 +11,7 @@ namespace
 {
 
 constexpr int ControlId = 5;
-constexpr UINT Probe = WM_USER + 1;
+constexpr UINT MessageChainProbe = WM_USER + 1;
 
 // What a handler does after its note; by default nothing more.
 using Action = std::function<LRESULT(CWnd&)>;
@@ -82,7 +82,7 @@ protected:
         static constexpr auto rows = MessageRows(
             On::Command<ControlId, &CReceiving::OnClick>, On::Notify<TCN_SELCHANGE, ControlId, &CReceiving::OnSelect>,
             On::Message<WM_DRAWITEM, &CReceiving::OnDraw>, On::CtlColor<&CReceiving::OnColor>,
-            On::Message<Probe, &CReceiving::OnProbe>);
+            On::Message<MessageChainProbe, &CReceiving::OnProbe>);
         static constexpr MessageMap map{rows, &CWnd::Map};
         return map;
     }
@@ -232,9 +232,9 @@ TEST_F(MessageChainTest, DefaultRunsTheOriginalAndGivesItsResultEachTime)
 {
     AttachParent();
     m_parentWindow.m_answer = 4;
-    EXPECT_EQ(8, Send(Probe, 0x123456789, -7));
+    EXPECT_EQ(8, Send(MessageChainProbe, 0x123456789, -7));
     EXPECT_EQ(Notes{L"probe"}, m_notes);
-    ASSERT_EQ(2, m_parentWindow.CountOf(Probe));
+    ASSERT_EQ(2, m_parentWindow.CountOf(MessageChainProbe));
     EXPECT_EQ(0x123456789u, m_parentWindow.m_reached.back().wParam);
     EXPECT_EQ(-7, m_parentWindow.m_reached.back().lParam);
 }

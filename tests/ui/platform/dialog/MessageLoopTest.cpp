@@ -9,7 +9,7 @@
 namespace
 {
 
-constexpr UINT Probe = WM_APP + 7;
+constexpr UINT MessageLoopProbe = WM_APP + 7;
 
 // Notes that it was asked about Probe, and takes it where it shall.
 class CAsked : public CWnd
@@ -19,7 +19,7 @@ public:
 
     BOOL PreTranslateMessage(MSG& message) override
     {
-        if (message.message == Probe)
+        if (message.message == MessageLoopProbe)
         {
             m_notes.push_back(m_name);
             return m_takes;
@@ -47,11 +47,11 @@ protected:
     // Posts one message to the innermost window and runs the loop until it is through.
     void RunProbe(HWND top)
     {
-        PostMessageW(m_innerWindow.Get(), Probe, 0, 0);
-        PostMessageW(m_innerWindow.Get(), Probe + 1, 0, 0);
+        PostMessageW(m_innerWindow.Get(), MessageLoopProbe, 0, 0);
+        PostMessageW(m_innerWindow.Get(), MessageLoopProbe + 1, 0, 0);
         int exitCode = 0;
         EXPECT_TRUE(RunMessageLoop(
-            top, [this] { return m_innerWindow.CountOf(Probe + 1) == 1; }, exitCode));
+            top, [this] { return m_innerWindow.CountOf(MessageLoopProbe + 1) == 1; }, exitCode));
     }
 
     Notes m_notes;
@@ -68,7 +68,7 @@ TEST_F(MessageLoopTest, AsksFromTheMessagesWindowUpToTheTopAndNotBeyond)
 {
     RunProbe(m_topWindow.Get());
     EXPECT_EQ((Notes{L"inner", L"top"}), m_notes);
-    EXPECT_EQ(1, m_innerWindow.CountOf(Probe));
+    EXPECT_EQ(1, m_innerWindow.CountOf(MessageLoopProbe));
 }
 
 TEST_F(MessageLoopTest, WithoutATopAsksAll)
@@ -82,7 +82,7 @@ TEST_F(MessageLoopTest, AMessageThatIsTakenGoesNoFurther)
     m_inner.m_takes = true;
     RunProbe(m_topWindow.Get());
     EXPECT_EQ(Notes{L"inner"}, m_notes);
-    EXPECT_EQ(0, m_innerWindow.CountOf(Probe));
+    EXPECT_EQ(0, m_innerWindow.CountOf(MessageLoopProbe));
 }
 
 TEST_F(MessageLoopTest, IsAskedBeforeTheFirstMessageWhetherItIsDone)
@@ -107,7 +107,7 @@ TEST_F(MessageLoopTest, AnExceptionOfAnObjectThatIsAskedIsReportedAndTakesTheMes
     {
         BOOL PreTranslateMessage(MSG& message) override
         {
-            return message.message == Probe ? throw std::runtime_error("asked") : FALSE;
+            return message.message == MessageLoopProbe ? throw std::runtime_error("asked") : FALSE;
         }
     };
 
@@ -117,7 +117,7 @@ TEST_F(MessageLoopTest, AnExceptionOfAnObjectThatIsAskedIsReportedAndTakesTheMes
     RunProbe(m_topWindow.Get());
     EXPECT_EQ(Notes{L"asked"}, app.m_reports);
     EXPECT_EQ(Notes{L"inner"}, m_notes);
-    EXPECT_EQ(0, m_innerWindow.CountOf(Probe));
+    EXPECT_EQ(0, m_innerWindow.CountOf(MessageLoopProbe));
 }
 
 TEST(MessageLoopOfDialogTest, KeysOfADialogMoveTheFocusAndEndIt)

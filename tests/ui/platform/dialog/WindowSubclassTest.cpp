@@ -10,7 +10,7 @@
 namespace
 {
 
-constexpr UINT Probe = WM_USER + 1;
+constexpr UINT WindowSubclassProbe = WM_USER + 1;
 
 // Counts what comes, and does what a test wants inside a message.
 struct Listener
@@ -24,7 +24,7 @@ struct Listener
     static LRESULT Handle(void* owner, HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     {
         auto& self = *static_cast<Listener*>(owner);
-        self.count += message == Probe;
+        self.count += message == WindowSubclassProbe;
         if (const auto action = self.during)
         {
             action(message);
@@ -40,12 +40,12 @@ TEST(WindowSubclassTest, StandsBeforeTheWindowWhileTheObjectLives)
         Listener listener;
         ASSERT_TRUE(listener.Install(window.Get()));
         EXPECT_EQ(&listener, WindowSubclass::OwnerAt(window.Get()));
-        SendMessageW(window.Get(), Probe, 0, 0);
+        SendMessageW(window.Get(), WindowSubclassProbe, 0, 0);
         EXPECT_EQ(1, listener.count);
     }
     EXPECT_EQ(nullptr, WindowSubclass::OwnerAt(window.Get()));
-    SendMessageW(window.Get(), Probe, 0, 0);
-    EXPECT_EQ(2, window.CountOf(Probe));
+    SendMessageW(window.Get(), WindowSubclassProbe, 0, 0);
+    EXPECT_EQ(2, window.CountOf(WindowSubclassProbe));
 }
 
 TEST(WindowSubclassTest, EndsWithTheWindow)
@@ -65,17 +65,17 @@ TEST(WindowSubclassTest, TheObjectMayGoInsideItsOwnMessage)
     auto listener = std::make_unique<Listener>();
     listener->during = [&listener](UINT message)
     {
-        if (message == Probe)
+        if (message == WindowSubclassProbe)
         {
             listener.reset();
         }
     };
     ASSERT_TRUE(listener->Install(window.Get()));
-    SendMessageW(window.Get(), Probe, 0, 0);
+    SendMessageW(window.Get(), WindowSubclassProbe, 0, 0);
     EXPECT_EQ(nullptr, listener);
-    EXPECT_EQ(1, window.CountOf(Probe));
-    SendMessageW(window.Get(), Probe, 0, 0);
-    EXPECT_EQ(2, window.CountOf(Probe));
+    EXPECT_EQ(1, window.CountOf(WindowSubclassProbe));
+    SendMessageW(window.Get(), WindowSubclassProbe, 0, 0);
+    EXPECT_EQ(2, window.CountOf(WindowSubclassProbe));
 }
 
 TEST(WindowSubclassTest, TheObjectMayGoInTheLastMessage)
@@ -101,13 +101,13 @@ TEST(WindowSubclassTest, TheWindowMayGoInsideAMessage)
     Listener listener;
     listener.during = [&window](UINT message)
     {
-        if (message == Probe)
+        if (message == WindowSubclassProbe)
         {
             window.Destroy();
         }
     };
     ASSERT_TRUE(listener.Install(window.Get()));
-    SendMessageW(window.Get(), Probe, 0, 0);
+    SendMessageW(window.Get(), WindowSubclassProbe, 0, 0);
     EXPECT_FALSE(listener.subclass.IsInstalled());
 }
 
@@ -134,7 +134,7 @@ TEST(WindowSubclassTest, WhatIsNoWindowIsRefused)
 // Somebody else's procedure before the window; count is an int.
 LRESULT CALLBACK Stranger(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR count)
 {
-    *reinterpret_cast<int*>(count) += message == Probe;
+    *reinterpret_cast<int*>(count) += message == WindowSubclassProbe;
     return DefSubclassProc(window, message, wParam, lParam);
 }
 
@@ -148,13 +148,13 @@ TEST(WindowSubclassTest, GoesFromBelowAnotherProcedureAndMayComeBackThere)
         ASSERT_TRUE(first.Install(window.Get()));
         ASSERT_TRUE(SetWindowSubclass(window.Get(), &Stranger, 1, reinterpret_cast<DWORD_PTR>(&strangers)));
     }
-    SendMessageW(window.Get(), Probe, 0, 0);
-    EXPECT_EQ(1, window.CountOf(Probe)); // passed on
+    SendMessageW(window.Get(), WindowSubclassProbe, 0, 0);
+    EXPECT_EQ(1, window.CountOf(WindowSubclassProbe)); // passed on
 
     ASSERT_TRUE(later.Install(window.Get()));
-    SendMessageW(window.Get(), Probe, 0, 0);
+    SendMessageW(window.Get(), WindowSubclassProbe, 0, 0);
     EXPECT_EQ(1, later.count);
-    EXPECT_EQ(2, window.CountOf(Probe));
+    EXPECT_EQ(2, window.CountOf(WindowSubclassProbe));
     EXPECT_EQ(2, strangers); // nobody took it away
 
     window.Destroy();
@@ -168,14 +168,14 @@ TEST(WindowSubclassTest, TheOriginalIsReachedAfterTheObjectWentInsideItsMessage)
     Listener listener;
     listener.during = [&listener](UINT message)
     {
-        if (message == Probe)
+        if (message == WindowSubclassProbe)
         {
             listener.subclass.Remove();
         }
     };
     ASSERT_TRUE(listener.Install(window.Get()));
-    EXPECT_EQ(42, SendMessageW(window.Get(), Probe, 0, 0));
-    EXPECT_EQ(42, SendMessageW(window.Get(), Probe, 0, 0));
+    EXPECT_EQ(42, SendMessageW(window.Get(), WindowSubclassProbe, 0, 0));
+    EXPECT_EQ(42, SendMessageW(window.Get(), WindowSubclassProbe, 0, 0));
     EXPECT_EQ(1, listener.count);
 }
 

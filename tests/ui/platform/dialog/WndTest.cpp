@@ -14,7 +14,7 @@ extern "C" decltype(&::SendMessageW) __imp_SendMessageW;
 namespace
 {
 
-constexpr UINT Probe = WM_USER + 1;
+constexpr UINT WndProbe = WM_USER + 1;
 
 class CProbe : public CWnd
 {
@@ -30,7 +30,7 @@ protected:
     static const MessageMap& Map()
     {
         static constexpr auto rows =
-            MessageRows(On::Message<Probe, &CProbe::OnProbe>, On::Message<WM_DESTROY, &CProbe::OnDestroy>,
+            MessageRows(On::Message<WndProbe, &CProbe::OnProbe>, On::Message<WM_DESTROY, &CProbe::OnDestroy>,
                         On::Message<WM_NCDESTROY, &CProbe::OnNcDestroy>);
         static constexpr MessageMap map{rows, &CWnd::Map};
         return map;
@@ -41,13 +41,13 @@ protected:
     void PreSubclassWindow() override
     {
         m_notes.push_back(Note(L"before", m_hWnd != nullptr, FromHandlePermanent(m_hWnd) == this));
-        SendMessage(Probe); // does not come yet
+        SendMessage(WndProbe); // does not come yet
     }
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
     {
-        return m_procedure && message == Probe ? m_procedure(*this, message)
-                                               : CWnd::WindowProc(message, wParam, lParam);
+        return m_procedure && message == WndProbe ? m_procedure(*this, message)
+                                                  : CWnd::WindowProc(message, wParam, lParam);
     }
 
 private:
@@ -83,8 +83,8 @@ TEST(WndTest, SeesMessagesFromSubclassingOnAndNotBefore)
     CProbe object;
     ASSERT_TRUE(object.SubclassWindow(window.Get()));
     EXPECT_EQ(Notes{L"before 1 0"}, object.m_notes);
-    EXPECT_EQ(1, window.CountOf(Probe)); // that of PreSubclassWindow
-    EXPECT_EQ(9, SendMessageW(window.Get(), Probe, 0, 0));
+    EXPECT_EQ(1, window.CountOf(WndProbe)); // that of PreSubclassWindow
+    EXPECT_EQ(9, SendMessageW(window.Get(), WndProbe, 0, 0));
     EXPECT_EQ(&object, CWnd::FromHandlePermanent(window.Get()));
 }
 
@@ -98,7 +98,7 @@ TEST(WndTest, TheObjectGoesFirstAndLeavesTheWindowWhole)
     ASSERT_TRUE(IsWindow(window.Get()));
     EXPECT_EQ(nullptr, CWnd::FromHandlePermanent(window.Get()));
     window.m_answer = 2;
-    EXPECT_EQ(2, SendMessageW(window.Get(), Probe, 0, 0));
+    EXPECT_EQ(2, SendMessageW(window.Get(), WndProbe, 0, 0));
 }
 
 TEST(WndTest, TheWindowGoesFirstAndTheObjectGoesOnWithoutOne)
@@ -120,7 +120,7 @@ TEST(WndTest, TheObjectMayGoInsideItsOwnHandler)
     auto object = std::make_unique<CProbe>();
     ASSERT_TRUE(object->SubclassWindow(window.Get()));
     object->m_during = [&object](CProbe&) { object.reset(); };
-    EXPECT_EQ(9, SendMessageW(window.Get(), Probe, 0, 0));
+    EXPECT_EQ(9, SendMessageW(window.Get(), WndProbe, 0, 0));
     EXPECT_EQ(nullptr, object);
     EXPECT_EQ(nullptr, CWnd::FromHandlePermanent(window.Get()));
 }
@@ -133,9 +133,9 @@ TEST(WndTest, TheObjectMayGoWhileItsHandlersAreNested)
     object->m_during = [&object, &window](CProbe& self)
     {
         self.m_during = [&object](CProbe&) { object.reset(); };
-        EXPECT_EQ(9, SendMessageW(window.Get(), Probe, 0, 0));
+        EXPECT_EQ(9, SendMessageW(window.Get(), WndProbe, 0, 0));
     };
-    EXPECT_EQ(9, SendMessageW(window.Get(), Probe, 0, 0));
+    EXPECT_EQ(9, SendMessageW(window.Get(), WndProbe, 0, 0));
     EXPECT_EQ(nullptr, object);
 }
 
@@ -161,7 +161,7 @@ TEST(WndTest, TheWindowMayGoInsideAHandler)
         EXPECT_EQ(nullptr, self.GetSafeHwnd());
         EXPECT_EQ(0, self.CallDefault()); // there is nothing left to ask
     };
-    EXPECT_EQ(9, SendMessageW(window.Get(), Probe, 0, 0));
+    EXPECT_EQ(9, SendMessageW(window.Get(), WndProbe, 0, 0));
 }
 
 TEST(WndTest, AnObjectTakesOneWindowAndAWindowOneObject)
@@ -292,7 +292,7 @@ TEST(WndTest, AnOverriddenProcedureComesFirstAndDefaultIsAllTheRest)
     ASSERT_TRUE(object.SubclassWindow(window.Get()));
     object.m_notes.clear();
     object.m_procedure = [](CProbe& self, UINT) { return 1 + self.CallDefault(); };
-    EXPECT_EQ(10, SendMessageW(window.Get(), Probe, 0, 0));
+    EXPECT_EQ(10, SendMessageW(window.Get(), WndProbe, 0, 0));
     EXPECT_EQ(Notes{L"probe"}, object.m_notes);
 }
 

@@ -14,8 +14,6 @@ using VdCommon::ByteArray;
 
 using BytesOnTheWire = FrameworkValues;
 
-const Traces NoTraces;
-
 ByteArray Block(std::initializer_list<BYTE> content)
 {
     ByteArray bytes;
@@ -30,7 +28,7 @@ std::vector<BYTE> Content(const ByteArray& bytes)
 }
 
 // What GetByteArray gives, and the block afterwards, which held two bytes before.
-std::pair<bool, std::vector<BYTE>> Read(const OwnedArray& wire)
+std::pair<bool, std::vector<BYTE>> ReadBytes(const OwnedArray& wire)
 {
     ComByteArray array;
     EXPECT_TRUE(array.Attach(wire.Get()));
@@ -89,7 +87,7 @@ TEST_F(BytesOnTheWire, FirstWriteThatFailsEndsTheWriting)
 
 TEST_F(BytesOnTheWire, ReplaceTheBlock)
 {
-    EXPECT_EQ(Read(OwnedArray{Wire::Value(VT_UI1, 5), Wire::Value(VT_UI1, 0xFF), Wire::Value(VT_UI1, 0)}),
+    EXPECT_EQ(ReadBytes(OwnedArray{Wire::Value(VT_UI1, 5), Wire::Value(VT_UI1, 0xFF), Wire::Value(VT_UI1, 0)}),
               (std::pair{true, std::vector<BYTE>{5, 0xFF, 0}}));
     EXPECT_EQ(Errors(), NoTraces);
 }
@@ -105,7 +103,7 @@ TEST_F(BytesOnTheWire, NullBlockFails)
 
 TEST_F(BytesOnTheWire, ArrayWithNoElementsEmptiesTheBlockAndFails)
 {
-    EXPECT_EQ(Read(OwnedArray(VT_VARIANT, {{0, 0}})), (std::pair{false, std::vector<BYTE>()}));
+    EXPECT_EQ(ReadBytes(OwnedArray(VT_VARIANT, {{0, 0}})), (std::pair{false, std::vector<BYTE>()}));
     EXPECT_EQ(Errors(), NoTraces);
 }
 
@@ -120,7 +118,7 @@ TEST_F(BytesOnTheWire, MissingArrayEmptiesTheBlockAndFails)
 
 TEST_F(BytesOnTheWire, ReadThatFailsEndsTheReadingAndTheBlockIsCopiedAsItStands)
 {
-    EXPECT_EQ(Read(OwnedArray{Wire::Value(VT_UI1, 5), Wire::Value(VT_I1, 6), Wire::Value(VT_UI1, 7)}),
+    EXPECT_EQ(ReadBytes(OwnedArray{Wire::Value(VT_UI1, 5), Wire::Value(VT_I1, 6), Wire::Value(VT_UI1, 7)}),
               (std::pair{true, std::vector<BYTE>{5, 0, 0}}));
     EXPECT_EQ(Errors(), (Traces{L"*** VariantArray::GetValue() - Specified element was not VT_UI1.",
                                 L"*** ComByteArray::GetByteArray() - this->GetValue() failed. [1]"}));
@@ -128,7 +126,7 @@ TEST_F(BytesOnTheWire, ReadThatFailsEndsTheReadingAndTheBlockIsCopiedAsItStands)
 
 TEST_F(BytesOnTheWire, ArrayOfBareBytesIsNotRead)
 {
-    EXPECT_EQ(Read(OwnedArray(VT_UI1, {{3, 0}})), (std::pair{true, std::vector<BYTE>{0, 0, 0}}));
+    EXPECT_EQ(ReadBytes(OwnedArray(VT_UI1, {{3, 0}})), (std::pair{true, std::vector<BYTE>{0, 0, 0}}));
     EXPECT_EQ(Errors(), (Traces{L"*** VariantArray::GetElement() - ::SafeArrayGetElement() failed. [80020005]",
                                 L"*** ComByteArray::GetByteArray() - this->GetValue() failed. [0]"}));
 }

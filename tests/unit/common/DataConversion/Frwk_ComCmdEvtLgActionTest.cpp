@@ -10,8 +10,6 @@ using namespace Frwk::DataTypes;
 
 using PurgeRequest = FrameworkValues;
 
-const Traces NoTraces;
-
 constexpr CmdEvtLgAction Morning = {{2026, 11, 6, 14, 6, 12, 4, 999}, 0x01020304};
 
 TEST_F(PurgeRequest, Of14November2026At061204Gives20261114And61204AndTheKindOfLog)

@@ -10,8 +10,6 @@ using Frwk::DataTypes::ComPrfEvtLogSet;
 
 using PurgeSettings = FrameworkValues;
 
-const Traces NoTraces;
-
 TEST_F(PurgeSettings, AreFrequencyAndFlag)
 {
     ComPrfEvtLogSet array;

@@ -13,8 +13,6 @@ using namespace Frwk::DataTypes;
 
 using FirewallRule = FrameworkValues;
 
-const Traces NoTraces;
-
 // What a write makes of the rule, told from the bytes of the array.
 std::wstring Written(const FwRule& rule)
 {
@@ -25,7 +23,7 @@ std::wstring Written(const FwRule& rule)
     return Wire::TextOf(owner.Get());
 }
 
-bool Read(const OwnedArray& wire, FwRule& rule)
+bool ReadRule(const OwnedArray& wire, FwRule& rule)
 {
     ComPrfFwRule array;
     EXPECT_TRUE(array.Attach(wire.Get()));
@@ -60,7 +58,7 @@ TEST_F(FirewallRule, IsWrittenAs23ElementsOfTheirTypesInTheirPlaces)
 TEST_F(FirewallRule, IsReadFromElementsThatWereWrittenByHand)
 {
     FwRule rule;
-    EXPECT_TRUE(Read(SampleArray(), rule));
+    EXPECT_TRUE(ReadRule(SampleArray(), rule));
     EXPECT_EQ(rule, SampleRule());
     EXPECT_EQ(Errors(), NoTraces);
 }
@@ -69,7 +67,7 @@ TEST_F(FirewallRule, ReadFromTheWireAndWrittenBackWithoutChangeHasTheSameElement
 {
     const OwnedArray wire = SampleArray();
     FwRule rule;
-    ASSERT_TRUE(Read(wire, rule));
+    ASSERT_TRUE(ReadRule(wire, rule));
     EXPECT_EQ(Written(rule), Wire::TextOf(wire.Get()));
 }
 
@@ -90,7 +88,7 @@ TEST_F(FirewallRule, ElementOfTheWrongTypeFailsTheReadAtThatElement)
     for (std::size_t place = 0; place < elements.size(); ++place)
     {
         FwRule rule;
-        EXPECT_FALSE(Read(SampleWith(place, Wire::Value(VT_I4, 1)), rule)) << place;
+        EXPECT_FALSE(ReadRule(SampleWith(place, Wire::Value(VT_I4, 1)), rule)) << place;
         const VARTYPE type = elements[place].vt;
         const std::wstring name = type == VT_BOOL   ? L"VT_BOOL"
                                   : type == VT_UI2  ? L"VT_UI2"
@@ -108,7 +106,7 @@ TEST_F(FirewallRule, ElementOfTheWrongTypeFailsTheReadAtThatElement)
 TEST_F(FirewallRule, WhatWasReadBeforeTheFailureStaysInTheRuleAndTheRestIsNotRead)
 {
     FwRule rule;
-    EXPECT_FALSE(Read(SampleWith(16, Wire::Value(VT_I4, 1)), rule));
+    EXPECT_FALSE(ReadRule(SampleWith(16, Wire::Value(VT_I4, 1)), rule));
     FwRule expected = SampleRule();
     expected.nProtocolType = 0;
     expected.nPortType = 0;
@@ -118,7 +116,7 @@ TEST_F(FirewallRule, WhatWasReadBeforeTheFailureStaysInTheRuleAndTheRestIsNotRea
     EXPECT_EQ(rule, expected);
 
     rule = {};
-    EXPECT_FALSE(Read(SampleWith(21, Wire::Value(VT_I4, 1)), rule));
+    EXPECT_FALSE(ReadRule(SampleWith(21, Wire::Value(VT_I4, 1)), rule));
     expected.abField21 = {};
     expected.abField22 = {};
     EXPECT_EQ(rule, expected);
@@ -144,14 +142,14 @@ TEST_F(FirewallRule, ShorterArrayFailsTheRead)
     ::VariantClear(&elements.back());
     elements.pop_back();
     FwRule rule;
-    EXPECT_FALSE(Read(OwnedArray(std::span<const VARIANT>(elements)), rule));
+    EXPECT_FALSE(ReadRule(OwnedArray(std::span<const VARIANT>(elements)), rule));
     EXPECT_EQ(Errors(), Traces{L"*** VariantArray::GetElement() - ::SafeArrayGetElement() failed. [8002000b]"});
 }
 
 TEST_F(FirewallRule, FlagIsTrueForTheOneValueThatMeansIt)
 {
     FwRule rule = SampleRule();
-    EXPECT_TRUE(Read(SampleWith(19, Wire::Value(VT_BOOL, 1)), rule));
+    EXPECT_TRUE(ReadRule(SampleWith(19, Wire::Value(VT_BOOL, 1)), rule));
     EXPECT_FALSE(rule.bFlag19);
 }
 
@@ -174,7 +172,7 @@ TEST_F(FirewallRule, BlockOf15BytesAndLongBlockOf16HaveAnotherSizeThanIsRead)
     for (const auto& [place, bytes, trace] : cases)
     {
         FwRule rule;
-        EXPECT_FALSE(Read(SampleWith(place, Wire::Block(bytes, 1)), rule));
+        EXPECT_FALSE(ReadRule(SampleWith(place, Wire::Block(bytes, 1)), rule));
         EXPECT_EQ(Errors(), Traces{L"*** ComPrfFwRule::" + trace});
     }
 }
@@ -182,8 +180,8 @@ TEST_F(FirewallRule, BlockOf15BytesAndLongBlockOf16HaveAnotherSizeThanIsRead)
 TEST_F(FirewallRule, BlockOfNoBytesIsNotRead)
 {
     FwRule rule;
-    EXPECT_FALSE(Read(SampleWith(15, Wire::Block(0, 0)), rule));
-    EXPECT_FALSE(Read(SampleWith(20, Wire::Block(0, 0)), rule));
+    EXPECT_FALSE(ReadRule(SampleWith(15, Wire::Block(0, 0)), rule));
+    EXPECT_FALSE(ReadRule(SampleWith(20, Wire::Block(0, 0)), rule));
     EXPECT_EQ(Errors(), (Traces{L"*** ComPrfFwRule::GetValueArrayBytes() - cComByteArray.GetByteArray() failed.",
                                 L"*** ComPrfFwRule::GetPrfFwRule() - cComByteArray.GetByteArray() failed."}));
 }

@@ -16,8 +16,6 @@ using namespace Frwk::DataTypes;
 
 using FirewallRules = FrameworkValues;
 
-const Traces NoTraces;
-
 constexpr wchar_t ListFailed[] = L"*** ComPrfFwRules::GetPrfFwRules() - this->GetAtPrfFwRule() failed.";
 
 FwRule Named(const wchar_t* name)
@@ -44,7 +42,7 @@ OwnedArray Written(const FwRuleList& list)
     return OwnedArray(array.GetSafeArray());
 }
 
-bool Read(const OwnedArray& wire, FwRuleList& list)
+bool ReadRules(const OwnedArray& wire, FwRuleList& list)
 {
     ComPrfFwRules array;
     EXPECT_TRUE(array.Attach(wire.Get()));
@@ -61,7 +59,7 @@ TEST_F(FirewallRules, ListOf3IsAnArrayOf3AndComesBackInTheSameOrder)
     const OwnedArray byHand{OnTheWire(L"c"), OnTheWire(L"a"), OnTheWire(L"b")};
     EXPECT_EQ(Wire::TextOf(wire.Get()), Wire::TextOf(byHand.Get()));
     FwRuleList back{Named(L"old")};
-    EXPECT_TRUE(Read(byHand, back));
+    EXPECT_TRUE(ReadRules(byHand, back));
     EXPECT_EQ(back, list);
     EXPECT_EQ(Errors(), NoTraces);
 }
@@ -76,7 +74,7 @@ TEST_F(FirewallRules, EmptyListIsNotWritten)
 TEST_F(FirewallRules, ArrayOfNoElementsIsSuccessWithAnEmptyList)
 {
     FwRuleList list{Named(L"old")};
-    EXPECT_TRUE(Read(OwnedArray(VT_VARIANT, {{0, 0}}), list));
+    EXPECT_TRUE(ReadRules(OwnedArray(VT_VARIANT, {{0, 0}}), list));
     EXPECT_TRUE(list.empty());
     EXPECT_EQ(Errors(), NoTraces);
 }
@@ -105,7 +103,7 @@ TEST_F(FirewallRules, OneAloneIsReadByItsIndexAndLeavesNothingBehind)
 TEST_F(FirewallRules, ElementThatCannotBeReadFails)
 {
     FwRuleList list;
-    EXPECT_FALSE(Read(OwnedArray(VT_BSTR, {{2, 0}}), list));
+    EXPECT_FALSE(ReadRules(OwnedArray(VT_BSTR, {{2, 0}}), list));
     EXPECT_EQ(Errors(), (Traces{L"*** VariantArray::GetElement() - ::SafeArrayGetElement() failed. [80020005]",
                                 L"*** ComPrfFwRules::GetAtPrfFwRule() - this->GetElement() failed.", ListFailed}));
 }
@@ -115,7 +113,7 @@ TEST_F(FirewallRules, ElementThatHoldsNoArrayFails)
     for (const VARIANT& element : {Wire::Number(1), Wire::Text(L"rule"), Wire::Value(VT_EMPTY, 0)})
     {
         FwRuleList list;
-        EXPECT_FALSE(Read(OwnedArray{element}, list));
+        EXPECT_FALSE(ReadRules(OwnedArray{element}, list));
         EXPECT_EQ(Errors(),
                   (Traces{L"*** VariantArray::Attach() - _lpSafeArray was invalid.",
                           L"*** ComPrfFwRules::GetAtPrfFwRule() - cComPrfFwRule.Attach() failed.", ListFailed}));
@@ -125,8 +123,8 @@ TEST_F(FirewallRules, ElementThatHoldsNoArrayFails)
 TEST_F(FirewallRules, FirstRuleThatCannotBeReadEndsItAndThoseBeforeItStay)
 {
     FwRuleList list{Named(L"old")};
-    EXPECT_FALSE(
-        Read(OwnedArray{OnTheWire(L"a"), Wire::Array(OwnedArray{Wire::Value(VT_BOOL, 0)}), OnTheWire(L"c")}, list));
+    EXPECT_FALSE(ReadRules(
+        OwnedArray{OnTheWire(L"a"), Wire::Array(OwnedArray{Wire::Value(VT_BOOL, 0)}), OnTheWire(L"c")}, list));
     EXPECT_EQ(list, FwRuleList{Named(L"a")});
     EXPECT_EQ(Errors(),
               (Traces{L"*** VariantArray::GetElement() - ::SafeArrayGetElement() failed. [8002000b]",
@@ -171,7 +169,7 @@ TEST_F(FirewallRules, TenThousandRulesOfChanceComeBackBitForBit)
         const FwRuleList list = random.List(atOnce);
         const OwnedArray wire = Written(list);
         FwRuleList back;
-        ASSERT_TRUE(Read(wire, back));
+        ASSERT_TRUE(ReadRules(wire, back));
         ASSERT_EQ(back, list);
     }
     EXPECT_EQ(Errors(), NoTraces);

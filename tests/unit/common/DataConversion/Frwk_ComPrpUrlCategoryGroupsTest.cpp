@@ -12,7 +12,7 @@ using namespace Frwk::DataTypes;
 using CategoryGroups = FrameworkValues;
 using Groups = std::vector<UrlCategoryGroup>;
 
-constexpr wchar_t ListFailed[] =
+constexpr wchar_t GroupsFailed[] =
     L"*** ComPrpUrlCategoryGroups::GetPrpUrlCategoryGroups() - this->GetAtPrpUrlCategoryGroup() failed.";
 
 VARIANT Group(const wchar_t* first, const wchar_t* second)
@@ -20,7 +20,7 @@ VARIANT Group(const wchar_t* first, const wchar_t* second)
     return Wire::Array(OwnedArray{Wire::Text(first), Wire::Text(second)});
 }
 
-bool Read(const OwnedArray& wire, Groups* list)
+bool ReadGroups(const OwnedArray& wire, Groups* list)
 {
     ComPrpUrlCategoryGroups array;
     EXPECT_TRUE(array.Attach(wire.Get()));
@@ -41,7 +41,7 @@ std::wstring Keys(const Groups& list)
 TEST_F(CategoryGroups, ReplaceTheListInTheOrderOfTheArray)
 {
     Groups list{{L"old", L"old"}};
-    EXPECT_TRUE(Read(OwnedArray{Group(L"3", L"three"), Group(L"1", L""), Group(L"2", L"two")}, &list));
+    EXPECT_TRUE(ReadGroups(OwnedArray{Group(L"3", L"three"), Group(L"1", L""), Group(L"2", L"two")}, &list));
     ASSERT_EQ(Keys(list), L"3;1;2;");
     EXPECT_EQ(list[0].second, L"three");
     EXPECT_EQ(list[1].second, L"");
@@ -52,7 +52,7 @@ TEST_F(CategoryGroups, ReplaceTheListInTheOrderOfTheArray)
 TEST_F(CategoryGroups, EmptyListIsSuccessWithAnEmptyResult)
 {
     Groups list{{L"old", L"old"}};
-    EXPECT_TRUE(Read(OwnedArray(VT_VARIANT, {{0, 0}}), &list));
+    EXPECT_TRUE(ReadGroups(OwnedArray(VT_VARIANT, {{0, 0}}), &list));
     EXPECT_TRUE(list.empty());
     EXPECT_EQ(Errors(), Traces());
 }
@@ -68,20 +68,20 @@ TEST_F(CategoryGroups, WithoutAnArrayAreAnEmptyListAndTraced)
 
 TEST_F(CategoryGroups, NullListFails)
 {
-    EXPECT_FALSE(Read(OwnedArray{Group(L"1", L"one")}, nullptr));
+    EXPECT_FALSE(ReadGroups(OwnedArray{Group(L"1", L"one")}, nullptr));
     EXPECT_EQ(Errors(), Traces());
 }
 
 TEST_F(CategoryGroups, FirstFailureEndsItAndWhatWasAppendedStays)
 {
     Groups list{{L"old", L"old"}};
-    EXPECT_FALSE(
-        Read(OwnedArray{Group(L"1", L"one"), Wire::Array(OwnedArray{Wire::Text(L"2")}), Group(L"3", L"three")}, &list));
+    EXPECT_FALSE(ReadGroups(
+        OwnedArray{Group(L"1", L"one"), Wire::Array(OwnedArray{Wire::Text(L"2")}), Group(L"3", L"three")}, &list));
     EXPECT_EQ(Keys(list), L"1;");
     EXPECT_EQ(Errors(), (Traces{L"*** VariantArray::GetElement() - ::SafeArrayGetElement() failed. [8002000b]",
                                 L"*** ComPrpUrlCategoryGroups::GetAtPrpUrlCategoryGroup() - "
                                 L"cComPrpGuid.GetPrpCategoryGroup() failed.",
-                                ListFailed}));
+                                GroupsFailed}));
 }
 
 TEST_F(CategoryGroups, ElementWithoutAnArrayFails)
@@ -89,14 +89,14 @@ TEST_F(CategoryGroups, ElementWithoutAnArrayFails)
     const Traces expected{
         L"*** VariantArray::Attach() - _lpSafeArray was invalid.",
         L"*** ComPrpUrlCategoryGroups::GetAtPrpUrlCategoryGroup() - cComPrpUrlCategoryGroup.Attach() failed.",
-        ListFailed,
+        GroupsFailed,
     };
     for (const VARIANT& element :
          {Wire::Number(0x10000), Wire::Text(L"text"), Wire::Value(VT_EMPTY, 0), Wire::Value(VT_ARRAY | VT_VARIANT, 0),
           Wire::Value(VT_ARRAY | VT_BYREF | VT_VARIANT, 0)})
     {
         Groups list;
-        EXPECT_FALSE(Read(OwnedArray{element}, &list));
+        EXPECT_FALSE(ReadGroups(OwnedArray{element}, &list));
         EXPECT_EQ(Errors(), expected) << element.vt;
     }
 }
@@ -106,22 +106,22 @@ TEST_F(CategoryGroups, ElementThatCannotBeReadFails)
     const Traces expected{
         L"*** VariantArray::GetElement() - ::SafeArrayGetElement() failed. [80020005]",
         L"*** ComPrpUrlCategoryGroups::GetAtPrpUrlCategoryGroup() - this->GetElement() failed.",
-        ListFailed,
+        GroupsFailed,
     };
     Groups list;
-    EXPECT_FALSE(Read(OwnedArray(VT_BSTR, {{2, 0}}), &list));
+    EXPECT_FALSE(ReadGroups(OwnedArray(VT_BSTR, {{2, 0}}), &list));
     EXPECT_EQ(Errors(), expected);
-    EXPECT_FALSE(Read(OwnedArray(VT_VARIANT, {{2, 0}, {2, 0}}), &list));
+    EXPECT_FALSE(ReadGroups(OwnedArray(VT_VARIANT, {{2, 0}, {2, 0}}), &list));
     EXPECT_EQ(Errors(), expected);
 }
 
 TEST_F(CategoryGroups, GroupOfAnotherFormFails)
 {
     Groups list;
-    EXPECT_FALSE(Read(OwnedArray{Wire::Array(OwnedArray(VT_BSTR, {{2, 0}}), VT_ARRAY | VT_BSTR)}, &list));
+    EXPECT_FALSE(ReadGroups(OwnedArray{Wire::Array(OwnedArray(VT_BSTR, {{2, 0}}), VT_ARRAY | VT_BSTR)}, &list));
     EXPECT_TRUE(list.empty());
     EXPECT_EQ(Errors().size(), 3u);
-    EXPECT_FALSE(Read(OwnedArray{Wire::Array(OwnedArray(VT_VARIANT, {{2, 1}}))}, &list));
+    EXPECT_FALSE(ReadGroups(OwnedArray{Wire::Array(OwnedArray(VT_VARIANT, {{2, 1}}))}, &list));
     EXPECT_EQ(Errors().size(), 3u);
 }
 

@@ -22,7 +22,7 @@ VARIANT TwoGroups()
                                   Wire::Array(OwnedArray{Wire::Text(L"2"), Wire::Text(L"two")})});
 }
 
-bool Read(const OwnedArray& wire, Groups* list)
+bool ReadFilterGroups(const OwnedArray& wire, Groups* list)
 {
     ComPrpUrlFilterCategoryGroupList array;
     EXPECT_TRUE(array.Attach(wire.Get()));
@@ -34,7 +34,7 @@ TEST_F(CategoryGroupList, GivesTheGroupsOfItsElementAndDestroysItsCopy)
     const OwnedArray wire{TwoGroups()};
     const long before = m_memory.BlocksOut();
     Groups list{{L"old", L"old"}};
-    EXPECT_TRUE(Read(wire, &list));
+    EXPECT_TRUE(ReadFilterGroups(wire, &list));
     EXPECT_EQ(m_memory.BlocksOut(), before);
     ASSERT_EQ(list.size(), 2u);
     EXPECT_EQ(list[0].first, L"1");
@@ -47,7 +47,7 @@ TEST_F(CategoryGroupList, GivesTheGroupsOfItsElementAndDestroysItsCopy)
 TEST_F(CategoryGroupList, EmptyGroupListIsSuccessWithAnEmptyResult)
 {
     Groups list{{L"old", L"old"}};
-    EXPECT_TRUE(Read(OwnedArray{Wire::Array(OwnedArray(VT_VARIANT, {{0, 0}}))}, &list));
+    EXPECT_TRUE(ReadFilterGroups(OwnedArray{Wire::Array(OwnedArray(VT_VARIANT, {{0, 0}}))}, &list));
     EXPECT_TRUE(list.empty());
     EXPECT_EQ(Errors(), Traces());
 }
@@ -55,7 +55,7 @@ TEST_F(CategoryGroupList, EmptyGroupListIsSuccessWithAnEmptyResult)
 TEST_F(CategoryGroupList, NullArrayIsAnEmptyListAndTraced)
 {
     Groups list{{L"old", L"old"}};
-    EXPECT_TRUE(Read(OwnedArray{Wire::Value(VT_ARRAY | VT_VARIANT, 0)}, &list));
+    EXPECT_TRUE(ReadFilterGroups(OwnedArray{Wire::Value(VT_ARRAY | VT_VARIANT, 0)}, &list));
     EXPECT_TRUE(list.empty());
     EXPECT_EQ(Errors(), Traces{L"*** VariantArray::GetElementCount() - this->m_lpSafeArray was invalid."});
 }
@@ -63,7 +63,7 @@ TEST_F(CategoryGroupList, NullArrayIsAnEmptyListAndTraced)
 TEST_F(CategoryGroupList, ElementThatIsNoArrayFailsAndLeavesTheList)
 {
     Groups list{{L"old", L"old"}};
-    EXPECT_FALSE(Read(OwnedArray{Wire::Text(L"text")}, &list));
+    EXPECT_FALSE(ReadFilterGroups(OwnedArray{Wire::Text(L"text")}, &list));
     EXPECT_EQ(Errors(),
               (Traces{L"*** VariantArray::GetValueArray() - Specified element was not VT_ARRAY.", ReadFailed}));
     EXPECT_EQ(list.size(), 1u);
@@ -82,7 +82,7 @@ TEST_F(CategoryGroupList, GroupThatFailsIsTracedByAllAndDestroysTheCopy)
     const OwnedArray wire{Wire::Array(OwnedArray{Wire::Number(1)})};
     const long before = m_memory.BlocksOut();
     Groups list;
-    EXPECT_FALSE(Read(wire, &list));
+    EXPECT_FALSE(ReadFilterGroups(wire, &list));
     EXPECT_EQ(m_memory.BlocksOut(), before);
     const Traces errors = Errors();
     ASSERT_EQ(errors.size(), 4u);
@@ -93,7 +93,7 @@ TEST_F(CategoryGroupList, NullListFailsAndDestroysTheCopy)
 {
     const OwnedArray wire{TwoGroups()};
     const long before = m_memory.BlocksOut();
-    EXPECT_FALSE(Read(wire, nullptr));
+    EXPECT_FALSE(ReadFilterGroups(wire, nullptr));
     EXPECT_EQ(m_memory.BlocksOut(), before);
     EXPECT_EQ(Errors(), Traces{ConversionFailed});
 }

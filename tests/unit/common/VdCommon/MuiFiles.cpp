@@ -80,7 +80,7 @@ Bytes Configured(int place, std::uint8_t checksum)
 
 } // namespace
 
-TemporaryFolder::TemporaryFolder()
+MuiFolder::MuiFolder()
 {
     wchar_t name[MAX_PATH] = {};
     wchar_t folder[MAX_PATH] = {};
@@ -91,7 +91,7 @@ TemporaryFolder::TemporaryFolder()
     std::filesystem::create_directories(m_path);
 }
 
-TemporaryFolder::~TemporaryFolder()
+MuiFolder::~MuiFolder()
 {
     std::error_code ignored;
     std::filesystem::remove_all(m_path, ignored);

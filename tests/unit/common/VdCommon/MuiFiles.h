@@ -10,13 +10,13 @@ namespace MuiFiles
 {
 
 // A folder of its own below the system's temporary folder, removed with all in it.
-class TemporaryFolder
+class MuiFolder
 {
 public:
-    TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    ~TemporaryFolder();
+    MuiFolder();
+    MuiFolder(const MuiFolder&) = delete;
+    MuiFolder& operator=(const MuiFolder&) = delete;
+    ~MuiFolder();
 
     const std::filesystem::path& Path() const noexcept { return m_path; }
 

@@ -8,12 +8,12 @@ namespace
 using VdCommon::Export;
 
 // A small library that the test program itself does not need, so that its unloading can be seen.
-constexpr wchar_t SpareLibrary[] = L"lz32.dll";
-constexpr std::uint32_t Untouched = 12345;
+constexpr wchar_t UnusedLibrary[] = L"lz32.dll";
+constexpr std::uint32_t FormerNumber = 12345;
 
-bool IsSpareLoaded()
+bool IsUnusedLoaded()
 {
-    return ::GetModuleHandleW(SpareLibrary) != nullptr;
+    return ::GetModuleHandleW(UnusedLibrary) != nullptr;
 }
 
 HMODULE BadModule()
@@ -66,19 +66,19 @@ private:
 TEST(LibraryBase, DestructorFreesTheModule)
 {
     {
-        const Held held(::LoadLibraryW(SpareLibrary));
-        EXPECT_EQ(held.Module(), ::GetModuleHandleW(SpareLibrary));
-        EXPECT_TRUE(IsSpareLoaded());
+        const Held held(::LoadLibraryW(UnusedLibrary));
+        EXPECT_EQ(held.Module(), ::GetModuleHandleW(UnusedLibrary));
+        EXPECT_TRUE(IsUnusedLoaded());
     }
-    EXPECT_FALSE(IsSpareLoaded());
+    EXPECT_FALSE(IsUnusedLoaded());
 }
 
 TEST(LibraryBase, FreeClearsTheHandle)
 {
-    Held held(::LoadLibraryW(SpareLibrary));
+    Held held(::LoadLibraryW(UnusedLibrary));
     EXPECT_TRUE(held.Free());
     EXPECT_EQ(held.Module(), nullptr);
-    EXPECT_FALSE(IsSpareLoaded());
+    EXPECT_FALSE(IsUnusedLoaded());
     EXPECT_TRUE(held.Free()); // nothing held
 }
 
@@ -92,8 +92,8 @@ TEST(LibraryBase, HandleStaysWhenThePlatformRefuses)
 TEST(LibraryWrapper, LoadsAndBindsEveryExport)
 {
     Lz32 library;
-    std::uint32_t error = Untouched;
-    EXPECT_TRUE(library.InitializeLibrary(SpareLibrary, &error));
+    std::uint32_t error = FormerNumber;
+    EXPECT_TRUE(library.InitializeLibrary(UnusedLibrary, &error));
     EXPECT_EQ(error, 0u);
     EXPECT_TRUE(library.IsBound());
     ASSERT_NE(library.m_pfnClose, nullptr);
@@ -105,17 +105,17 @@ TEST(LibraryWrapper, DestructionFreesABoundLibrary)
 {
     {
         Lz32 library;
-        ASSERT_TRUE(library.InitializeLibrary(SpareLibrary, nullptr));
+        ASSERT_TRUE(library.InitializeLibrary(UnusedLibrary, nullptr));
     }
-    EXPECT_FALSE(IsSpareLoaded());
+    EXPECT_FALSE(IsUnusedLoaded());
 }
 
 TEST(LibraryWrapper, SecondLoadFailsWith5010)
 {
     Lz32 library;
-    std::uint32_t error = Untouched;
-    ASSERT_TRUE(library.InitializeLibrary(SpareLibrary, nullptr));
-    EXPECT_FALSE(library.InitializeLibrary(SpareLibrary, &error));
+    std::uint32_t error = FormerNumber;
+    ASSERT_TRUE(library.InitializeLibrary(UnusedLibrary, nullptr));
+    EXPECT_FALSE(library.InitializeLibrary(UnusedLibrary, &error));
     EXPECT_EQ(error, 5010u);
     EXPECT_TRUE(library.IsBound());
 }
@@ -123,7 +123,7 @@ TEST(LibraryWrapper, SecondLoadFailsWith5010)
 TEST(LibraryWrapper, EmptyPathFailsWith160)
 {
     Lz32 library;
-    std::uint32_t error = Untouched;
+    std::uint32_t error = FormerNumber;
     EXPECT_FALSE(library.InitializeLibrary(L"", &error));
     EXPECT_EQ(error, 160u);
 }
@@ -131,7 +131,7 @@ TEST(LibraryWrapper, EmptyPathFailsWith160)
 TEST(LibraryWrapper, MissingFileGivesThePlatformsError)
 {
     Lz32 library;
-    std::uint32_t error = Untouched;
+    std::uint32_t error = FormerNumber;
     EXPECT_FALSE(library.InitializeLibrary(L"C:\\no-such-library.dll", &error));
     EXPECT_EQ(error, 126u);
     EXPECT_EQ(library.Module(), nullptr);
@@ -140,33 +140,33 @@ TEST(LibraryWrapper, MissingFileGivesThePlatformsError)
 TEST(LibraryWrapper, MissingExportLeavesItUnboundAndLoadedAndTheOthersAreLookedUp)
 {
     Lz32 library(L"NoSuchExport");
-    std::uint32_t error = Untouched;
-    EXPECT_FALSE(library.InitializeLibrary(SpareLibrary, &error));
+    std::uint32_t error = FormerNumber;
+    EXPECT_FALSE(library.InitializeLibrary(UnusedLibrary, &error));
     EXPECT_EQ(error, 127u); // though the last look-up succeeded
     EXPECT_FALSE(library.IsBound());
-    EXPECT_TRUE(IsSpareLoaded());
+    EXPECT_TRUE(IsUnusedLoaded());
     EXPECT_NE(library.m_pfnRead, nullptr);
     EXPECT_EQ(library.m_pfnThird, nullptr);
-    EXPECT_FALSE(library.InitializeLibrary(SpareLibrary, &error));
+    EXPECT_FALSE(library.InitializeLibrary(UnusedLibrary, &error));
     EXPECT_EQ(error, 5010u);
 }
 
 TEST(LibraryWrapper, ErrorOfTheLastMissingExportStands)
 {
     Lz32 library(L"NoSuchExport", nullptr);
-    std::uint32_t error = Untouched;
-    EXPECT_FALSE(library.InitializeLibrary(SpareLibrary, &error));
+    std::uint32_t error = FormerNumber;
+    EXPECT_FALSE(library.InitializeLibrary(UnusedLibrary, &error));
     EXPECT_EQ(error, 160u);
 
     Lz32 reversed(nullptr, L"NoSuchExport");
-    EXPECT_FALSE(reversed.InitializeLibrary(SpareLibrary, &error));
+    EXPECT_FALSE(reversed.InitializeLibrary(UnusedLibrary, &error));
     EXPECT_EQ(error, 127u);
 }
 
 TEST(LibraryWrapper, BindingWithoutAModuleFailsWith6)
 {
     Lz32 library;
-    std::uint32_t error = Untouched;
+    std::uint32_t error = FormerNumber;
     EXPECT_FALSE(library.Bind(true, &error));
     EXPECT_EQ(error, 6u);
     EXPECT_FALSE(library.IsBound());
@@ -175,25 +175,25 @@ TEST(LibraryWrapper, BindingWithoutAModuleFailsWith6)
 TEST(LibraryWrapper, UnbindingZeroesThePointersAndAlwaysSucceeds)
 {
     Lz32 library;
-    std::uint32_t error = Untouched;
+    std::uint32_t error = FormerNumber;
     EXPECT_TRUE(library.Bind(false, &error));
     EXPECT_EQ(error, 0u);
-    ASSERT_TRUE(library.InitializeLibrary(SpareLibrary, nullptr));
+    ASSERT_TRUE(library.InitializeLibrary(UnusedLibrary, nullptr));
     EXPECT_TRUE(library.Bind(false, nullptr));
     EXPECT_FALSE(library.IsBound());
     EXPECT_EQ(library.m_pfnClose, nullptr);
     EXPECT_EQ(library.m_pfnRead, nullptr);
-    EXPECT_TRUE(IsSpareLoaded());
+    EXPECT_TRUE(IsUnusedLoaded());
 }
 
 TEST(LibraryWrapper, UnloadingFreesAndUnbinds)
 {
     Lz32 library;
-    std::uint32_t error = Untouched;
-    ASSERT_TRUE(library.InitializeLibrary(SpareLibrary, nullptr));
+    std::uint32_t error = FormerNumber;
+    ASSERT_TRUE(library.InitializeLibrary(UnusedLibrary, nullptr));
     EXPECT_TRUE(library.UnInitializeLibrary(&error));
     EXPECT_EQ(error, 0u);
-    EXPECT_FALSE(IsSpareLoaded());
+    EXPECT_FALSE(IsUnusedLoaded());
     EXPECT_EQ(library.Module(), nullptr);
     EXPECT_FALSE(library.IsBound());
     EXPECT_EQ(library.m_pfnClose, nullptr);
@@ -202,13 +202,13 @@ TEST(LibraryWrapper, UnloadingFreesAndUnbinds)
 TEST(LibraryWrapper, UnloadingWhatIsNotBoundOrNotLoadedFailsWith6)
 {
     Lz32 library;
-    std::uint32_t error = Untouched;
+    std::uint32_t error = FormerNumber;
     EXPECT_FALSE(library.UnInitializeLibrary(&error));
     EXPECT_EQ(error, 6u);
 
     Lz32 unbound(L"NoSuchExport");
-    ASSERT_FALSE(unbound.InitializeLibrary(SpareLibrary, nullptr));
-    error = Untouched;
+    ASSERT_FALSE(unbound.InitializeLibrary(UnusedLibrary, nullptr));
+    error = FormerNumber;
     EXPECT_FALSE(unbound.UnInitializeLibrary(&error));
     EXPECT_EQ(error, 6u);
     EXPECT_NE(unbound.Module(), nullptr);
@@ -217,8 +217,8 @@ TEST(LibraryWrapper, UnloadingWhatIsNotBoundOrNotLoadedFailsWith6)
 TEST(LibraryWrapper, RefusedUnloadingGivesThePlatformsErrorAndStaysBound)
 {
     Lz32 library;
-    std::uint32_t error = Untouched;
-    ASSERT_TRUE(library.InitializeLibrary(SpareLibrary, nullptr));
+    std::uint32_t error = FormerNumber;
+    ASSERT_TRUE(library.InitializeLibrary(UnusedLibrary, nullptr));
     const HMODULE module = library.Module();
     library.Hold(BadModule());
     EXPECT_FALSE(library.UnInitializeLibrary(&error));
@@ -232,9 +232,9 @@ TEST(LibraryWrapper, RefusedUnloadingGivesThePlatformsErrorAndStaysBound)
 TEST(LibraryWrapper, GetProcedureFindsAnExport)
 {
     Lz32 library;
-    std::uint32_t error = Untouched;
+    std::uint32_t error = FormerNumber;
     void(WINAPI * close)(INT) = nullptr;
-    ASSERT_TRUE(library.InitializeLibrary(SpareLibrary, nullptr));
+    ASSERT_TRUE(library.InitializeLibrary(UnusedLibrary, nullptr));
     EXPECT_TRUE(library.GetProcedure(&close, L"LZClose", &error));
     EXPECT_EQ(error, 0u);
     EXPECT_EQ(close, library.m_pfnClose);
@@ -243,13 +243,13 @@ TEST(LibraryWrapper, GetProcedureFindsAnExport)
 TEST(LibraryWrapper, GetProcedureWithANullNameOrOutputGives160)
 {
     Lz32 library;
-    std::uint32_t error = Untouched;
+    std::uint32_t error = FormerNumber;
     void (*found)() = []() {};
     EXPECT_FALSE(library.GetProcedure(&found, nullptr, &error)); // counts before the missing module
     EXPECT_EQ(error, 160u);
     EXPECT_EQ(found, nullptr);
 
-    error = Untouched;
+    error = FormerNumber;
     EXPECT_FALSE(library.GetProcedure<void()>(nullptr, L"LZClose", &error));
     EXPECT_EQ(error, 160u);
 }
@@ -257,7 +257,7 @@ TEST(LibraryWrapper, GetProcedureWithANullNameOrOutputGives160)
 TEST(LibraryWrapper, GetProcedureWithoutAModuleGives6)
 {
     const Lz32 library;
-    std::uint32_t error = Untouched;
+    std::uint32_t error = FormerNumber;
     void (*found)() = []() {};
     EXPECT_FALSE(library.GetProcedure(&found, L"LZClose", &error));
     EXPECT_EQ(error, 6u);
@@ -267,9 +267,9 @@ TEST(LibraryWrapper, GetProcedureWithoutAModuleGives6)
 TEST(LibraryWrapper, GetProcedureOfAMissingNameGivesThePlatformsError)
 {
     Lz32 library;
-    std::uint32_t error = Untouched;
+    std::uint32_t error = FormerNumber;
     void (*found)() = []() {};
-    ASSERT_TRUE(library.InitializeLibrary(SpareLibrary, nullptr));
+    ASSERT_TRUE(library.InitializeLibrary(UnusedLibrary, nullptr));
     EXPECT_FALSE(library.GetProcedure(&found, L"NoSuchExport", &error));
     EXPECT_EQ(error, 127u);
     EXPECT_EQ(found, nullptr);
@@ -280,7 +280,7 @@ TEST(LibraryWrapper, GetProcedureOfANameBeyondAnyLengthFails)
     Lz32 library;
     std::uint32_t error = 0;
     void (*found)() = nullptr;
-    ASSERT_TRUE(library.InitializeLibrary(SpareLibrary, nullptr));
+    ASSERT_TRUE(library.InitializeLibrary(UnusedLibrary, nullptr));
     EXPECT_FALSE(library.GetProcedure(&found, std::wstring(10000, L'x').c_str(), &error));
     EXPECT_EQ(error, 122u);
 }

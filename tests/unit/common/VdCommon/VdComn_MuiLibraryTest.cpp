@@ -54,8 +54,8 @@ protected:
     }
 
 private:
-    TemporaryFolder m_beside;
-    TemporaryFolder m_current;
+    MuiFolder m_beside;
+    MuiFolder m_current;
     std::filesystem::path m_before;
 };
 

@@ -38,7 +38,7 @@ protected:
 
     std::filesystem::path Second() const { return m_folder.Path() / L"Kestrix.exe.mui"; }
 
-    TemporaryFolder m_folder;
+    MuiFolder m_folder;
     MuiResource m_resource{ModulePath};
 };
 

@@ -12,7 +12,7 @@ using VdCommon::PlatformError;
 int g_reads = 0;
 
 template <DWORD Family, DWORD Major>
-BOOL WINAPI Version(OSVERSIONINFOW* version)
+BOOL WINAPI AnswerVersion(OSVERSIONINFOW* version)
 {
     ++g_reads;
     EXPECT_EQ(version->dwOSVersionInfoSize, sizeof(OSVERSIONINFOW));
@@ -21,7 +21,7 @@ BOOL WINAPI Version(OSVERSIONINFOW* version)
     return TRUE;
 }
 
-BOOL WINAPI Refuse(OSVERSIONINFOW*)
+BOOL WINAPI RefuseVersion(OSVERSIONINFOW*)
 {
     ++g_reads;
     ::SetLastError(ERROR_ACCESS_DENIED);
@@ -30,23 +30,23 @@ BOOL WINAPI Refuse(OSVERSIONINFOW*)
 
 TEST(Platform, Selector14IsTheNtFamilyFromMajorVersion5)
 {
-    EXPECT_FALSE(Platform(Version<2, 4>).Is(14));
-    EXPECT_TRUE(Platform(Version<2, 5>).Is(14));
-    EXPECT_TRUE(Platform(Version<2, 10>).Is(14));
-    EXPECT_FALSE(Platform(Version<1, 5>).Is(14));
+    EXPECT_FALSE(Platform(AnswerVersion<2, 4>).Is(14));
+    EXPECT_TRUE(Platform(AnswerVersion<2, 5>).Is(14));
+    EXPECT_TRUE(Platform(AnswerVersion<2, 10>).Is(14));
+    EXPECT_FALSE(Platform(AnswerVersion<1, 5>).Is(14));
 }
 
 TEST(Platform, Selector18IsTheNtFamilyFromMajorVersion6)
 {
-    EXPECT_FALSE(Platform(Version<2, 5>).Is(18));
-    EXPECT_TRUE(Platform(Version<2, 6>).Is(18));
-    EXPECT_TRUE(Platform(Version<2, 10>).Is(18));
-    EXPECT_FALSE(Platform(Version<1, 6>).Is(18));
+    EXPECT_FALSE(Platform(AnswerVersion<2, 5>).Is(18));
+    EXPECT_TRUE(Platform(AnswerVersion<2, 6>).Is(18));
+    EXPECT_TRUE(Platform(AnswerVersion<2, 10>).Is(18));
+    EXPECT_FALSE(Platform(AnswerVersion<1, 6>).Is(18));
 }
 
 TEST(Platform, OtherSelectorsAreFalse)
 {
-    const Platform platform(Version<2, 10>);
+    const Platform platform(AnswerVersion<2, 10>);
     for (const std::uint32_t selector : {0u, 13u, 15u, 17u, 19u, 0xFFFFFFFFu})
     {
         EXPECT_FALSE(platform.Is(selector)) << selector;
@@ -56,7 +56,7 @@ TEST(Platform, OtherSelectorsAreFalse)
 TEST(Platform, VersionIsReadOnceAndKept)
 {
     g_reads = 0;
-    const Platform platform(Version<2, 6>);
+    const Platform platform(AnswerVersion<2, 6>);
     EXPECT_TRUE(platform.Is(14));
     EXPECT_TRUE(platform.Is(18));
     EXPECT_EQ(platform.Error(), 0u);
@@ -66,7 +66,7 @@ TEST(Platform, VersionIsReadOnceAndKept)
 TEST(Platform, FailureToReadAnswersFalseAndItsErrorStands)
 {
     g_reads = 0;
-    const Platform platform(Refuse);
+    const Platform platform(RefuseVersion);
     EXPECT_FALSE(platform.Is(14));
     ::SetLastError(ERROR_SUCCESS);
     EXPECT_FALSE(platform.Is(18));

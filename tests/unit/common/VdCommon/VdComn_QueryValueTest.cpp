@@ -21,10 +21,10 @@ namespace
 using VdCommon::ByteArray;
 using VdCommon::Storage::QueryValue;
 
-constexpr const wchar_t* Path = L"Software\\Veldrane\\Zeptara";
-constexpr std::uint32_t Untouched = 12345;
+constexpr const wchar_t* SuitePath = L"Software\\Veldrane\\Zeptara";
+constexpr std::uint32_t FormerValue = 12345;
 
-long LiveKeys()
+long OpenKeys()
 {
     return LiveHandles::Of(HandleKind::RegistryKey);
 }
@@ -32,44 +32,44 @@ long LiveKeys()
 class QueryValueOf : public ::testing::Test
 {
 protected:
-    static std::uint32_t Number(const wchar_t* name, const wchar_t* path = Path)
+    static std::uint32_t Number(const wchar_t* name, const wchar_t* path = SuitePath)
     {
         return QueryValue(HKEY_LOCAL_MACHINE, path, name, 7u);
     }
 
-    static std::wstring Text(const wchar_t* name, const wchar_t* path = Path)
+    static std::wstring Text(const wchar_t* name, const wchar_t* path = SuitePath)
     {
         return QueryValue(HKEY_LOCAL_MACHINE, path, name, L"default");
     }
 
-    bool Bytes(const wchar_t* name, const wchar_t* path = Path)
+    bool Bytes(const wchar_t* name, const wchar_t* path = SuitePath)
     {
-        m_error = Untouched;
+        m_error = FormerValue;
         return QueryValue(HKEY_LOCAL_MACHINE, path, name, m_bytes, 0, &m_error);
     }
 
     RegistrySandbox m_sandbox;
     ByteArray m_bytes;
-    std::uint32_t m_error = Untouched;
+    std::uint32_t m_error = FormerValue;
 };
 
 TEST_F(QueryValueOf, NumberThatIsStored)
 {
-    m_sandbox.SetNumber(Path, L"MaxLogCount", 14);
+    m_sandbox.SetNumber(SuitePath, L"MaxLogCount", 14);
     EXPECT_EQ(Number(L"MaxLogCount"), 14u);
 }
 
 TEST_F(QueryValueOf, TextThatIsStored)
 {
-    m_sandbox.SetText(Path, L"LangName", L"en-US");
+    m_sandbox.SetText(SuitePath, L"LangName", L"en-US");
     EXPECT_EQ(Text(L"LangName"), L"en-US");
-    m_sandbox.SetText(Path, L"LangName", L"");
+    m_sandbox.SetText(SuitePath, L"LangName", L"");
     EXPECT_EQ(Text(L"LangName"), L"");
 }
 
 TEST_F(QueryValueOf, BytesThatAreStored)
 {
-    m_sandbox.SetBytes(Path, L"InstallTime", {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16});
+    m_sandbox.SetBytes(SuitePath, L"InstallTime", {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16});
     EXPECT_TRUE(Bytes(L"InstallTime"));
     EXPECT_EQ(m_error, 0u);
     ASSERT_EQ(m_bytes.Size(), 16u);
@@ -78,7 +78,7 @@ TEST_F(QueryValueOf, BytesThatAreStored)
 
 TEST_F(QueryValueOf, BytesOfLengthZeroAreNoFailure)
 {
-    m_sandbox.SetBytes(Path, L"InstallTime", {});
+    m_sandbox.SetBytes(SuitePath, L"InstallTime", {});
     EXPECT_TRUE(Bytes(L"InstallTime"));
     EXPECT_EQ(m_error, 0u);
     EXPECT_EQ(m_bytes.Size(), 0u);
@@ -86,7 +86,7 @@ TEST_F(QueryValueOf, BytesOfLengthZeroAreNoFailure)
 
 TEST_F(QueryValueOf, NumberStoredAsATextAnswersTheDefault)
 {
-    m_sandbox.SetText(Path, L"name", L"14");
+    m_sandbox.SetText(SuitePath, L"name", L"14");
     EXPECT_EQ(Number(L"name"), 7u);
 }
 
@@ -94,19 +94,19 @@ TEST_F(QueryValueOf, MissingKeyMissingValueAndWrongTypeLookAlike)
 {
     EXPECT_EQ(Number(L"name"), 7u);
     EXPECT_EQ(Text(L"name"), L"default");
-    m_sandbox.MakeKey(Path);
+    m_sandbox.MakeKey(SuitePath);
     EXPECT_EQ(Number(L"name"), 7u);
     EXPECT_EQ(Text(L"name"), L"default");
-    m_sandbox.SetBytes(Path, L"name", {1, 0, 0, 0});
+    m_sandbox.SetBytes(SuitePath, L"name", {1, 0, 0, 0});
     EXPECT_EQ(Number(L"name"), 7u);
     EXPECT_EQ(Text(L"name"), L"default");
 }
 
 TEST_F(QueryValueOf, NullRootAnswersTheDefault)
 {
-    EXPECT_EQ(QueryValue(nullptr, Path, L"name", 7u), 7u);
-    EXPECT_EQ(QueryValue(nullptr, Path, L"name", L"default"), L"default");
-    EXPECT_FALSE(QueryValue(nullptr, Path, L"name", m_bytes, 0, &m_error));
+    EXPECT_EQ(QueryValue(nullptr, SuitePath, L"name", 7u), 7u);
+    EXPECT_EQ(QueryValue(nullptr, SuitePath, L"name", L"default"), L"default");
+    EXPECT_FALSE(QueryValue(nullptr, SuitePath, L"name", m_bytes, 0, &m_error));
     EXPECT_EQ(m_error, 160u);
 }
 
@@ -114,10 +114,10 @@ TEST_F(QueryValueOf, BytesFailWithTheCodeOfTheException)
 {
     EXPECT_FALSE(Bytes(L"InstallTime"));
     EXPECT_EQ(m_error, 2u);
-    m_sandbox.SetText(Path, L"InstallTime", L"text");
+    m_sandbox.SetText(SuitePath, L"InstallTime", L"text");
     EXPECT_FALSE(Bytes(L"InstallTime"));
     EXPECT_EQ(m_error, 13u);
-    m_sandbox.SetBytes(Path, L"InstallTime", {1});
+    m_sandbox.SetBytes(SuitePath, L"InstallTime", {1});
     ASSERT_TRUE(m_bytes.Allocate(1));
     EXPECT_FALSE(Bytes(L"InstallTime"));
     EXPECT_EQ(m_error, 5010u);
@@ -125,39 +125,39 @@ TEST_F(QueryValueOf, BytesFailWithTheCodeOfTheException)
 
 TEST_F(QueryValueOf, BytesNeedNoErrorPointer)
 {
-    EXPECT_FALSE(QueryValue(HKEY_LOCAL_MACHINE, Path, L"name", m_bytes, 0, nullptr));
-    m_sandbox.SetBytes(Path, L"name", {1});
-    EXPECT_TRUE(QueryValue(HKEY_LOCAL_MACHINE, Path, L"name", m_bytes, 0, nullptr));
+    EXPECT_FALSE(QueryValue(HKEY_LOCAL_MACHINE, SuitePath, L"name", m_bytes, 0, nullptr));
+    m_sandbox.SetBytes(SuitePath, L"name", {1});
+    EXPECT_TRUE(QueryValue(HKEY_LOCAL_MACHINE, SuitePath, L"name", m_bytes, 0, nullptr));
 }
 
 TEST_F(QueryValueOf, NullPathAndNameStandForTheEmptyText)
 {
     m_sandbox.SetNumber(L"", L"name", 1);
-    m_sandbox.SetText(Path, L"", L"unnamed");
+    m_sandbox.SetText(SuitePath, L"", L"unnamed");
     EXPECT_EQ(Number(L"name", nullptr), 1u);
     EXPECT_EQ(Text(nullptr), L"unnamed");
 }
 
 TEST_F(QueryValueOf, NullDefaultStandsForTheEmptyText)
 {
-    EXPECT_EQ(QueryValue(HKEY_LOCAL_MACHINE, Path, L"name", nullptr), L"");
+    EXPECT_EQ(QueryValue(HKEY_LOCAL_MACHINE, SuitePath, L"name", nullptr), L"");
 }
 
 TEST_F(QueryValueOf, PathMayEndInABackslash)
 {
-    m_sandbox.SetNumber(Path, L"name", 1);
+    m_sandbox.SetNumber(SuitePath, L"name", 1);
     EXPECT_EQ(Number(L"name", L"Software\\Veldrane\\Zeptara\\"), 1u);
 }
 
 TEST_F(QueryValueOf, KeyIsClosedBehindEachRead)
 {
-    m_sandbox.SetNumber(Path, L"number", 1);
-    const long before = LiveKeys();
+    m_sandbox.SetNumber(SuitePath, L"number", 1);
+    const long before = OpenKeys();
     Number(L"number");
     Number(L"missing");
     Text(L"number");
     Bytes(L"number");
-    EXPECT_EQ(LiveKeys(), before);
+    EXPECT_EQ(OpenKeys(), before);
 }
 
 TEST_F(QueryValueOf, ExceptionsAreDestroyed)
@@ -174,34 +174,34 @@ TEST_F(QueryValueOf, ExceptionsAreDestroyed)
     EXPECT_EQ(watch.BlocksOut(), 0);
 }
 
-int g_flushes = 0;
+int g_queryFlushes = 0;
 
-LSTATUS WINAPI CountFlush(HKEY)
+LSTATUS WINAPI CountQueryFlush(HKEY)
 {
-    ++g_flushes;
+    ++g_queryFlushes;
     return ERROR_SUCCESS;
 }
 
-LSTATUS WINAPI FailToClose(HKEY)
+LSTATUS WINAPI FailToCloseKey(HKEY)
 {
     return ERROR_BUSY;
 }
 
 TEST_F(QueryValueOf, NothingIsFlushed)
 {
-    m_sandbox.SetNumber(Path, L"name", 1);
-    const ImportPatch flush(__imp_RegFlushKey, &CountFlush);
-    g_flushes = 0;
+    m_sandbox.SetNumber(SuitePath, L"name", 1);
+    const ImportPatch flush(__imp_RegFlushKey, &CountQueryFlush);
+    g_queryFlushes = 0;
     EXPECT_EQ(Number(L"name"), 1u);
-    EXPECT_EQ(g_flushes, 0);
+    EXPECT_EQ(g_queryFlushes, 0);
 }
 
 TEST_F(QueryValueOf, KeyThatCannotBeClosedAnswersTheDefault)
 {
-    m_sandbox.SetNumber(Path, L"number", 1);
-    m_sandbox.SetText(Path, L"text", L"value");
-    m_sandbox.SetBytes(Path, L"bytes", {1});
-    const ImportPatch close(__imp_RegCloseKey, &FailToClose);
+    m_sandbox.SetNumber(SuitePath, L"number", 1);
+    m_sandbox.SetText(SuitePath, L"text", L"value");
+    m_sandbox.SetBytes(SuitePath, L"bytes", {1});
+    const ImportPatch close(__imp_RegCloseKey, &FailToCloseKey);
     EXPECT_EQ(Number(L"number"), 7u);
     EXPECT_EQ(Text(L"text"), L"default");
     EXPECT_FALSE(Bytes(L"bytes"));

@@ -15,18 +15,18 @@ namespace
 using namespace VdCommon::Storage;
 using Names = std::vector<std::wstring>;
 
-constexpr const wchar_t* Path = L"Software\\Kestrix";
+constexpr const wchar_t* ListPath = L"Software\\Kestrix";
 
 class RegistryList : public ::testing::Test
 {
 protected:
     RegistryList()
     {
-        m_sandbox.MakeKey(Path);
-        m_registry.OpenEnumerate(Key::InRegistry(HKEY_LOCAL_MACHINE, Path), L"");
+        m_sandbox.MakeKey(ListPath);
+        m_registry.OpenEnumerate(Key::InRegistry(HKEY_LOCAL_MACHINE, ListPath), L"");
     }
 
-    static std::wstring Below(const std::wstring& name) { return std::wstring(Path) + L'\\' + name; }
+    static std::wstring Below(const std::wstring& name) { return std::wstring(ListPath) + L'\\' + name; }
 
     static Names Sorted(Names names)
     {
@@ -39,7 +39,7 @@ protected:
     {
         for (const std::wstring& name : all)
         {
-            m_sandbox.SetNumber(Path, name, 1);
+            m_sandbox.SetNumber(ListPath, name, 1);
             m_sandbox.MakeKey(Below(name));
         }
         EXPECT_TRUE(m_registry.ListValues(m_names));
@@ -65,9 +65,9 @@ TEST_F(RegistryList, KeysAndValuesAreListedApart)
 {
     m_sandbox.MakeKey(Below(L"key one\\deeper"));
     m_sandbox.MakeKey(Below(L"key two"));
-    m_sandbox.SetNumber(Path, L"number", 1);
-    m_sandbox.SetText(Path, L"", L"unnamed");
-    m_sandbox.SetBytes(Path, L"bytes", std::vector<BYTE>(1000, 1));
+    m_sandbox.SetNumber(ListPath, L"number", 1);
+    m_sandbox.SetText(ListPath, L"", L"unnamed");
+    m_sandbox.SetBytes(ListPath, L"bytes", std::vector<BYTE>(1000, 1));
     EXPECT_TRUE(m_registry.ListKeys(m_names));
     EXPECT_EQ(Sorted(m_names), (Names{L"key one", L"key two"}));
     m_names.clear();
@@ -77,7 +77,7 @@ TEST_F(RegistryList, KeysAndValuesAreListedApart)
 
 TEST_F(RegistryList, NamesAreAppended)
 {
-    m_sandbox.SetNumber(Path, L"number", 1);
+    m_sandbox.SetNumber(ListPath, L"number", 1);
     m_names = {L"before"};
     EXPECT_TRUE(m_registry.ListValues(m_names));
     EXPECT_EQ(m_names, (Names{L"before", L"number"}));
@@ -104,7 +104,7 @@ TEST_F(RegistryList, ANameOf255CharactersOrMoreThrowsCode234)
         EXPECT_EQ(ThrownCode([&] { m_registry.ListValues(m_names); }), 234u) << length;
     }
     m_sandbox.MakeKey(Below(L"deep\\" + std::wstring(255, L'a'))); // the longest that a key may have
-    m_registry.OpenEnumerate(Key::InRegistry(HKEY_LOCAL_MACHINE, Path), L"deep");
+    m_registry.OpenEnumerate(Key::InRegistry(HKEY_LOCAL_MACHINE, ListPath), L"deep");
     EXPECT_EQ(ThrownCode([&] { m_registry.ListKeys(m_names); }), 234u);
     EXPECT_TRUE(m_names.empty());
 }
@@ -115,7 +115,7 @@ TEST_F(RegistryList, ManyNames)
     for (int number = 1000; number < 1300; ++number)
     {
         all.push_back(std::to_wstring(number));
-        m_sandbox.SetNumber(Path, all.back(), 1);
+        m_sandbox.SetNumber(ListPath, all.back(), 1);
     }
     EXPECT_TRUE(m_registry.ListValues(m_names));
     EXPECT_EQ(Sorted(m_names), all);
@@ -125,7 +125,7 @@ TEST_F(RegistryList, CodeOfAnyOtherFailureIsThrown)
 {
     m_sandbox.MakeKey(Below(L"gone"));
     Registry gone;
-    gone.OpenEnumerate(Key::InRegistry(HKEY_LOCAL_MACHINE, Path), L"gone");
+    gone.OpenEnumerate(Key::InRegistry(HKEY_LOCAL_MACHINE, ListPath), L"gone");
     ::RegDeleteTreeW(m_sandbox.Root(), Below(L"gone").c_str());
     EXPECT_EQ(ThrownCode([&] { gone.ListKeys(m_names); }), std::uint32_t{ERROR_KEY_DELETED});
     EXPECT_EQ(ThrownCode([&] { gone.ListValues(m_names); }), std::uint32_t{ERROR_KEY_DELETED});

@@ -18,7 +18,7 @@ namespace
 using namespace VdCommon::Storage;
 using VdCommon::ByteArray;
 
-constexpr const wchar_t* Path = L"Software\\Kestrix";
+constexpr const wchar_t* ReadPath = L"Software\\Kestrix";
 constexpr std::uint32_t Untouched = 12345;
 
 // Changes the registry behind the first query of a value, and counts the queries.
@@ -56,14 +56,14 @@ class RegistryRead : public ::testing::Test
 protected:
     RegistryRead()
     {
-        m_sandbox.MakeKey(Path);
-        m_registry.OpenRead(Key::InRegistry(HKEY_LOCAL_MACHINE, Path), L"");
+        m_sandbox.MakeKey(ReadPath);
+        m_registry.OpenRead(Key::InRegistry(HKEY_LOCAL_MACHINE, ReadPath), L"");
     }
 
     // Exactly these characters, with no terminator but what is among them.
     void SetCharacters(DWORD type, const std::wstring& characters, std::size_t lessBytes = 0) const
     {
-        m_sandbox.Set(Path, L"name", type, characters.data(), characters.size() * sizeof(wchar_t) - lessBytes);
+        m_sandbox.Set(ReadPath, L"name", type, characters.data(), characters.size() * sizeof(wchar_t) - lessBytes);
     }
 
     std::wstring Text() { return m_registry.QueryString(L"name", L"default"); }
@@ -90,7 +90,7 @@ protected:
 
 TEST_F(RegistryRead, NumberNeedsOneQuery)
 {
-    m_sandbox.SetNumber(Path, L"name", 0xFFFFFFFF);
+    m_sandbox.SetNumber(ReadPath, L"name", 0xFFFFFFFF);
     const ChangeBehindFirstQuery queries;
     EXPECT_EQ(m_registry.QueryNumber(L"name", 7), 0xFFFFFFFFu);
     EXPECT_EQ(queries.Queries(), 1);
@@ -99,19 +99,19 @@ TEST_F(RegistryRead, NumberNeedsOneQuery)
 TEST_F(RegistryRead, NumberOfAnotherTypeOrSizeThrowsCode13)
 {
     const std::uint64_t eight = 1;
-    m_sandbox.SetText(Path, L"name", L"1"); // 4 bytes as well
+    m_sandbox.SetText(ReadPath, L"name", L"1"); // 4 bytes as well
     EXPECT_EQ(NumberCode(), 13u);
-    m_sandbox.SetText(Path, L"name", L"longer than four bytes");
+    m_sandbox.SetText(ReadPath, L"name", L"longer than four bytes");
     EXPECT_EQ(NumberCode(), 13u);
-    m_sandbox.SetBytes(Path, L"name", {1, 0, 0, 0});
+    m_sandbox.SetBytes(ReadPath, L"name", {1, 0, 0, 0});
     EXPECT_EQ(NumberCode(), 13u);
-    m_sandbox.Set(Path, L"name", REG_QWORD, &eight, 8);
+    m_sandbox.Set(ReadPath, L"name", REG_QWORD, &eight, 8);
     EXPECT_EQ(NumberCode(), 13u);
-    m_sandbox.Set(Path, L"name", REG_DWORD, &eight, 2);
+    m_sandbox.Set(ReadPath, L"name", REG_DWORD, &eight, 2);
     EXPECT_EQ(NumberCode(), 13u);
-    m_sandbox.Set(Path, L"name", REG_DWORD, &eight, 8);
+    m_sandbox.Set(ReadPath, L"name", REG_DWORD, &eight, 8);
     EXPECT_EQ(NumberCode(), 13u);
-    m_sandbox.Set(Path, L"name", REG_DWORD, &eight, 4);
+    m_sandbox.Set(ReadPath, L"name", REG_DWORD, &eight, 4);
     EXPECT_EQ(NumberCode(), 0u);
 }
 
@@ -142,7 +142,7 @@ TEST_F(RegistryRead, EmptyTexts)
 {
     SetCharacters(REG_SZ, std::wstring(1, L'\0'));
     EXPECT_EQ(Text(), L"");
-    m_sandbox.Set(Path, L"name", REG_SZ, "", 0);
+    m_sandbox.Set(ReadPath, L"name", REG_SZ, "", 0);
     EXPECT_EQ(Text(), L"");
 }
 
@@ -170,9 +170,9 @@ TEST_F(RegistryRead, OfAListOfTextsOnlyTheFirstSurvives)
 
 TEST_F(RegistryRead, TextOfAnotherTypeThrowsCode13)
 {
-    m_sandbox.SetNumber(Path, L"name", 1);
+    m_sandbox.SetNumber(ReadPath, L"name", 1);
     EXPECT_EQ(TextCode(), 13u);
-    m_sandbox.SetBytes(Path, L"name", {'a', 0, 0, 0});
+    m_sandbox.SetBytes(ReadPath, L"name", {'a', 0, 0, 0});
     EXPECT_EQ(TextCode(), 13u);
     SetCharacters(REG_LINK, L"a");
     EXPECT_EQ(TextCode(), 13u);
@@ -180,7 +180,7 @@ TEST_F(RegistryRead, TextOfAnotherTypeThrowsCode13)
 
 TEST_F(RegistryRead, BytesAreReadWhole)
 {
-    m_sandbox.SetBytes(Path, L"name", {1, 0, 255, 7, 0});
+    m_sandbox.SetBytes(ReadPath, L"name", {1, 0, 255, 7, 0});
     ByteArray bytes;
     EXPECT_TRUE(m_registry.QueryBinary(L"name", bytes));
     EXPECT_EQ(std::vector<BYTE>(bytes.Data(), bytes.Data() + bytes.Size()), (std::vector<BYTE>{1, 0, 255, 7, 0}));
@@ -188,7 +188,7 @@ TEST_F(RegistryRead, BytesAreReadWhole)
 
 TEST_F(RegistryRead, BytesOfLengthZeroSucceedAndLeaveTheArrayEmpty)
 {
-    m_sandbox.SetBytes(Path, L"name", {});
+    m_sandbox.SetBytes(ReadPath, L"name", {});
     ByteArray bytes;
     EXPECT_TRUE(m_registry.QueryBinary(L"name", bytes));
     EXPECT_EQ(bytes.Size(), 0u);
@@ -201,15 +201,15 @@ TEST_F(RegistryRead, BytesOfLengthZeroSucceedAndLeaveTheArrayEmpty)
 
 TEST_F(RegistryRead, BytesOfAnotherTypeThrowCode13)
 {
-    m_sandbox.SetText(Path, L"name", L"text");
+    m_sandbox.SetText(ReadPath, L"name", L"text");
     EXPECT_EQ(BytesCode(), 13u);
-    m_sandbox.SetNumber(Path, L"name", 1);
+    m_sandbox.SetNumber(ReadPath, L"name", 1);
     EXPECT_EQ(BytesCode(), 13u);
 }
 
 TEST_F(RegistryRead, ArrayThatHoldsBytesAlreadyThrowsTheArraysCode)
 {
-    m_sandbox.SetBytes(Path, L"name", {1, 2, 3});
+    m_sandbox.SetBytes(ReadPath, L"name", {1, 2, 3});
     ByteArray bytes;
     ASSERT_TRUE(bytes.Allocate(3));
     EXPECT_EQ(ThrownCode([&] { m_registry.QueryBinary(L"name", bytes); }), 5010u);
@@ -219,7 +219,7 @@ TEST_F(RegistryRead, NoMemoryForTheValueThrowsCode6)
 {
     constexpr std::size_t Size = 1 << 20;
     AllocationWatch watch;
-    m_sandbox.SetBytes(Path, L"name", std::vector<BYTE>(Size, 1));
+    m_sandbox.SetBytes(ReadPath, L"name", std::vector<BYTE>(Size, 1));
     watch.FailAbove(Size - 1);
     EXPECT_EQ(BytesCode(), 6u);
     watch.FailAbove(4 * Size);
@@ -230,60 +230,60 @@ TEST_F(RegistryRead, NoMemoryForTheValueThrowsCode6)
 
 TEST_F(RegistryRead, ValueThatGrowsBetweenTheQueriesThrowsCode13)
 {
-    m_sandbox.SetBytes(Path, L"name", {1, 2});
+    m_sandbox.SetBytes(ReadPath, L"name", {1, 2});
     {
-        const ChangeBehindFirstQuery grow([&] { m_sandbox.SetBytes(Path, L"name", {1, 2, 3}); });
+        const ChangeBehindFirstQuery grow([&] { m_sandbox.SetBytes(ReadPath, L"name", {1, 2, 3}); });
         EXPECT_EQ(BytesCode(), 13u);
         EXPECT_EQ(grow.Queries(), 2);
     }
     for (const wchar_t* const before : {L"", L"text"})
     {
-        m_sandbox.SetText(Path, L"name", before);
-        const ChangeBehindFirstQuery grow([&] { m_sandbox.SetText(Path, L"name", L"longer"); });
+        m_sandbox.SetText(ReadPath, L"name", before);
+        const ChangeBehindFirstQuery grow([&] { m_sandbox.SetText(ReadPath, L"name", L"longer"); });
         EXPECT_EQ(TextCode(), 13u);
         EXPECT_EQ(grow.Queries(), 2);
     }
-    m_sandbox.Set(Path, L"name", REG_SZ, "", 0);
-    const ChangeBehindFirstQuery grow([&] { m_sandbox.SetText(Path, L"name", L""); });
+    m_sandbox.Set(ReadPath, L"name", REG_SZ, "", 0);
+    const ChangeBehindFirstQuery grow([&] { m_sandbox.SetText(ReadPath, L"name", L""); });
     EXPECT_EQ(TextCode(), 13u);
 }
 
 TEST_F(RegistryRead, ValueThatShrinksBetweenTheQueriesThrowsCode13)
 {
-    m_sandbox.SetBytes(Path, L"name", {1, 2, 3});
+    m_sandbox.SetBytes(ReadPath, L"name", {1, 2, 3});
     {
-        const ChangeBehindFirstQuery shrink([&] { m_sandbox.SetBytes(Path, L"name", {1}); });
+        const ChangeBehindFirstQuery shrink([&] { m_sandbox.SetBytes(ReadPath, L"name", {1}); });
         EXPECT_EQ(BytesCode(), 13u);
     }
-    m_sandbox.SetText(Path, L"name", L"text");
-    const ChangeBehindFirstQuery shrink([&] { m_sandbox.SetText(Path, L"name", L"tex"); });
+    m_sandbox.SetText(ReadPath, L"name", L"text");
+    const ChangeBehindFirstQuery shrink([&] { m_sandbox.SetText(ReadPath, L"name", L"tex"); });
     EXPECT_EQ(TextCode(), 13u);
 }
 
 TEST_F(RegistryRead, ValueThatChangesItsTypeBetweenTheQueriesThrowsCode13)
 {
-    m_sandbox.SetBytes(Path, L"name", {1, 2, 3, 4});
+    m_sandbox.SetBytes(ReadPath, L"name", {1, 2, 3, 4});
     {
-        const ChangeBehindFirstQuery change([&] { m_sandbox.SetNumber(Path, L"name", 1); });
+        const ChangeBehindFirstQuery change([&] { m_sandbox.SetNumber(ReadPath, L"name", 1); });
         EXPECT_EQ(BytesCode(), 13u);
     }
-    m_sandbox.SetText(Path, L"name", L"a");
-    const ChangeBehindFirstQuery change([&] { m_sandbox.SetNumber(Path, L"name", 1); });
+    m_sandbox.SetText(ReadPath, L"name", L"a");
+    const ChangeBehindFirstQuery change([&] { m_sandbox.SetNumber(ReadPath, L"name", 1); });
     EXPECT_EQ(TextCode(), 13u);
 }
 
 TEST_F(RegistryRead, TextMayChangeFromOneTypeOfTextToAnother)
 {
-    m_sandbox.SetText(Path, L"name", L"abc");
+    m_sandbox.SetText(ReadPath, L"name", L"abc");
     const ChangeBehindFirstQuery change([&] { SetCharacters(REG_EXPAND_SZ, std::wstring(L"xyz\0", 4)); });
     EXPECT_EQ(Text(), L"xyz");
 }
 
 TEST_F(RegistryRead, NoThrowReadsGiveTheValueAndLeaveTheErrorAlone)
 {
-    m_sandbox.SetNumber(Path, L"number", 5);
-    m_sandbox.SetText(Path, L"text", L"value");
-    m_sandbox.SetBytes(Path, L"bytes", {1, 2});
+    m_sandbox.SetNumber(ReadPath, L"number", 5);
+    m_sandbox.SetText(ReadPath, L"text", L"value");
+    m_sandbox.SetBytes(ReadPath, L"bytes", {1, 2});
     std::uint32_t error = Untouched;
     ByteArray bytes;
     EXPECT_EQ(m_registry.QueryNumberNoThrow(L"number", 7, &error), 5u);
@@ -295,7 +295,7 @@ TEST_F(RegistryRead, NoThrowReadsGiveTheValueAndLeaveTheErrorAlone)
 
 TEST_F(RegistryRead, NoThrowReadsGiveTheDefaultAndTheCodeOfTheFailure)
 {
-    m_sandbox.SetText(Path, L"text", L"value");
+    m_sandbox.SetText(ReadPath, L"text", L"value");
     ByteArray bytes;
     for (const auto& [name, code] : {std::pair{L"missing", 2u}, std::pair{L"text", 13u}})
     {

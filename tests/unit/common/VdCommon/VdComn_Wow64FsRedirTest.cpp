@@ -25,7 +25,7 @@ HMODULE WINAPI RefusingLoad(const wchar_t* fileName)
     return ::LoadLibraryW(fileName);
 }
 
-void Refuse(int times, DWORD error)
+void RefuseLoads(int times, DWORD error)
 {
     g_loads = 0;
     g_refusals = times;
@@ -80,7 +80,7 @@ public:
     HMODULE Library() const { return m_library.Module(); }
 };
 
-struct Open : CWow64FsRedir
+struct OpenRedirection : CWow64FsRedir
 {
     using CWow64FsRedir::CWow64FsRedir;
 
@@ -91,7 +91,7 @@ struct Open : CWow64FsRedir
 
 TEST(Wow64FsRedir, A64BitProcessIsNotRedirectedAndNothingIsSwitched)
 {
-    Open redirection;
+    OpenRedirection redirection;
     EXPECT_FALSE(redirection.IsWow64());
     EXPECT_FALSE(redirection.LoadSystemLibrary(L"setupapi.dll"));
     EXPECT_FALSE(redirection.Disable());
@@ -117,8 +117,8 @@ TEST(Wow64FsRedir, A64BitProcessAsksNoneOfTheFunctions)
 
 TEST(Wow64FsRedir, LoadRefusedWith1114IsTriedAgain)
 {
-    Refuse(3, ERROR_DLL_INIT_FAILED);
-    const Open redirection(RefusingLoad);
+    RefuseLoads(3, ERROR_DLL_INIT_FAILED);
+    const OpenRedirection redirection(RefusingLoad);
     EXPECT_EQ(g_loads, 4);
     EXPECT_NE(redirection.Kernel().Module(), nullptr);
     EXPECT_NE(redirection.Kernel().m_pfnIsWow64Process, nullptr);
@@ -126,12 +126,12 @@ TEST(Wow64FsRedir, LoadRefusedWith1114IsTriedAgain)
 
 TEST(Wow64FsRedir, TriesAgainTenTimesAndNoMore)
 {
-    Refuse(10, ERROR_DLL_INIT_FAILED);
-    EXPECT_NE(Open(RefusingLoad).Kernel().Module(), nullptr);
+    RefuseLoads(10, ERROR_DLL_INIT_FAILED);
+    EXPECT_NE(OpenRedirection(RefusingLoad).Kernel().Module(), nullptr);
     EXPECT_EQ(g_loads, 11);
 
-    Refuse(1000, ERROR_DLL_INIT_FAILED);
-    const Open redirection(RefusingLoad);
+    RefuseLoads(1000, ERROR_DLL_INIT_FAILED);
+    const OpenRedirection redirection(RefusingLoad);
     EXPECT_EQ(g_loads, 11);
     EXPECT_EQ(redirection.Kernel().Module(), nullptr);
     EXPECT_EQ(redirection.Kernel().m_pfnIsWow64Process, nullptr);
@@ -140,17 +140,17 @@ TEST(Wow64FsRedir, TriesAgainTenTimesAndNoMore)
 
 TEST(Wow64FsRedir, WaitsTenMillisecondsBetweenTries)
 {
-    Refuse(5, ERROR_DLL_INIT_FAILED);
+    RefuseLoads(5, ERROR_DLL_INIT_FAILED);
     const auto start = std::chrono::steady_clock::now();
-    const Open redirection(RefusingLoad);
+    const OpenRedirection redirection(RefusingLoad);
     const auto waited = std::chrono::steady_clock::now() - start;
     EXPECT_GE(waited, std::chrono::milliseconds(40)); // five waits, each of which may end early by the clock's grain
 }
 
 TEST(Wow64FsRedir, OtherErrorEndsTheTries)
 {
-    Refuse(1000, ERROR_MOD_NOT_FOUND);
-    const Open redirection(RefusingLoad);
+    RefuseLoads(1000, ERROR_MOD_NOT_FOUND);
+    const OpenRedirection redirection(RefusingLoad);
     EXPECT_EQ(g_loads, 1);
     EXPECT_EQ(redirection.Kernel().Module(), nullptr);
 }

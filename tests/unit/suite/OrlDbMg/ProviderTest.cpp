@@ -13,17 +13,17 @@ namespace
 using Strings = std::vector<std::wstring>;
 
 constexpr std::chrono::milliseconds ShortTimeout{50};
-constexpr std::uint32_t Virus = 2;
+constexpr std::uint32_t VirusType = 2;
 constexpr OrlPeriod FirstOfJanuary = {{2026, 1, 0, 1, 0, 0, 0, 0}, {2026, 1, 0, 1, 23, 59, 59, 0}};
 
 class ProviderTest : public ::testing::Test
 {
 protected:
-    ProviderTest() { m_installation.Database().Append(Virus, 20260101, Strings{L"20260101|120000|line"}); }
+    ProviderTest() { m_installation.Database().Append(VirusType, 20260101, Strings{L"20260101|120000|line"}); }
 
     HRESULT Query()
     {
-        return m_provider.QueryValue(OrlKindEventLog, OrlQueryRecords, Virus, &m_result, 0, &FirstOfJanuary);
+        return m_provider.QueryValue(OrlKindEventLog, OrlQueryRecords, VirusType, &m_result, 0, &FirstOfJanuary);
     }
 
     std::size_t Count() const

@@ -24,7 +24,7 @@ UniqueSafeArray ArrayOf(VARIANT element)
     return array;
 }
 
-VARIANT Element(VARTYPE type)
+VARIANT EmptyElement(VARTYPE type)
 {
     VARIANT element{};
     element.vt = type;
@@ -43,7 +43,7 @@ TEST(SafeArrayTest, AnEmptyTextIsAnAllocatedOneAndANullTextReadsAsEmpty)
 {
     const UniqueSafeArray array = MakeArray({std::wstring()});
     EXPECT_NE(static_cast<VARIANT*>(array->pvData)->bstrVal, nullptr);
-    EXPECT_EQ(ReadArray(ArrayOf(Element(VT_BSTR)).get()), (List{std::wstring()}));
+    EXPECT_EQ(ReadArray(ArrayOf(EmptyElement(VT_BSTR)).get()), (List{std::wstring()}));
 }
 
 TEST(SafeArrayTest, NullOtherElementsDimensionsAndBoundsAreNoList)
@@ -59,21 +59,21 @@ TEST(SafeArrayTest, AnElementOfAnotherTypeIsNoValue)
 {
     for (const VARTYPE type : {VT_EMPTY, VT_NULL, VT_I4, VT_UI8, VT_R8, VT_DATE})
     {
-        EXPECT_EQ(ReadArray(ArrayOf(Element(type)).get()), std::nullopt) << type;
+        EXPECT_EQ(ReadArray(ArrayOf(EmptyElement(type)).get()), std::nullopt) << type;
     }
 }
 
 TEST(SafeArrayTest, ANestedArrayOfBytesOrWithoutAnArrayIsNoList)
 {
-    VARIANT bytes = Element(VT_ARRAY | VT_UI1);
+    VARIANT bytes = EmptyElement(VT_ARRAY | VT_UI1);
     bytes.parray = SafeArrayCreateVector(VT_UI1, 0, 16);
     EXPECT_EQ(ReadArray(ArrayOf(bytes).get()), std::nullopt);
-    EXPECT_EQ(ReadArray(ArrayOf(Element(VT_ARRAY | VT_VARIANT)).get()), std::nullopt);
+    EXPECT_EQ(ReadArray(ArrayOf(EmptyElement(VT_ARRAY | VT_VARIANT)).get()), std::nullopt);
 }
 
 TEST(SafeArrayTest, ATextWithATerminatorInsideOrHalfACharacterIsRefused)
 {
-    VARIANT text = Element(VT_BSTR);
+    VARIANT text = EmptyElement(VT_BSTR);
     text.bstrVal = SysAllocStringLen(L"a\0b", 3);
     EXPECT_EQ(ReadArray(ArrayOf(text).get()), std::nullopt);
     text.bstrVal = SysAllocStringByteLen("abc", 3);
@@ -82,7 +82,7 @@ TEST(SafeArrayTest, ATextWithATerminatorInsideOrHalfACharacterIsRefused)
 
 TEST(SafeArrayTest, ABoolIsTrueOrFalseAndNoOtherNumber)
 {
-    VARIANT flag = Element(VT_BOOL);
+    VARIANT flag = EmptyElement(VT_BOOL);
     for (const auto& [number, read] : {std::pair{VARIANT_TRUE, true}, std::pair{VARIANT_FALSE, false}})
     {
         flag.boolVal = number;

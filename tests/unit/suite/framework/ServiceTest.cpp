@@ -14,7 +14,7 @@ namespace
 
 using Deletions = EventLogsDouble::Deletions;
 using Strings = std::vector<std::string>;
-constexpr ValueKey Purge{22, 1};
+constexpr ValueKey PurgeEntries{22, 1};
 
 class ServiceTest : public ServiceFixture
 {
@@ -42,7 +42,7 @@ TEST_F(ServiceTest, APurgeDeletesTheKindUpToTheDayAndThenRaisesTheEvent)
 {
     Inbox inbox;
     Advise(inbox);
-    EXPECT_EQ(m_service.DoCommand(Purge, {20261119u, 0u, 1u}), Success);
+    EXPECT_EQ(m_service.DoCommand(PurgeEntries, {20261119u, 0u, 1u}), Success);
     ASSERT_TRUE(inbox.WaitFor(1));
     EXPECT_EQ(m_logs.Done(), (Deletions{{2, 20261119}}));
     EXPECT_EQ(inbox.Events(), (std::vector<std::string>{"4 22 1"}));
@@ -54,7 +54,7 @@ TEST_F(ServiceTest, APurgeDeletesTheKindUpToTheDayAndThenRaisesTheEvent)
 TEST_F(ServiceTest, TheJournalTellsAnOrderBeforeItsDeletionAndThenHowManyWentByWhoseOrder)
 {
     const std::string caller = Caller().Name();
-    EXPECT_EQ(m_service.DoCommand(Purge, {20261119u, 0u, 13u}), Success);
+    EXPECT_EQ(m_service.DoCommand(PurgeEntries, {20261119u, 0u, 13u}), Success);
     ASSERT_TRUE(WaitUntilIdle());
     EXPECT_EQ(JournalLines(), (Strings{"Scan log through 2026-11-19: deletion ordered by " + caller,
                                        "Scan log through 2026-11-19: 3 entries deleted, by order of " + caller}));
@@ -63,7 +63,7 @@ TEST_F(ServiceTest, TheJournalTellsAnOrderBeforeItsDeletionAndThenHowManyWentByW
 TEST_F(ServiceTest, TheJournalTellsWhyNothingWasDeleted)
 {
     m_logs.fails = true;
-    EXPECT_EQ(m_service.DoCommand(Purge, {20261119u, 0u, 1u}), Success);
+    EXPECT_EQ(m_service.DoCommand(PurgeEntries, {20261119u, 0u, 1u}), Success);
     ASSERT_TRUE(WaitUntilIdle());
     EXPECT_EQ(JournalLines().back(), "Virus log through 2026-11-19: no entry deleted: as the test wants it");
 }
@@ -87,13 +87,13 @@ TEST_F(ServiceTest, WhileADeletionRunsEveryOtherCallIsAnsweredAndTheNextOrderTak
     Inbox inbox;
     {
         const std::lock_guard running(m_logs.mayRun);
-        EXPECT_EQ(m_service.DoCommand(Purge, {20261118u, 0u, 1u}), Success);
+        EXPECT_EQ(m_service.DoCommand(PurgeEntries, {20261118u, 0u, 1u}), Success);
         Advise(inbox);
         List list;
         EXPECT_EQ(m_service.Profile().Query({112, 1}, list), Success);
         EXPECT_EQ(m_service.Profile().Set({113, 2}, {60u, 0u}), Success);
         EXPECT_EQ(m_service.Property().Query({3, 2}, list), Success);
-        EXPECT_EQ(m_service.DoCommand(Purge, {20261119u, 0u, 1u}), Success);
+        EXPECT_EQ(m_service.DoCommand(PurgeEntries, {20261119u, 0u, 1u}), Success);
         m_service.PurgeIfDue();
         EXPECT_EQ(m_logs.Done(), Deletions());
     }
@@ -111,7 +111,7 @@ TEST_F(ServiceTest, AnOrderThatComesDuringAScheduledPurgeWaitsForOneKindAlone)
     {
         const std::lock_guard running(m_logs.mayRun);
         m_service.PurgeIfDue();
-        EXPECT_EQ(m_service.DoCommand(Purge, {20261119u, 0u, 1u}), Success);
+        EXPECT_EQ(m_service.DoCommand(PurgeEntries, {20261119u, 0u, 1u}), Success);
     }
     ASSERT_TRUE(WaitUntilIdle());
     const Deletions done = m_logs.Done();
@@ -124,7 +124,7 @@ TEST_F(ServiceTest, AFailedPurgeRaisesTheEventTooAndTellsTheFailure)
     m_logs.fails = true;
     Inbox inbox;
     Advise(inbox);
-    EXPECT_EQ(m_service.DoCommand(Purge, {20261119u, 0u, 1u}), Success);
+    EXPECT_EQ(m_service.DoCommand(PurgeEntries, {20261119u, 0u, 1u}), Success);
     EXPECT_TRUE(inbox.WaitFor(1));
     EXPECT_EQ(inbox.LastResult(), E_FAIL);
     m_service.Events().UnadviseAll(this);
@@ -135,7 +135,7 @@ TEST_F(ServiceTest, AnotherCommandOrListDoesNothing)
 {
     EXPECT_EQ(m_service.DoCommand({22, 2}, {20261119u, 0u, 1u}), Unknown);
     EXPECT_EQ(m_service.DoCommand({21, 1}, {20261119u, 0u, 1u}), Unknown);
-    EXPECT_EQ(m_service.DoCommand(Purge, {20261119u, 0u}), E_INVALIDARG);
+    EXPECT_EQ(m_service.DoCommand(PurgeEntries, {20261119u, 0u}), E_INVALIDARG);
     EXPECT_TRUE(m_objects.UnusedSince());
     EXPECT_EQ(m_logs.Done(), Deletions());
 }

@@ -18,7 +18,7 @@ protected:
     std::vector<Record> m_arrScan = Where(m_arrRecord, [](const Record& r) { return Number(r[2]) > 3; });
 };
 
-bool IsProxy(const Record& record)
+bool IsVirusProxy(const Record& record)
 {
     return Number(record[2]) <= 3;
 }
@@ -26,7 +26,7 @@ bool IsProxy(const Record& record)
 // The token of the first action, after which its result and the same of the second one stand.
 std::size_t FirstAction(const Record& record)
 {
-    return IsProxy(record) ? 7 : 8;
+    return IsVirusProxy(record) ? 7 : 8;
 }
 
 bool Holds(const std::vector<Record>& records, std::size_t token, wchar_t first, wchar_t last)

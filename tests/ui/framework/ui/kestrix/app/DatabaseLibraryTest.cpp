@@ -16,7 +16,7 @@ namespace
 using Texts = std::vector<std::wstring>;
 using Calls = std::vector<std::string>;
 
-constexpr auto Refused = static_cast<HRESULT>(0x80040299);
+constexpr auto LibraryRefused = static_cast<HRESULT>(0x80040299);
 constexpr HRESULT Success = 262656;
 
 class DatabaseLibraryTest : public ::testing::Test
@@ -129,8 +129,8 @@ TEST_F(DatabaseLibraryTest, ALibraryThatLacksAnExportStaysLoadedUntilTheObjectGo
 TEST_F(DatabaseLibraryTest, ALibraryThatDoesNotInitializeIsUnloadedAndALaterAttemptStartsAfresh)
 {
     const long before = LiveModules();
-    m_library.State().initialize = Refused;
-    EXPECT_EQ(m_database.Start(m_pProvider), Refused);
+    m_library.State().initialize = LibraryRefused;
+    EXPECT_EQ(m_database.Start(m_pProvider), LibraryRefused);
     EXPECT_EQ(m_library.Calls(), Calls{"Orl_Initialize"});
     EXPECT_EQ(LiveModules(), before);
     ExpectStartError(L"cOrlDbMgLib.Orl_Initialize() failed. [0x80040299]");
@@ -143,8 +143,8 @@ TEST_F(DatabaseLibraryTest, ALibraryThatDoesNotInitializeIsUnloadedAndALaterAtte
 TEST_F(DatabaseLibraryTest, AProviderThatCannotBeMadeIsNotTakenEvenWhenItIsGiven)
 {
     const long before = LiveModules();
-    m_library.State().create = Refused;
-    EXPECT_EQ(m_database.Start(m_pProvider), Refused);
+    m_library.State().create = LibraryRefused;
+    EXPECT_EQ(m_database.Start(m_pProvider), LibraryRefused);
     EXPECT_EQ(m_pProvider, nullptr);
     EXPECT_EQ(m_library.Calls(), (Calls{"Orl_Initialize", "Orl_CreateFunction", "Orl_Uninitialize"}));
     EXPECT_EQ(LiveModules(), before);
@@ -164,8 +164,8 @@ TEST_F(DatabaseLibraryTest, AProviderThatIsMadeAndNotGivenIsAFailure)
 TEST_F(DatabaseLibraryTest, AProviderThatDoesNotStartIsEndedAndFreed)
 {
     const long before = LiveModules();
-    m_library.State().providerInitialize = Refused;
-    EXPECT_EQ(m_database.Start(m_pProvider), Refused);
+    m_library.State().providerInitialize = LibraryRefused;
+    EXPECT_EQ(m_database.Start(m_pProvider), LibraryRefused);
     EXPECT_EQ(m_pProvider, nullptr);
     EXPECT_EQ(m_library.Calls(), (Calls{"Orl_Initialize", "Orl_CreateFunction", "provider Initialize",
                                         "provider Uninitialize", "Orl_FreeFunction", "Orl_Uninitialize"}));
@@ -183,8 +183,8 @@ TEST_F(DatabaseLibraryTest, TheEndWithoutAProviderIsHarmless)
 TEST_F(DatabaseLibraryTest, AProviderThatDoesNotEndIsKept)
 {
     Start();
-    m_library.State().providerUninitialize = Refused;
-    EXPECT_EQ(m_database.Stop(m_pProvider), Refused);
+    m_library.State().providerUninitialize = LibraryRefused;
+    EXPECT_EQ(m_database.Stop(m_pProvider), LibraryRefused);
     EXPECT_NE(m_pProvider, nullptr);
     EXPECT_EQ(m_library.Calls(), Calls{"provider Uninitialize"});
     ExpectEndError(L"m_pIDBManagerProvider->Uninitialize() failed. [0x80040299]");
@@ -208,8 +208,8 @@ TEST_F(DatabaseLibraryTest, AProviderThatCannotBeFreedLeavesTheLibraryLoaded)
 {
     const long before = LiveModules();
     Start();
-    m_library.State().free = Refused;
-    EXPECT_EQ(m_database.Stop(m_pProvider), Refused);
+    m_library.State().free = LibraryRefused;
+    EXPECT_EQ(m_database.Stop(m_pProvider), LibraryRefused);
     EXPECT_EQ(m_pProvider, nullptr);
     EXPECT_EQ(m_library.Calls(), (Calls{"provider Uninitialize", "Orl_FreeFunction"}));
     EXPECT_EQ(LiveModules(), before + 1);
@@ -220,8 +220,8 @@ TEST_F(DatabaseLibraryTest, ALibraryThatDoesNotUninitializeStaysLoaded)
 {
     const long before = LiveModules();
     Start();
-    m_library.State().uninitialize = Refused;
-    EXPECT_EQ(m_database.Stop(m_pProvider), Refused);
+    m_library.State().uninitialize = LibraryRefused;
+    EXPECT_EQ(m_database.Stop(m_pProvider), LibraryRefused);
     EXPECT_EQ(m_library.Calls(), (Calls{"provider Uninitialize", "Orl_FreeFunction", "Orl_Uninitialize"}));
     EXPECT_EQ(LiveModules(), before + 1);
     ExpectEndError(L"cOrlDbMgLib.Orl_Uninitialize() failed. [0x80040299]");

@@ -13,7 +13,7 @@
 namespace
 {
 
-constexpr auto Refused = static_cast<HRESULT>(0x80040201);
+constexpr auto LinkRefused = static_cast<HRESULT>(0x80040201);
 
 using Start = StartRecorder::Start;
 
@@ -135,7 +135,7 @@ TEST_F(KestrixDlgLinkTest, AServiceThatDoesNotAnswerCountsAsAConnection)
     for (const Step step : {Step::Create, Step::Property, Step::Query})
     {
         m_starts.Clear();
-        m_controller.Fail(step, Refused);
+        m_controller.Fail(step, LinkRefused);
         ClickLink();
         EXPECT_EQ(m_starts.Starts().size(), 1u);
         m_controller.Work(step);

@@ -9,7 +9,7 @@ namespace
 
 using Step = ControllerDouble::Step;
 
-constexpr auto Refused = static_cast<HRESULT>(0x80040201);
+constexpr auto PurgeRefused = static_cast<HRESULT>(0x80040201);
 
 using KestrixDlgPurgeTest = PurgeFormTest;
 
@@ -188,7 +188,7 @@ TEST_F(KestrixDlgPurgeTest, WithoutAServiceThePaneIsBlankAllTheSameAndTheListSta
     for (const auto& each : cases)
     {
         auto steps = DeletionUpTo(0);
-        steps.insert(steps.begin(), [&] { m_controller.Fail(each.step, Refused); });
+        steps.insert(steps.begin(), [&] { m_controller.Fail(each.step, PurgeRefused); });
         steps.push_back(
             [&]
             {

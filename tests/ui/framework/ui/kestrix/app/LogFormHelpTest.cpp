@@ -15,7 +15,7 @@ extern "C" decltype(&::LoadLibraryExW) __imp_LoadLibraryExW;
 namespace
 {
 
-constexpr wchar_t SuiteKey[] = L"Software\\Veldrane\\Zeptara";
+constexpr wchar_t HelpSuiteKey[] = L"Software\\Veldrane\\Zeptara";
 constexpr wchar_t HelpKey[] = L"Software\\Veldrane\\Zeptara\\17\\UIFramework\\OLH";
 constexpr UINT LanguageCommand = 61439;
 
@@ -79,7 +79,7 @@ private:
 class LogFormHelpTest : public FormTest
 {
 protected:
-    LogFormHelpTest() { m_registry.SetText(SuiteKey, L"InstalledFolder", L"C:\\Suite"); }
+    LogFormHelpTest() { m_registry.SetText(HelpSuiteKey, L"InstalledFolder", L"C:\\Suite"); }
 
     static HelpCall Topic(UINT number, const std::wstring& file = L"C:\\Suite\\vdhelp.chm")
     {
@@ -203,7 +203,7 @@ TEST_F(LogFormHelpTest, AValueOfFilesReplacesTheNameAfterTheInstalledFolder)
 {
     m_registry.SetText(HelpKey, L"Files", L"other.chm");
     CLogFormDlg::extHtmlHelp(211);
-    m_registry.SetText(SuiteKey, L"InstalledFolder", L"D:\\Suite\\");
+    m_registry.SetText(HelpSuiteKey, L"InstalledFolder", L"D:\\Suite\\");
     CLogFormDlg::extHtmlHelp(211);
     EXPECT_EQ(HelpDouble::s_calls,
               (std::vector<HelpCall>{Topic(211, L"C:\\Suite\\other.chm"), Topic(211, L"D:\\Suite\\other.chm")}));

@@ -15,7 +15,7 @@ struct LineOfReport
     std::uint32_t type;
 };
 
-constexpr LineOfReport Lines[] = {
+constexpr LineOfReport TabLines[] = {
     {IDC_REPORT_VIRUS, LogTypeVirus},
     {IDC_REPORT_SUSPICIOUS, LogTypeVst},
     {IDC_REPORT_SPYWARE, LogTypeSpyware},
@@ -161,7 +161,7 @@ TEST_F(LogFormTabsTest, TheReportStandsInFrontAndTellsItsTotalBelow)
 TEST_F(LogFormTabsTest, AClickOnEachLineLeadsToItsLogWithTheChoiceOnIt)
 {
     std::vector<ScriptedForm::Step> steps;
-    for (const LineOfReport& line : Lines)
+    for (const LineOfReport& line : TabLines)
     {
         steps.push_back(
             [this, line]
@@ -177,7 +177,7 @@ TEST_F(LogFormTabsTest, AClickOnEachLineLeadsToItsLogWithTheChoiceOnIt)
 TEST_F(LogFormTabsTest, TheSpaceBarOnEachLineLeadsToItsLogAndTheKeyboardGoesThere)
 {
     std::vector<ScriptedForm::Step> steps;
-    for (const LineOfReport& line : Lines)
+    for (const LineOfReport& line : TabLines)
     {
         steps.push_back(
             [this, line]

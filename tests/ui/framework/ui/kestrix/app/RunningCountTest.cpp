@@ -11,16 +11,16 @@ namespace
 using Texts = std::vector<std::wstring>;
 using Answer = CRunningCount::Answer;
 
-constexpr wchar_t EventLogKey[] = L"Software\\Veldrane\\Zeptara\\17\\ServiceFramework\\EnforceLayer\\Common\\EventLog";
+constexpr wchar_t CountKey[] = L"Software\\Veldrane\\Zeptara\\17\\ServiceFramework\\EnforceLayer\\Common\\EventLog";
 constexpr wchar_t Name[] = L"RunningCountTest";
 
-constexpr wchar_t MaxCount[] = L"[InitInstance] Executing Log UI reached to Max count.";
-constexpr wchar_t BoxExists[] = L"[InitInstance] message-box has already existed.";
+constexpr wchar_t CountReached[] = L"[InitInstance] Executing Log UI reached to Max count.";
+constexpr wchar_t CountBoxExists[] = L"[InitInstance] message-box has already existed.";
 
 class RunningCountTest : public ::testing::Test
 {
 protected:
-    void Allow(std::uint32_t viewers) const { m_registry.SetNumber(EventLogKey, L"MaxLogCount", viewers); }
+    void Allow(std::uint32_t viewers) const { m_registry.SetNumber(CountKey, L"MaxLogCount", viewers); }
 
     // The counts that are left of a semaphore that stands already.
     static int Left()
@@ -91,11 +91,11 @@ TEST_F(RunningCountTest, TheFirstBeyondTheLimitIsToSaySoAndTheNextIsNot)
     CRunningCount first;
     ASSERT_EQ(first.Take(Name), Answer::Taken);
     EXPECT_EQ(m_count.Take(Name), Answer::LimitReached);
-    EXPECT_EQ(m_trace.Texts(), Texts{MaxCount});
+    EXPECT_EQ(m_trace.Texts(), Texts{CountReached});
     {
         CRunningCount next;
         EXPECT_EQ(next.Take(Name), Answer::LimitIsShown);
-        EXPECT_EQ(m_trace.Texts(), (Texts{MaxCount, MaxCount, BoxExists}));
+        EXPECT_EQ(m_trace.Texts(), (Texts{CountReached, CountReached, CountBoxExists}));
     }
     m_count.GiveBack(); // the message is gone
     EXPECT_EQ(m_count.Take(Name), Answer::LimitReached);
@@ -121,7 +121,7 @@ TEST_F(RunningCountTest, ALimitWhoseMutexCannotBeMadeIsReachedAllTheSame)
     ASSERT_EQ(first.Take(Name), Answer::Taken);
     const UniqueKernelHandle event(::CreateEventW(nullptr, TRUE, FALSE, L"ZPTLOG_MUTEX_MAXCNT")); // takes the name
     EXPECT_EQ(m_count.Take(Name), Answer::LimitReached);
-    EXPECT_EQ(m_trace.Texts(), Texts{MaxCount});
+    EXPECT_EQ(m_trace.Texts(), Texts{CountReached});
 }
 
 TEST_F(RunningCountTest, ANameThatAnotherKindOfObjectHasCountsNothing)

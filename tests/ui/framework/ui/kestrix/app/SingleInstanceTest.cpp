@@ -14,7 +14,7 @@ namespace
 
 using Texts = std::vector<std::wstring>;
 
-constexpr wchar_t Enter[] = L"[Enter] CKestrixApp::CheckInstance()...";
+constexpr wchar_t EnterCheck[] = L"[Enter] CKestrixApp::CheckInstance()...";
 constexpr wchar_t Exists[] = L"local mutex has already existed.";
 constexpr wchar_t Restore[] = L"*** CKestrixApp::CheckInstance() - Restore iconic dialog...";
 constexpr wchar_t Missing[] = L"*** CKestrixApp::CheckInstance() - Cannot find existed window handle!!";
@@ -43,7 +43,7 @@ TEST_F(SingleInstanceTest, TheFirstIsAloneUntilItGoes)
     {
         CSingleInstance first;
         EXPECT_TRUE(first.Take());
-        EXPECT_EQ(m_trace.Texts(), (Texts{Enter, Leave}));
+        EXPECT_EQ(m_trace.Texts(), (Texts{EnterCheck, Leave}));
         CSingleInstance second;
         EXPECT_FALSE(second.Take());
     }
@@ -59,7 +59,7 @@ TEST_F(SingleInstanceTest, ASecondThatFindsNoWindowTellsSo)
     OpenWindow(Text(IDS_FORM_TITLE) + L" ");
     CSingleInstance second;
     EXPECT_FALSE(second.Take());
-    EXPECT_EQ(m_trace.Texts(), (Texts{Enter, Exists, Missing, Leave}));
+    EXPECT_EQ(m_trace.Texts(), (Texts{EnterCheck, Exists, Missing, Leave}));
     EXPECT_EQ(m_trace.Errors(), Texts{Missing});
     EXPECT_FALSE(IsIconic());
 }
@@ -73,7 +73,7 @@ TEST_F(SingleInstanceTest, ASecondMinimisesAnOpenWindowAndThenRestoresIt)
     CSingleInstance second;
     EXPECT_FALSE(second.Take());
     EXPECT_TRUE(IsIconic());
-    EXPECT_EQ(m_trace.Texts(), (Texts{Enter, Exists, Restore, Leave}));
+    EXPECT_EQ(m_trace.Texts(), (Texts{EnterCheck, Exists, Restore, Leave}));
     EXPECT_EQ(m_trace.Texts(VdCommon::TraceLevel::Info), (Texts{Exists, Restore}));
 
     CSingleInstance::BringOtherForward();

@@ -42,7 +42,7 @@ struct Deletion
 };
 
 // In the order of the templates.
-std::vector<HWND> ChildrenOf(HWND window)
+std::vector<HWND> VisibleChildrenOf(HWND window)
 {
     std::vector<HWND> children;
     for (HWND child = ::GetWindow(window, GW_CHILD); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT))
@@ -175,7 +175,7 @@ TYPED_TEST(SmallDialogTest, EveryControlHasAnAccessKeyOfItsOwn)
     std::multiset<wchar_t> keys;
     this->m_dialog.Run({[&]
                         {
-                            for (const HWND child : ChildrenOf(this->m_dialog))
+                            for (const HWND child : VisibleChildrenOf(this->m_dialog))
                             {
                                 const std::wstring text = CWindow(child).GetWindowText();
                                 if (const auto mark = text.find(L'&'); mark != std::wstring::npos)

@@ -31,7 +31,7 @@ Picture Expected(const BitmapFile& file)
                      { SetDIBitsToDevice(dc, 0, 0, Size.cx, Size.cy, 0, 0, 0, Size.cy, rows, info, DIB_RGB_COLORS); });
 }
 
-Picture Drawn(const BitmapResource& resource, const RECT& target, const RECT& part)
+Picture DrawnPart(const BitmapResource& resource, const RECT& target, const RECT& part)
 {
     return PictureOf({target.right, target.bottom}, [&](HDC dc) { resource.Draw(dc, target, part); });
 }
@@ -56,7 +56,7 @@ TEST(BitmapResourceTest, EveryDepthIsDrawnAsTheSystemDrawsIt)
         ASSERT_FALSE(resource.IsEmpty()) << depth;
         EXPECT_EQ(resource.GetSize().cx, Size.cx);
         EXPECT_EQ(resource.GetSize().cy, Size.cy);
-        EXPECT_EQ(Drawn(resource, Whole, Whole), Expected(file)) << depth;
+        EXPECT_EQ(DrawnPart(resource, Whole, Whole), Expected(file)) << depth;
     }
 }
 
@@ -65,8 +65,8 @@ TEST(BitmapResourceTest, APartIsToldFromTheTop)
     const BitmapFile file(Size.cx, Size.cy, 24);
     const std::string bytes = file.ResourceBytes();
     const Picture whole = Expected(file);
-    EXPECT_EQ(Drawn(ResourceOf(bytes), {0, 0, 2, 1}, {1, 0, 3, 1}), whole.Part({1, 0, 3, 1}));
-    EXPECT_EQ(Drawn(ResourceOf(bytes), {0, 0, 3, 2}, {2, 1, 5, 3}), whole.Part({2, 1, 5, 3}));
+    EXPECT_EQ(DrawnPart(ResourceOf(bytes), {0, 0, 2, 1}, {1, 0, 3, 1}), whole.Part({1, 0, 3, 1}));
+    EXPECT_EQ(DrawnPart(ResourceOf(bytes), {0, 0, 3, 2}, {2, 1, 5, 3}), whole.Part({2, 1, 5, 3}));
 }
 
 TEST(BitmapResourceTest, ALargerTargetIsFilledWithThePart)
@@ -74,7 +74,7 @@ TEST(BitmapResourceTest, ALargerTargetIsFilledWithThePart)
     const BitmapFile file(Size.cx, Size.cy, 24);
     const std::string bytes = file.ResourceBytes();
     const COLORREF pixel = Expected(file).At(3, 1);
-    EXPECT_EQ(Drawn(ResourceOf(bytes), {0, 0, 20, 10}, {3, 1, 4, 2}), Picture(20, 10, pixel));
+    EXPECT_EQ(DrawnPart(ResourceOf(bytes), {0, 0, 20, 10}, {3, 1, 4, 2}), Picture(20, 10, pixel));
 }
 
 TEST(BitmapResourceTest, ANumberOfTheLanguageFileGivesItsBitmap)
@@ -94,7 +94,7 @@ TEST(BitmapResourceTest, AMissingOneIsEmptyAndDrawsNothing)
     EXPECT_TRUE(resource.IsEmpty());
     EXPECT_EQ(resource.GetSize().cx, 0);
     EXPECT_EQ(resource.GetSize().cy, 0);
-    EXPECT_EQ(Drawn(resource, Whole, Whole), Picture(Size.cx, Size.cy, RGB(255, 255, 255)));
+    EXPECT_EQ(DrawnPart(resource, Whole, Whole), Picture(Size.cx, Size.cy, RGB(255, 255, 255)));
 }
 
 TEST(BitmapResourceTest, ABitmapThatIsCutOffAnywhereIsEmpty)
@@ -146,7 +146,7 @@ TEST(BitmapResourceTest, AShortColourTableIsTakenAsLongAsItSays)
     file.table.resize(3);
     file.rows.assign(file.rows.size(), '\2');
     const std::string bytes = file.ResourceBytes();
-    EXPECT_EQ(Drawn(ResourceOf(bytes), Whole, Whole), Picture(Size.cx, Size.cy, RGB(2, 2, 2)));
+    EXPECT_EQ(DrawnPart(ResourceOf(bytes), Whole, Whole), Picture(Size.cx, Size.cy, RGB(2, 2, 2)));
 }
 
 TEST(BitmapResourceTest, ABitmapMayNameTheBitsOfItsColoursBehindOrInItsHeader)
@@ -161,12 +161,12 @@ TEST(BitmapResourceTest, ABitmapMayNameTheBitsOfItsColoursBehindOrInItsHeader)
         file.rows[i + 1] = '\x07';
     }
     const std::string behind = file.ResourceBytes();
-    EXPECT_EQ(Drawn(ResourceOf(behind), Whole, Whole), Picture(Size.cx, Size.cy, green));
+    EXPECT_EQ(DrawnPart(ResourceOf(behind), Whole, Whole), Picture(Size.cx, Size.cy, green));
 
     file.header.biSize = sizeof(BITMAPV4HEADER); // goes on with the masks
     file.table.resize((sizeof(BITMAPV4HEADER) - sizeof(BITMAPINFOHEADER)) / sizeof(RGBQUAD));
     const std::string inside = file.ResourceBytes();
-    EXPECT_EQ(Drawn(ResourceOf(inside), Whole, Whole), Picture(Size.cx, Size.cy, green));
+    EXPECT_EQ(DrawnPart(ResourceOf(inside), Whole, Whole), Picture(Size.cx, Size.cy, green));
 }
 
 TEST(BitmapResourceTest, RowsFromTheTopAndPackedRowsAreNotRead)

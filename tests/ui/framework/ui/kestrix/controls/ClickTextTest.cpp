@@ -7,15 +7,15 @@
 namespace
 {
 
-constexpr int Id = 1010;
-constexpr RECT Place{20, 20, 180, 40};
+constexpr int ClickId = 1010;
+constexpr RECT ClickPlace{20, 20, 180, 40};
 
 class ClickTextTest : public ::testing::Test
 {
 protected:
     ClickTextTest()
     {
-        m_text.Create(L"path", WS_CHILD | WS_VISIBLE | SS_NOTIFY | SS_NOPREFIX, Place, m_ground, Id);
+        m_text.Create(L"path", WS_CHILD | WS_VISIBLE | SS_NOTIFY | SS_NOPREFIX, ClickPlace, m_ground, ClickId);
         m_text.SetClickable(true);
         m_ground.Show();
         m_ground.m_arrReached.clear();
@@ -38,7 +38,7 @@ protected:
     Picture Shown()
     {
         m_text.UpdateWindow();
-        constexpr SIZE size{Place.right - Place.left, Place.bottom - Place.top};
+        constexpr SIZE size{ClickPlace.right - ClickPlace.left, ClickPlace.bottom - ClickPlace.top};
         return PictureOf(size,
                          [&](HDC dc)
                          {

@@ -13,7 +13,7 @@
 namespace
 {
 
-constexpr SIZE Size{20, 16};
+constexpr SIZE CornerSize{20, 16};
 
 using Pixels = std::set<std::pair<int, int>>;
 
@@ -51,7 +51,7 @@ Pixels Among(const Pixels& pixels, const RECT& area)
 // The corner bitmaps of the test program have four sizes: 3 by 3, 5 by 3, 3 by 4 and 7 by 4.
 Pixels TestShape()
 {
-    return Toggled(MakeCornerRegion(Size), Size);
+    return Toggled(MakeCornerRegion(CornerSize), CornerSize);
 }
 
 } // namespace
@@ -96,12 +96,12 @@ TEST(CornerRegion, WithoutTheBitmapsTheWindowStaysARectangle)
 
 TEST(CornerRegion, TheDialogGivesTheShapeToItsWindow)
 {
-    CSkinDialog dialog(Size);
+    CSkinDialog dialog(CornerSize);
     dialog.ShapeCorners();
     CRgn shape;
     shape.CreateRectRgn({});
     ASSERT_EQ(COMPLEXREGION, GetWindowRgn(dialog, shape));
-    EXPECT_EQ(TestShape(), Toggled(shape, Size));
+    EXPECT_EQ(TestShape(), Toggled(shape, CornerSize));
 }
 
 TEST(CornerRegion, TheSkinsCornersAreEqualAndSmall)

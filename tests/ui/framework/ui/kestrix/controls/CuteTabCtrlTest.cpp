@@ -15,8 +15,8 @@ extern "C" decltype(&::GetCursorPos) __imp_GetCursorPos;
 namespace
 {
 
-constexpr RECT Place{10, 10, 310, 150};
-constexpr DWORD Style = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
+constexpr RECT TabPlace{10, 10, 310, 150};
+constexpr DWORD TabStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
 constexpr COLORREF Background = RGB(240, 240, 250);
 constexpr COLORREF Border = RGB(0, 0, 128);
 
@@ -26,7 +26,7 @@ protected:
     CuteTabCtrlTest()
     {
         RegisterCommonControls();
-        m_tabs.Create(Style, Place, m_ground, 1);
+        m_tabs.Create(TabStyle, TabPlace, m_ground, 1);
         m_tabs.SetItemSize({80, 20});
         m_tabs.SetMinTabWidth(80);
         m_tabs.SetColours({.background = Background, .border = Border});
@@ -82,7 +82,7 @@ TEST_F(CuteTabCtrlTest, AStripStaysATabControlThatItsOwnerDraws)
 
 TEST_F(CuteTabCtrlTest, WithNoTabTheStripIsTheBackgroundAlone)
 {
-    EXPECT_TRUE(Seen() == Picture(Place.right - Place.left, Place.bottom - Place.top, Background));
+    EXPECT_TRUE(Seen() == Picture(TabPlace.right - TabPlace.left, TabPlace.bottom - TabPlace.top, Background));
 }
 
 TEST_F(CuteTabCtrlTest, WithOnePageNoTabIsDrawnAndTheFrameStillIs)
@@ -259,7 +259,7 @@ TEST_F(CuteTabCtrlTest, TheFontsAreThoseOfTheParentUntilOthersAreSet)
                                                               });
     s_original = patch.Original();
     CCuteTabCtrl tabs;
-    tabs.Create(Style, Place, m_ground, 2);
+    tabs.Create(TabStyle, TabPlace, m_ground, 2);
     LOGFONTW parents{};
     ASSERT_TRUE(m_ground.m_font.GetLogFont(parents));
     ASSERT_EQ(s_fonts.size(), 2u);
@@ -301,11 +301,11 @@ TEST_F(CuteTabCtrlTest, AStripOnAParentWithoutAFontIsPainted)
 {
     m_ground.SetFont(nullptr);
     CCuteTabCtrl tabs;
-    ASSERT_TRUE(tabs.Create(Style, Place, m_ground, 2));
+    ASSERT_TRUE(tabs.Create(TabStyle, TabPlace, m_ground, 2));
     tabs.InsertItem(0, L"one");
     tabs.InsertItem(1, L"two");
     m_tabs.ShowWindow(SW_HIDE);
-    EXPECT_EQ(PictureOf(tabs).At(0, Place.bottom - Place.top - 1), RGB(0, 0, 0));
+    EXPECT_EQ(PictureOf(tabs).At(0, TabPlace.bottom - TabPlace.top - 1), RGB(0, 0, 0));
 }
 
 TEST_F(CuteTabCtrlTest, AThousandStripsLeaveNothingBehind)
@@ -313,7 +313,7 @@ TEST_F(CuteTabCtrlTest, AThousandStripsLeaveNothingBehind)
     const auto useOnce = [this]
     {
         CCuteTabCtrl tabs;
-        tabs.Create(Style, Place, m_ground, 2);
+        tabs.Create(TabStyle, TabPlace, m_ground, 2);
         tabs.SetBitmaps(IDB_TAB_NORMAL, IDB_TAB_CHOSEN);
         tabs.InsertItem(0, L"one");
         tabs.InsertItem(1, L"two");

@@ -37,7 +37,7 @@ protected:
     CDIBitmap m_picture;
 };
 
-Picture Drawn(const CDIBitmap& picture)
+Picture DrawnFile(const CDIBitmap& picture)
 {
     return PictureOf({picture.GetWidth(), picture.GetHeight()}, [&](HDC dc) { picture.DrawDIB(dc, 0, 0); });
 }
@@ -53,7 +53,7 @@ TEST_F(DIBitmapFileTest, EveryDepthIsLoadedWithItsSize)
         EXPECT_EQ(3, m_picture.GetHeight());
         EXPECT_EQ(depth, m_picture.GetBitCount());
         EXPECT_EQ(depth <= 8, m_picture.GetPalette() != nullptr) << depth;
-        Drawn(m_picture); // reads all of it: the debug build's guard pages watch
+        DrawnFile(m_picture); // reads all of it: the debug build's guard pages watch
     }
 }
 
@@ -62,25 +62,25 @@ TEST_F(DIBitmapFileTest, EveryDepthIsDrawnInItsColours)
     BitmapFile one(8, 1, 1);
     one.rows = std::string("\xA0\0\0\0", 4);
     ASSERT_TRUE(Load(one.Bytes()));
-    EXPECT_EQ(RGB(255, 255, 255), Drawn(m_picture).At(0, 0));
-    EXPECT_EQ(RGB(0, 0, 0), Drawn(m_picture).At(1, 0));
+    EXPECT_EQ(RGB(255, 255, 255), DrawnFile(m_picture).At(0, 0));
+    EXPECT_EQ(RGB(0, 0, 0), DrawnFile(m_picture).At(1, 0));
 
     BitmapFile four(2, 1, 4);
     four.table[5] = {10, 20, 30, 0};
     four.rows = std::string("\x5F\0\0\0", 4);
     ASSERT_TRUE(Load(four.Bytes()));
-    EXPECT_EQ(RGB(30, 20, 10), Drawn(m_picture).At(0, 0));
+    EXPECT_EQ(RGB(30, 20, 10), DrawnFile(m_picture).At(0, 0));
 
     BitmapFile sixteen(2, 1, 16);
     sixteen.rows = std::string("\x1F\x00\x00\x7C", 4); // five bits each, blue lowest
     ASSERT_TRUE(Load(sixteen.Bytes()));
-    EXPECT_EQ(RGB(0, 0, 255), Drawn(m_picture).At(0, 0));
-    EXPECT_EQ(RGB(255, 0, 0), Drawn(m_picture).At(1, 0));
+    EXPECT_EQ(RGB(0, 0, 255), DrawnFile(m_picture).At(0, 0));
+    EXPECT_EQ(RGB(255, 0, 0), DrawnFile(m_picture).At(1, 0));
 
     BitmapFile deepest(1, 1, 32);
     deepest.rows = std::string("\x01\x02\x03\x00", 4);
     ASSERT_TRUE(Load(deepest.Bytes()));
-    EXPECT_EQ(RGB(3, 2, 1), Drawn(m_picture).At(0, 0));
+    EXPECT_EQ(RGB(3, 2, 1), DrawnFile(m_picture).At(0, 0));
 }
 
 TEST_F(DIBitmapFileTest, APictureThatNamesTheBitsOfItsColoursIsDrawnInThem)
@@ -93,11 +93,11 @@ TEST_F(DIBitmapFileTest, APictureThatNamesTheBitsOfItsColoursIsDrawnInThem)
     std::string bytes = file.Bytes();
     bytes.insert(54, masks);
     ASSERT_TRUE(Load(bytes));
-    EXPECT_EQ(RGB(255, 0, 0), Drawn(m_picture).At(0, 0));
+    EXPECT_EQ(RGB(255, 0, 0), DrawnFile(m_picture).At(0, 0));
     ASSERT_TRUE(m_picture.Save(m_folder.File(L"saved.bmp")));
     CDIBitmap again;
     ASSERT_TRUE(again.Load(m_folder.File(L"saved.bmp")));
-    EXPECT_EQ(Drawn(m_picture), Drawn(again));
+    EXPECT_EQ(DrawnFile(m_picture), DrawnFile(again));
 }
 
 TEST_F(DIBitmapFileTest, APictureWhoseRowsRunDownwardIsTurnedOver)
@@ -113,10 +113,10 @@ TEST_F(DIBitmapFileTest, APictureWhoseRowsRunDownwardIsTurnedOver)
             downward.rows += upward.rows.substr(row * stride, stride);
         }
         ASSERT_TRUE(Load(upward.Bytes()));
-        const Picture expected = Drawn(m_picture);
+        const Picture expected = DrawnFile(m_picture);
         ASSERT_TRUE(Load(downward.Bytes()));
         EXPECT_EQ(4, m_picture.GetHeight());
-        EXPECT_EQ(expected, Drawn(m_picture)) << depth;
+        EXPECT_EQ(expected, DrawnFile(m_picture)) << depth;
     }
 }
 
@@ -211,7 +211,7 @@ TEST_F(DIBitmapFileTest, TheImageSizeOfTheHeaderIsNotNeeded)
     for (const DWORD size : {0u, 1u, 0xFFFFFFFFu})
     {
         EXPECT_TRUE(LoadSpoilt([size](BitmapFile& file) { file.header.biSizeImage = size; }));
-        EXPECT_EQ(Picture(1, 1, Drawn(m_picture).At(0, 2)), Drawn(m_picture).Part({0, 2, 1, 3}));
+        EXPECT_EQ(Picture(1, 1, DrawnFile(m_picture).At(0, 2)), DrawnFile(m_picture).Part({0, 2, 1, 3}));
     }
 }
 
@@ -224,7 +224,7 @@ TEST_F(DIBitmapFileTest, AColourTableOfFewerEntriesIsEnoughAndSetsThePalette)
     file.rows = std::string("\0\1\2\xFF", 4); // the last has no colour
     ASSERT_TRUE(Load(file.Bytes()));
     EXPECT_EQ(3u, GetPaletteEntries(*m_picture.GetPalette(), 0, 0, nullptr));
-    EXPECT_EQ(RGB(2, 2, 2), Drawn(m_picture).At(2, 0));
+    EXPECT_EQ(RGB(2, 2, 2), DrawnFile(m_picture).At(2, 0));
 }
 
 TEST_F(DIBitmapFileTest, AFailureLeavesNoPicture)
@@ -256,13 +256,13 @@ TEST_F(DIBitmapFileTest, APictureWithoutRoomInMemoryIsRefused)
 TEST_F(DIBitmapFileTest, AFileIsReadFromItsPositionOn)
 {
     ASSERT_TRUE(Load(BitmapFile(5, 3, 8).Bytes()));
-    const Picture expected = Drawn(m_picture);
+    const Picture expected = DrawnFile(m_picture);
     const std::wstring path = Write("twelve bytes" + BitmapFile(5, 3, 8).Bytes());
     const UniqueFile file(CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
     ASSERT_TRUE(file);
     SetFilePointer(file.get(), 12, nullptr, FILE_BEGIN);
     ASSERT_TRUE(m_picture.Load(file.get()));
-    EXPECT_EQ(expected, Drawn(m_picture));
+    EXPECT_EQ(expected, DrawnFile(m_picture));
 }
 
 TEST_F(DIBitmapFileTest, ASavedPictureIsTheSameFileAgain)

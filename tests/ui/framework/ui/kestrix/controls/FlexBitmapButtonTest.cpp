@@ -10,15 +10,15 @@
 namespace
 {
 
-using Button = OpenButton<CFlexBitmapButton>;
+using FlexButton = OpenButton<CFlexBitmapButton>;
 
 constexpr COLORREF Key = RGB(0, 255, 0);
 constexpr COLORREF TopLeft = RGB(0x80, 0, 0);
 constexpr COLORREF HoverMiddle = RGB(0xff, 0xe0, 0xb0);
 constexpr COLORREF HoverTopLeft = RGB(0x60, 0x40, 0x20);
-constexpr COLORREF Blue = RGB(0, 0, 0xc0);
-constexpr COLORREF TextColour = RGB(200, 0, 100);
-constexpr POINT Middle{ButtonSize.cx / 2, ButtonSize.cy / 2};
+constexpr COLORREF FlexBlue = RGB(0, 0, 0xc0);
+constexpr COLORREF FlexTextColour = RGB(200, 0, 100);
+constexpr POINT FlexMiddle{ButtonSize.cx / 2, ButtonSize.cy / 2};
 
 class FlexBitmapButtonTest : public testing::Test
 {
@@ -26,18 +26,18 @@ protected:
     void MakeButton(const std::wstring& text = {}, DWORD exStyle = 0)
     {
         ASSERT_TRUE(m_button.Make(m_stage, text, 0, exStyle));
-        m_button.SetTextColour(TextColour);
+        m_button.SetTextColour(FlexTextColour);
     }
 
     void GivePictures() { ASSERT_TRUE(m_button.SetBitmaps(IDB_NINE_HOLE, IDB_NINE_HOT)); }
 
-    Picture TextAt(const RECT& place, UINT format, COLORREF colour = TextColour) const
+    Picture TextAt(const RECT& place, UINT format, COLORREF colour = FlexTextColour) const
     {
         return TextOf(m_button, m_stage, place, format | DT_VCENTER | DT_SINGLELINE, colour);
     }
 
     ButtonStage m_stage;
-    Button m_button;
+    FlexButton m_button;
 };
 
 } // namespace
@@ -58,7 +58,7 @@ TEST_F(FlexBitmapButtonTest, TheHoleShowsWhatTheParentErasesAndPaintsBelow)
     for (const DWORD style : {DWORD{0}, DWORD{WS_CLIPCHILDREN}})
     {
         ButtonStage stage(style);
-        Button button;
+        FlexButton button;
         ASSERT_TRUE(button.Make(stage, {}, 0, WS_EX_TRANSPARENT));
         ASSERT_TRUE(button.SetBitmaps(IDB_NINE_HOLE, IDB_NINE_HOT));
         const Picture picture = PictureOf(button);
@@ -104,7 +104,7 @@ TEST_F(FlexBitmapButtonTest, AHiddenButtonStaysHiddenWhenItIsDrawn)
 // painted below it: this must come to an end.
 TEST_F(FlexBitmapButtonTest, ButtonsThatTheirParentPaintsAnewWithItselfComeToRest)
 {
-    std::array<Button, 2> buttons;
+    std::array<FlexButton, 2> buttons;
     for (std::size_t i = 0; i < buttons.size(); ++i)
     {
         const LONG left = static_cast<LONG>(i) * 100;
@@ -145,12 +145,12 @@ TEST_F(FlexBitmapButtonTest, HoverChangesThePictureOnTheScreen)
 {
     MakeButton({}, WS_EX_TRANSPARENT);
     GivePictures();
-    EXPECT_EQ(PictureOf(m_button).At(Middle.x, Middle.y), ButtonStage::Ground);
+    EXPECT_EQ(PictureOf(m_button).At(FlexMiddle.x, FlexMiddle.y), ButtonStage::Ground);
     MoveMouseOver(m_button);
-    EXPECT_EQ(PictureOf(m_button).At(Middle.x, Middle.y), HoverMiddle);
+    EXPECT_EQ(PictureOf(m_button).At(FlexMiddle.x, FlexMiddle.y), HoverMiddle);
     EXPECT_EQ(PictureOf(m_button).At(0, 0), HoverTopLeft);
     m_button.SendMessage(WM_MOUSELEAVE);
-    EXPECT_EQ(PictureOf(m_button).At(Middle.x, Middle.y), ButtonStage::Ground);
+    EXPECT_EQ(PictureOf(m_button).At(FlexMiddle.x, FlexMiddle.y), ButtonStage::Ground);
 }
 
 TEST_F(FlexBitmapButtonTest, AnotherKeyColourCutsAnotherHole)
@@ -192,9 +192,9 @@ TEST_F(FlexBitmapButtonTest, TheTextStartsBehindTheIconAndItsGap)
     MakeButton(L"Hi");
     ASSERT_TRUE(m_button.SetIcons(IDI_BLUE));
     const Picture picture = PictureInState(m_button, 0);
-    EXPECT_EQ(PlaceOf(picture, Blue), L"5 7 21 23");
-    EXPECT_EQ(PlaceOf(picture, TextColour), PlaceOf(TextAt({26, 0, 80, 30}, DT_LEFT), TextColour));
-    EXPECT_EQ(PlaceOf(PictureInState(m_button, ODS_SELECTED), Blue), L"6 8 22 24");
+    EXPECT_EQ(PlaceOf(picture, FlexBlue), L"5 7 21 23");
+    EXPECT_EQ(PlaceOf(picture, FlexTextColour), PlaceOf(TextAt({26, 0, 80, 30}, DT_LEFT), FlexTextColour));
+    EXPECT_EQ(PlaceOf(PictureInState(m_button, ODS_SELECTED), FlexBlue), L"6 8 22 24");
 }
 
 TEST_F(FlexBitmapButtonTest, ATextThatIsTooLongEndsInDots)
@@ -250,7 +250,7 @@ TEST_F(FlexBitmapButtonTest, AThousandButtonsLeaveNothingBehind)
     const long before = AllLiveHandles();
     for (int i = 0; i < 1000; ++i)
     {
-        Button button;
+        FlexButton button;
         ASSERT_TRUE(button.Make(m_stage, L"x", 0, i % 10 == 0 ? WS_EX_TRANSPARENT : 0));
         ASSERT_TRUE(button.SetBitmaps(IDB_NINE_HOLE, IDB_NINE_HOT));
         button.RedrawWindow();
@@ -266,7 +266,7 @@ TEST_F(FlexBitmapButtonTest, SmallButtonsAndEmptyOnesAreDrawnWithoutHarm)
     {
         for (const DWORD exStyle : {DWORD{0}, DWORD{WS_EX_TRANSPARENT}})
         {
-            Button button;
+            FlexButton button;
             ASSERT_TRUE(button.Make(m_stage, L"Close", 0, exStyle, {0, 0, size.cx, size.cy}));
             ASSERT_TRUE(button.SetBitmaps(IDB_NINE_HOLE, IDB_NINE_HOT));
             button.RedrawWindow();

@@ -22,8 +22,8 @@ namespace
 {
 
 constexpr int NoImage = -1;
-constexpr int Up = 0;
-constexpr int Down = 1;
+constexpr int UpImage = 0;
+constexpr int DownImage = 1;
 constexpr COLORREF Background = RGB(0, 128, 255);
 constexpr int ArrowWidth = 9;
 constexpr int ArrowHeight = 5;
@@ -135,7 +135,7 @@ TEST_F(SortHeaderCtrlTest, TheArrowStandsOnTheSortedColumnAlone)
 {
     m_header.SetArrowImages();
     m_header.SetSortArrow(1, 1);
-    EXPECT_EQ(Images(), (std::vector<int>{NoImage, Up, NoImage}));
+    EXPECT_EQ(Images(), (std::vector<int>{NoImage, UpImage, NoImage}));
     EXPECT_EQ(Flags(1), 22528);
     EXPECT_EQ(Flags(0), 20480);
     EXPECT_EQ(Flags(2), 20480);
@@ -147,10 +147,10 @@ TEST_F(SortHeaderCtrlTest, AscendingIs1AndAnyOtherValueIsDown)
     for (const int ascending : {0, 2, -1})
     {
         m_header.SetSortArrow(0, ascending);
-        EXPECT_EQ(Images(), (std::vector<int>{Down, NoImage, NoImage})) << ascending;
+        EXPECT_EQ(Images(), (std::vector<int>{DownImage, NoImage, NoImage})) << ascending;
     }
     m_header.SetSortArrow(0, 1);
-    EXPECT_EQ(Images(), (std::vector<int>{Up, NoImage, NoImage}));
+    EXPECT_EQ(Images(), (std::vector<int>{UpImage, NoImage, NoImage}));
 }
 
 TEST_F(SortHeaderCtrlTest, ARightAlignedColumnKeepsItsAlignmentWhenTheArrowMovesAwayFromIt)
@@ -163,7 +163,7 @@ TEST_F(SortHeaderCtrlTest, ARightAlignedColumnKeepsItsAlignmentWhenTheArrowMoves
     EXPECT_EQ(Alignment(1), HDF_RIGHT);
     EXPECT_EQ(Alignment(0), HDF_LEFT);
     EXPECT_EQ(Alignment(2), HDF_CENTER);
-    EXPECT_EQ(Images(), (std::vector<int>{Up, NoImage, NoImage}));
+    EXPECT_EQ(Images(), (std::vector<int>{UpImage, NoImage, NoImage}));
 }
 
 TEST_F(SortHeaderCtrlTest, AColumnOfMinus1OrPastTheEndClearsAllArrows)
@@ -172,7 +172,7 @@ TEST_F(SortHeaderCtrlTest, AColumnOfMinus1OrPastTheEndClearsAllArrows)
     for (const int none : {-1, 3, 1000})
     {
         m_header.SetSortArrow(2, 0);
-        ASSERT_EQ(Images(), (std::vector<int>{NoImage, NoImage, Down}));
+        ASSERT_EQ(Images(), (std::vector<int>{NoImage, NoImage, DownImage}));
         m_header.SetSortArrow(none, 1);
         EXPECT_EQ(Images(), (std::vector<int>{NoImage, NoImage, NoImage})) << none;
         EXPECT_EQ(Flags(2), 20480) << none;
@@ -185,7 +185,7 @@ TEST_F(SortHeaderCtrlTest, EveryOtherColumnGetsImageMinus1)
     m_header.SetArrowImages();
     const ItemListener listener;
     m_header.SetSortArrow(1, 0);
-    EXPECT_EQ(listener.Images(), (std::vector<int>{-1, Down, -1}));
+    EXPECT_EQ(listener.Images(), (std::vector<int>{-1, DownImage, -1}));
 }
 
 // Asked of the call itself, since a header may paint itself anew for each item that is set.
@@ -242,8 +242,8 @@ TEST_F(SortHeaderCtrlTest, TheArrowsAreDrawnInTheColourOfGreyTextOnWhateverIsBeh
 {
     m_header.SetArrowImages();
     const std::set<COLORREF> expected{Background, GetSysColor(COLOR_GRAYTEXT)};
-    const ArrowPicture up(m_header.GetImageList(), Up);
-    const ArrowPicture down(m_header.GetImageList(), Down);
+    const ArrowPicture up(m_header.GetImageList(), UpImage);
+    const ArrowPicture down(m_header.GetImageList(), DownImage);
     EXPECT_EQ(up.m_colours, expected);
     EXPECT_EQ(down.m_colours, expected);
     EXPECT_TRUE(std::ranges::is_sorted(up.m_widths)) << "an up arrow widens downwards";
@@ -261,7 +261,7 @@ TEST_F(SortHeaderCtrlTest, ASecondSetArrowImagesDoesNotLoadTheBitmapsAgainAndHan
     EXPECT_EQ(m_header.GetImageList(), images);
     EXPECT_EQ(ImageList_GetImageCount(images), 2);
     m_header.SetSortArrow(0, 0);
-    EXPECT_EQ(Images(), (std::vector<int>{Down, NoImage, NoImage}));
+    EXPECT_EQ(Images(), (std::vector<int>{DownImage, NoImage, NoImage}));
 }
 
 TEST_F(SortHeaderCtrlTest, WithoutTheBitmapsTheHeaderGetsAnEmptyListAndNoArrows)

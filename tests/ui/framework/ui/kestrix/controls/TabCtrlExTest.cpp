@@ -11,8 +11,8 @@
 namespace
 {
 
-constexpr RECT Place{10, 10, 310, 150};
-constexpr DWORD Style = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
+constexpr RECT ExtendedPlace{10, 10, 310, 150};
+constexpr DWORD ExtendedStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
 constexpr int Header = 7;
 
 // A page that counts how often it is shown or hidden.
@@ -49,7 +49,7 @@ protected:
     TabCtrlExTest()
     {
         RegisterCommonControls();
-        m_tabs.Create(Style, Place, m_ground, 1);
+        m_tabs.Create(ExtendedStyle, ExtendedPlace, m_ground, 1);
         m_tabs.SetItemSize({80, 20});
         m_tabs.SetMinTabWidth(80);
         m_ground.Show();
@@ -318,7 +318,7 @@ TEST_F(TabCtrlExTest, AThousandStripsWithPagesLeaveNothingBehind)
         Page first;
         Page second;
         CTabCtrlEx tabs;
-        tabs.Create(Style, Place, m_ground, 2);
+        tabs.Create(ExtendedStyle, ExtendedPlace, m_ground, 2);
         tabs.AddPage(IDS_TAB_FIRST, first, IDD_TAB_FIRST);
         tabs.AddPage(IDS_TAB_SECOND, second, IDD_TAB_SECOND);
         ASSERT_TRUE(tabs.CreatePages(0));

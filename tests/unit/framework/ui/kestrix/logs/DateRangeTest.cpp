@@ -16,7 +16,7 @@ bool IsInRange(const COleDateTime& date, std::uint32_t startDay, std::uint32_t e
     return IsDateInDayRange(date, startDay, endDay, Today);
 }
 
-HRESULT StatusOf(const COleDateTime& date)
+HRESULT StatusOfDate(const COleDateTime& date)
 {
     try
     {
@@ -59,13 +59,13 @@ TEST(DateRangeTest, AnEmptyRangeHoldsNothing)
 
 TEST(DateRangeTest, ADateBefore1900OrAnInvalidOneIsRefused)
 {
-    EXPECT_EQ(StatusOf({1899, 12, 31, 12, 0, 0}), static_cast<HRESULT>(0x80004005));
-    EXPECT_EQ(StatusOf({2026, 2, 30, 12, 0, 0}), static_cast<HRESULT>(0x80004005));
-    EXPECT_EQ(StatusOf({}), static_cast<HRESULT>(0x80004005));
+    EXPECT_EQ(StatusOfDate({1899, 12, 31, 12, 0, 0}), static_cast<HRESULT>(0x80004005));
+    EXPECT_EQ(StatusOfDate({2026, 2, 30, 12, 0, 0}), static_cast<HRESULT>(0x80004005));
+    EXPECT_EQ(StatusOfDate({}), static_cast<HRESULT>(0x80004005));
 }
 
 TEST(DateRangeTest, ADateThatTheCalendarCannotCountIsRefused)
 {
-    EXPECT_EQ(StatusOf({1900, 1, 1, 12, 0, 0}), static_cast<HRESULT>(0x80070057));
-    EXPECT_EQ(StatusOf({9999, 12, 31, 12, 0, 0}), static_cast<HRESULT>(0x80070057));
+    EXPECT_EQ(StatusOfDate({1900, 1, 1, 12, 0, 0}), static_cast<HRESULT>(0x80070057));
+    EXPECT_EQ(StatusOfDate({9999, 12, 31, 12, 0, 0}), static_cast<HRESULT>(0x80070057));
 }

@@ -17,7 +17,7 @@ extern "C" decltype(&::ReadFile) __imp_ReadFile;
 namespace
 {
 
-using Lines = std::vector<std::wstring>;
+using ReaderLines = std::vector<std::wstring>;
 
 constexpr std::size_t BlockSize = 256 * 1024;
 
@@ -26,10 +26,10 @@ std::wstring Lines3(const wchar_t* first, const wchar_t* second, const wchar_t* 
     return std::wstring(first) + L"\r\n" + second + L"\r\n" + third + L"\r\n";
 }
 
-Lines ReadLines(const std::wstring& path, std::uint32_t limit = 0)
+ReaderLines ReadLines(const std::wstring& path, std::uint32_t limit = 0)
 {
     LogFileReader reader;
-    Lines lines;
+    ReaderLines lines;
     std::wstring_view line;
     EXPECT_TRUE(reader.Open(path, limit));
     while (reader.NextLine(line))
@@ -157,7 +157,7 @@ std::string RandomFile(Samples::Random& random)
 class LogFileReaderTest : public ::testing::Test
 {
 protected:
-    Lines ReadText(std::wstring_view text)
+    ReaderLines ReadText(std::wstring_view text)
     {
         WriteUtf16(m_path, text);
         return ReadLines(m_path);
@@ -187,82 +187,82 @@ protected:
 
 TEST_F(LogFileReaderTest, GivesTheLinesWithoutTheirEnds)
 {
-    EXPECT_EQ(ReadText(Lines3(L"one", L"two", L"three")), (Lines{L"one", L"two", L"three"}));
+    EXPECT_EQ(ReadText(Lines3(L"one", L"two", L"three")), (ReaderLines{L"one", L"two", L"three"}));
 }
 
 TEST_F(LogFileReaderTest, SkipsTheFirstTwoBytesWhateverTheyAre)
 {
     WriteBytes(m_path, "\xFE\xFF" + Utf16Bytes(L"a\r\n"));
-    EXPECT_EQ(ReadLines(m_path), (Lines{L"a"}));
+    EXPECT_EQ(ReadLines(m_path), (ReaderLines{L"a"}));
     WriteBytes(m_path, Utf16Bytes(L"xab\r\n"));
-    EXPECT_EQ(ReadLines(m_path), (Lines{L"ab"}));
+    EXPECT_EQ(ReadLines(m_path), (ReaderLines{L"ab"}));
 }
 
 TEST_F(LogFileReaderTest, ALineOf2046CharactersWithItsEndIsGivenAndOneMoreIsNot)
 {
     const std::wstring longest(2044, L'x');
-    EXPECT_EQ(ReadText(L"a\r\n" + longest + L"\r\nb\r\n"), (Lines{L"a", longest, L"b"}));
-    EXPECT_EQ(ReadText(L"a\r\n" + longest + L"y\r\nb\r\n"), (Lines{L"a", L"b"}));
+    EXPECT_EQ(ReadText(L"a\r\n" + longest + L"\r\nb\r\n"), (ReaderLines{L"a", longest, L"b"}));
+    EXPECT_EQ(ReadText(L"a\r\n" + longest + L"y\r\nb\r\n"), (ReaderLines{L"a", L"b"}));
 }
 
 // The pieces of this line end exactly with the line: the line feed alone is the last piece.
 TEST_F(LogFileReaderTest, ALineWhoseLineFeedStandsAloneInItsPieceIsPassedOverWhole)
 {
-    EXPECT_EQ(ReadText(std::wstring(2046, L'x') + L"\nb\r\n"), (Lines{L"b"}));
-    EXPECT_EQ(ReadText(std::wstring(2045, L'x') + L"\r\nb\r\n"), (Lines{L"b"}));
+    EXPECT_EQ(ReadText(std::wstring(2046, L'x') + L"\nb\r\n"), (ReaderLines{L"b"}));
+    EXPECT_EQ(ReadText(std::wstring(2045, L'x') + L"\r\nb\r\n"), (ReaderLines{L"b"}));
 }
 
 TEST_F(LogFileReaderTest, TheLastLineWithoutALineFeedIsPassedOver)
 {
-    EXPECT_EQ(ReadText(L"a\r\nb"), (Lines{L"a"}));
-    EXPECT_EQ(ReadText(L"a\r\nb\r"), (Lines{L"a"}));
+    EXPECT_EQ(ReadText(L"a\r\nb"), (ReaderLines{L"a"}));
+    EXPECT_EQ(ReadText(L"a\r\nb\r"), (ReaderLines{L"a"}));
 }
 
 TEST_F(LogFileReaderTest, WithoutACarriageReturnTheLineFeedStaysInTheLine)
 {
-    EXPECT_EQ(ReadText(L"a\nb\r\n"), (Lines{L"a\n", L"b"}));
-    EXPECT_EQ(ReadText(L"\n"), (Lines{L"\n"}));
+    EXPECT_EQ(ReadText(L"a\nb\r\n"), (ReaderLines{L"a\n", L"b"}));
+    EXPECT_EQ(ReadText(L"\n"), (ReaderLines{L"\n"}));
 }
 
 TEST_F(LogFileReaderTest, TheLineEndsAtItsLastCarriageReturn)
 {
-    EXPECT_EQ(ReadText(L"a\rb\rcd\n"), (Lines{L"a\rb"}));
-    EXPECT_EQ(ReadText(L"a\r\r\n"), (Lines{L"a\r"}));
+    EXPECT_EQ(ReadText(L"a\rb\rcd\n"), (ReaderLines{L"a\rb"}));
+    EXPECT_EQ(ReadText(L"a\r\r\n"), (ReaderLines{L"a\r"}));
 }
 
 TEST_F(LogFileReaderTest, EmptyLinesAreSkipped)
 {
-    EXPECT_EQ(ReadText(L"\r\n\r\na\r\n\r\n"), (Lines{L"a"}));
-    EXPECT_EQ(ReadText(L"\rxyz\na\r\n"), (Lines{L"a"}));
+    EXPECT_EQ(ReadText(L"\r\n\r\na\r\n\r\n"), (ReaderLines{L"a"}));
+    EXPECT_EQ(ReadText(L"\rxyz\na\r\n"), (ReaderLines{L"a"}));
 }
 
 TEST_F(LogFileReaderTest, ANulInALineBreaksItAndTakesTheNextLineWithIt)
 {
-    EXPECT_EQ(ReadText(std::wstring_view(L"a\r\nb\0c\r\nd\r\ne\r\n", 14)), (Lines{L"a", L"e"}));
+    EXPECT_EQ(ReadText(std::wstring_view(L"a\r\nb\0c\r\nd\r\ne\r\n", 14)), (ReaderLines{L"a", L"e"}));
 }
 
 TEST_F(LogFileReaderTest, ALineThatBeginsWithANulIsNothing)
 {
-    EXPECT_EQ(ReadText(std::wstring_view(L"a\r\n\0c\r\nd\r\n", 10)), (Lines{L"a", L"d"}));
+    EXPECT_EQ(ReadText(std::wstring_view(L"a\r\n\0c\r\nd\r\n", 10)), (ReaderLines{L"a", L"d"}));
 }
 
 TEST_F(LogFileReaderTest, AControlZDoesNotEndTheFile)
 {
-    EXPECT_EQ(ReadText(L"a\x1A z\r\nb\r\n"), (Lines{L"a\x1A z", L"b"}));
+    EXPECT_EQ(ReadText(L"a\x1A z\r\nb\r\n"), (ReaderLines{L"a\x1A z", L"b"}));
 }
 
 TEST_F(LogFileReaderTest, CharactersThatAreNoneAreKept)
 {
     const std::wstring odd = {0xDC00, 0xD800, 0xFFFF, 0xFFFE, L'a'};
-    EXPECT_EQ(ReadText(odd + L"\r\nb\r\n"), (Lines{odd, L"b"}));
+    EXPECT_EQ(ReadText(odd + L"\r\nb\r\n"), (ReaderLines{odd, L"b"}));
 }
 
 TEST_F(LogFileReaderTest, HalfACharacterAtTheEndIsLeftOut)
 {
     WriteBytes(m_path, "\xFF\xFE" + Utf16Bytes(L"a\r\n") + "b");
-    EXPECT_EQ(ReadLines(m_path), (Lines{L"a"}));
+    EXPECT_EQ(ReadLines(m_path), (ReaderLines{L"a"}));
     WriteBytes(m_path, "\xFF\xFE" + Utf16Bytes(L"a\r\nb\r") + "\n");
-    EXPECT_EQ(ReadLines(m_path), (Lines{L"a"}));
+    EXPECT_EQ(ReadLines(m_path), (ReaderLines{L"a"}));
 }
 
 TEST_F(LogFileReaderTest, AFileOfNoBytesOneOrTwoHasNoLinesAndOpens)
@@ -270,7 +270,7 @@ TEST_F(LogFileReaderTest, AFileOfNoBytesOneOrTwoHasNoLinesAndOpens)
     for (const std::string_view bytes : {"", "\xFF", "\xFF\xFE"})
     {
         WriteBytes(m_path, bytes);
-        EXPECT_EQ(ReadLines(m_path), Lines{}) << bytes.size();
+        EXPECT_EQ(ReadLines(m_path), ReaderLines{}) << bytes.size();
     }
 }
 
@@ -286,10 +286,10 @@ TEST_F(LogFileReaderTest, ALimitStartsSoManyBytesBeforeTheEndBehindOneDiscardedL
 {
     WriteUtf16(m_path, Lines3(L"one", L"two", L"three"));
     // "\r\nthree\r\n" has 18 bytes: the rest of the second line's end is what is discarded.
-    EXPECT_EQ(ReadLines(m_path, 18), (Lines{L"three"}));
-    EXPECT_EQ(ReadLines(m_path, 19), (Lines{L"three"})) << "an odd limit counts as the even one below";
-    EXPECT_EQ(ReadLines(m_path, 22), (Lines{L"three"})) << "part of the second line";
-    EXPECT_EQ(ReadLines(m_path, 100000), (Lines{L"two", L"three"})) << "a limit beyond the file";
+    EXPECT_EQ(ReadLines(m_path, 18), (ReaderLines{L"three"}));
+    EXPECT_EQ(ReadLines(m_path, 19), (ReaderLines{L"three"})) << "an odd limit counts as the even one below";
+    EXPECT_EQ(ReadLines(m_path, 22), (ReaderLines{L"three"})) << "part of the second line";
+    EXPECT_EQ(ReadLines(m_path, 100000), (ReaderLines{L"two", L"three"})) << "a limit beyond the file";
 }
 
 TEST_F(LogFileReaderTest, AnObjectReadsAnotherFileAfterTheFirst)

@@ -8,7 +8,7 @@
 namespace
 {
 
-struct Row
+struct KindRow
 {
     std::uint32_t type;
     std::wstring_view extension;
@@ -17,7 +17,7 @@ struct Row
 };
 
 // The numbers that the suite knows these kinds by; they stay as they are. What other kinds have is theirs to say.
-constexpr Row Table[] = {
+constexpr KindRow KindRows[] = {
     {0, L"VLG", 2, 143},   {1, L"UPG", 11, 158}, {2, L"UFG", 5, 161},   {3, L"PFG", 6, 159}, {5, L"PTG", 7, 162},
     {6, L"PPG", 9, 163},   {7, L"HLG", 4, 160},  {8, L"VAG", 8, 168},   {9, L"SPG", 3, 177}, {11, L"SCG", 10, 65},
     {12, L"STC", 13, 215}, {13, L"SCI", 12, 90}, {14, L"SKP", 14, 230},
@@ -27,7 +27,7 @@ constexpr Row Table[] = {
 
 TEST(LogKindsTest, EveryTypeHasItsExtensionQuerySubTypeAndExportTitle)
 {
-    for (const Row& row : Table)
+    for (const KindRow& row : KindRows)
     {
         const LogKind* const kind = FindLogKind(row.type);
         ASSERT_NE(kind, nullptr) << row.type;

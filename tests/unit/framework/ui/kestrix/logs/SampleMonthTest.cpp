@@ -42,14 +42,14 @@ constexpr EmptyCells MayBeEmpty[] = {
 };
 
 // A range of numbers of texts that codes and empty tokens of a kind stand for.
-struct Texts
+struct FieldTexts
 {
     std::wstring_view extension;
     UINT first;
     UINT last;
 };
 
-constexpr Texts TextsOfCodes[] = {
+constexpr FieldTexts TextsOfCodes[] = {
     {L"VLG", 144, 153},   {L"VLG", 30, 30},   {L"VLG", 317, 317}, {L"VLG", 800, 809}, {L"SPG", 299, 311},
     {L"SPG", 182, 182},   {L"SPG", 316, 317}, {L"SPG", 144, 149}, {L"SPG", 152, 153}, {L"SPG", 800, 801},
     {L"SPG", 806, 813},   {L"UPG", 622, 708}, {L"UPG", 211, 214}, {L"UPG", 171, 171}, {L"UPG", 175, 175},
@@ -74,7 +74,7 @@ struct Month
 {
     explicit Month(const LogKind& kind)
     {
-        for (const Texts& range : TextsOfCodes)
+        for (const FieldTexts& range : TextsOfCodes)
         {
             for (UINT text = range.first; range.extension == kind.extension && text <= range.last; ++text)
             {

@@ -21,7 +21,7 @@ std::wstring Line(std::wstring_view name)
     return L"20260101|103015|1048576|x|0|0|" + std::wstring(name) + L"|C:\\a.exe|1|1|0|0\r\n";
 }
 
-std::wstring Lines(std::size_t count)
+std::wstring LinesOfFile(std::size_t count)
 {
     std::wstring text;
     for (std::size_t i = 0; i < count; ++i)
@@ -199,7 +199,7 @@ TEST_F(ZPTLogBaseBadInputTest, TenThousandBarsOfTheProviderAreARecordOfEmptyToke
 
 TEST_F(ZPTLogBaseBadInputTest, AFileThatGrowsWhileItIsReadIsReadToItsNewEnd)
 {
-    WriteUtf16(m_path, Lines(10));
+    WriteUtf16(m_path, LinesOfFile(10));
     m_disturbed.m_disturb = [&](std::size_t count)
     {
         if (count >= 10 && count < 60)
@@ -219,7 +219,7 @@ TEST_F(ZPTLogBaseBadInputTest, AFileThatGrowsWhileItIsReadIsReadToItsNewEnd)
 TEST_F(ZPTLogBaseBadInputTest, AFileThatIsDeletedWhileItIsReadIsReadToItsEnd)
 {
     constexpr std::size_t count = 20'000;
-    WriteUtf16(m_path, Lines(count));
+    WriteUtf16(m_path, LinesOfFile(count));
     m_disturbed.m_disturb = [&](std::size_t records)
     {
         if (records == 5)
@@ -236,7 +236,7 @@ TEST_F(ZPTLogBaseBadInputTest, AFileThatIsDeletedWhileItIsReadIsReadToItsEnd)
 TEST_F(ZPTLogBaseBadInputTest, AFileThatIsTruncatedWhileItIsReadEndsWhereItDoes)
 {
     constexpr std::size_t count = 20'000;
-    WriteUtf16(m_path, Lines(count));
+    WriteUtf16(m_path, LinesOfFile(count));
     m_disturbed.m_disturb = [&](std::size_t records)
     {
         if (records == 5)
@@ -257,7 +257,7 @@ TEST_F(ZPTLogBaseBadInputTest, AFileThatCannotBeReadFurtherEndsThere)
     static int s_calls;
     s_calls = 0;
     constexpr std::size_t count = 20'000;
-    WriteUtf16(m_path, Lines(count));
+    WriteUtf16(m_path, LinesOfFile(count));
     static decltype(&::ReadFile) s_original;
     s_original = __imp_ReadFile;
     const ImportPatch<decltype(&::ReadFile)> patch(

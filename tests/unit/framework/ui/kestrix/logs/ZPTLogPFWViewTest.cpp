@@ -12,13 +12,13 @@
 namespace
 {
 
-class OpenFirewallLog : public CZPTLogPFW
+class ShownFirewallLog : public CZPTLogPFW
 {
 public:
     using CZPTLogPFW::m_Selection;
 };
 
-class ZPTLogPFWViewTest : public LogFixture<OpenFirewallLog>
+class ZPTLogPFWViewTest : public LogFixture<ShownFirewallLog>
 {
 protected:
     static std::wstring LineOf(std::wstring_view program, std::wstring_view event = L"4|1|2|x|6|2")

@@ -11,7 +11,7 @@ namespace
 using ZPTLogSpywareHostileTest = LogFixture<CZPTLogSpyware>;
 
 // The longest form is that of the behavior monitor.
-const LineShape Shape{
+const LineShape SpywareShape{
     .tokens = 16,
     .values = {{2, {L"1", L"2", L"3", L"0x10000000", L"268435456", L"0x100000", L"1048577", L"4", L"0"}},
                {4, {L"1", L"2", L"4", L"8", L"16", L"32", L"64", L"3", L"name"}},
@@ -25,11 +25,11 @@ const LineShape Shape{
 
 TEST_F(ZPTLogSpywareHostileTest, AHostileDayOfTheDatabase)
 {
-    ExpectHostileDay(m_log, SpywareReference(true), Shape);
+    ExpectHostileDay(m_log, SpywareReference(true), SpywareShape);
 }
 
 TEST_F(ZPTLogSpywareHostileTest, AHostileDayOfAFile)
 {
     UseFiles();
-    ExpectHostileDay(m_log, SpywareReference(false), Shape);
+    ExpectHostileDay(m_log, SpywareReference(false), SpywareShape);
 }
