@@ -29,10 +29,7 @@ int CListCtrl::InsertColumn(int column, const std::wstring& title, int format, i
 
 int CListCtrl::InsertItem(const LVITEMW& item)
 {
-    // A long list is filled row by row, and to send a message takes as long as to make a row.
-    return m_hWnd != nullptr
-               ? static_cast<int>(WindowSubclass::Deliver(m_hWnd, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item)))
-               : -1;
+    return m_hWnd != nullptr ? static_cast<int>(SendMessage(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item))) : -1;
 }
 
 std::wstring CListCtrl::GetItemText(int item, int column) const

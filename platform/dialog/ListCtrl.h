@@ -22,7 +22,7 @@ public:
 
     HWND GetHeaderCtrl() const { return reinterpret_cast<HWND>(SendMessage(LVM_GETHEADER)); }
 
-    int InsertItem(const LVITEMW& item);                  // returns the item's index; -1 when refused
+    virtual int InsertItem(const LVITEMW& item);          // returns the item's index; -1 when refused
     std::wstring GetItemText(int item, int column) const; // at most 1,023 characters
     LPARAM GetItemData(int item) const;                   // 0 for an item that does not exist
     bool SetItemData(int item, LPARAM data);
@@ -35,7 +35,11 @@ public:
 
     bool DeleteAllItems() { return SendMessage(LVM_DELETEALLITEMS); }
 
+    bool DeleteItem(int item) { return SendMessage(LVM_DELETEITEM, item); }
+
     bool EnsureVisible(int item) { return SendMessage(LVM_ENSUREVISIBLE, item, FALSE); }
+
+    int GetTopIndex() const { return static_cast<int>(SendMessage(LVM_GETTOPINDEX)); }
 
     // The next item after from (-1: the first of all) with these LVNI_... flags; -1 when there is none.
     int GetNextItem(int from, UINT flags) const

@@ -23,6 +23,7 @@ template <> struct NotifyTraits<LVN_ITEMCHANGED> { using Structure = NMLISTVIEW;
 template <> struct NotifyTraits<LVN_DELETEITEM> { using Structure = NMLISTVIEW; };
 template <> struct NotifyTraits<LVN_ITEMACTIVATE> { using Structure = NMITEMACTIVATE; };
 template <> struct NotifyTraits<LVN_GETDISPINFOW> { using Structure = NMLVDISPINFOW; };
+template <> struct NotifyTraits<LVN_ODFINDITEMW> { using Structure = NMLVFINDITEMW; };
 template <> struct NotifyTraits<LVN_KEYDOWN> { using Structure = NMLVKEYDOWN; };
 template <> struct NotifyTraits<HDN_ITEMCLICKW> { using Structure = NMHEADERW; };
 template <> struct NotifyTraits<TCN_SELCHANGE> { using Structure = NMHDR; };

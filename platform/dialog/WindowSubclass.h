@@ -36,13 +36,6 @@ public:
     // The window's procedure after the handler. For handlers, also when they have removed their own object.
     static LRESULT CallOriginal(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
-    // Hands a window of this thread a message as sending it would, without the system in between: for very many of
-    // them. A procedure that somebody else has put before ours does not see it.
-    static LRESULT Deliver(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-    {
-        return Procedure(window, message, wParam, lParam);
-    }
-
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 

@@ -15,8 +15,9 @@ public:
         static constexpr RECT frame{0, 0, 640, 480};
         CWnd::Create(L"STATIC", {}, WS_POPUP, frame, nullptr, 0);
         // The list is visible, since a hidden one may be without its header.
-        CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL, 0, 0, 600, 400,
-                        m_hWnd, reinterpret_cast<HMENU>(std::intptr_t{ListId}), AfxGetInstanceHandle(), nullptr);
+        CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL | LVS_OWNERDATA, 0, 0,
+                        600, 400, m_hWnd, reinterpret_cast<HMENU>(std::intptr_t{ListId}), AfxGetInstanceHandle(),
+                        nullptr);
         m_list.SubclassDlgItem(ListId, m_hWnd);
     }
 

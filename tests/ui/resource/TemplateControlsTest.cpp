@@ -48,7 +48,7 @@ constexpr std::array PageControls{
     Control{IDC_DATE_LIST, ListBox, Shown | Stop | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT},
     Control{IDC_HEADING_ENTRIES, Static, Shown},
     Control{IDC_RECORD_LIST, ListView,
-            Shown | Stop | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS},
+            Shown | Stop | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS | LVS_OWNERDATA},
     Control{IDC_DETAIL_FRAME, Static, Shown | SS_NOPREFIX},
     Control{IDC_HEADING_DETAILS, Static, Shown | SS_NOPREFIX},
     Control{IDC_INFO_LABEL_0, Static, Shown | Value},

@@ -5,7 +5,6 @@
 #include "framework/ui/kestrix/controls/Scale.h"
 #include "framework/ui/kestrix/controls/SortListCtrl.h"
 #include "platform/dialog/DialogFramework.h"
-#include "platform/dialog/ListRowRoom.h"
 #include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 
@@ -148,7 +147,6 @@ bool CZPTLogBase::SetListLog()
     item.mask = LVIF_TEXT | LVIF_PARAM | (withIcons ? LVIF_IMAGE : 0);
     item.pszText = LPSTR_TEXTCALLBACKW;
     m_pListCtrl->SetItemCount(static_cast<int>(m_arrRecord.size()));
-    const ListRowRoom room(m_arrRecord.size());
     for (auto record = m_arrRecord.rbegin(); record != m_arrRecord.rend(); ++record, ++item.iItem)
     {
         if (withIcons) // without, the record need not be fetched into the processor's cache
@@ -162,13 +160,6 @@ bool CZPTLogBase::SetListLog()
         }
     }
     return true;
-}
-
-bool CZPTLogBase::IsNewestFirst() const
-{
-    const auto isOutOfOrder = [this](const LogRec* row, const LogRec* below)
-    { return m_pfnCompareDn(reinterpret_cast<LPARAM>(row), reinterpret_cast<LPARAM>(below), 0) > 0; };
-    return std::adjacent_find(m_arrRecord.rbegin(), m_arrRecord.rend(), isOutOfOrder) == m_arrRecord.rend();
 }
 
 std::uint32_t CZPTLogBase::GetReadLimit() const

@@ -98,10 +98,6 @@ public:
     // could not be made.
     virtual bool SetListLog();
 
-    // Whether the rows that SetListLog makes stand as m_pfnCompareDn sorts them by the first column. They mostly do,
-    // since a log is written in the order of its times, and to ask takes a seventh of the time of sorting them again.
-    bool IsNewestFirst() const;
-
     // The number of bytes to read from the end of a file, 0 for the whole file.
     virtual std::uint32_t GetReadLimit() const;
     virtual void SetLocalAddress(std::wstring address);

@@ -77,15 +77,8 @@ void CRecordList::ShowFresh()
 {
     m_pLogData->SetListLog();
     ShowArrow(0, 0);
-    if (!m_pLogData->IsNewestFirst())
-    {
-        SortItems(m_pLogData->m_pfnCompareDn, 0);
-    }
+    SortItems(m_pLogData->m_pfnCompareDn, 0);
     SetRedraw(TRUE);
-    if (!IsWindowVisible())
-    {
-        MeasureRows();
-    }
     Invalidate();
 }
 
@@ -144,6 +137,8 @@ void CRecordList::SortByClick(int column)
     ShowArrow(m_nSortColumn, m_bSortToggle ? 0 : 1);
     if (m_pLogData != nullptr)
     {
+        const CWaitCursor wait;
+        SortHeader().UpdateWindow(); // it shows the click before the rows are sorted
         SortItems(m_bSortToggle ? m_pLogData->m_pfnCompareDn : m_pLogData->m_pfnCompareUp, m_nSortColumn);
     }
 }

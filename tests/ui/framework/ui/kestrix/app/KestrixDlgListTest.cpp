@@ -62,6 +62,7 @@ protected:
         std::array<wchar_t, 300> text{L"before"};
         NMLVDISPINFOW info{};
         info.item.mask = LVIF_TEXT;
+        info.item.iItem = -1; // no row of the list, which would name its own record
         info.item.iSubItem = column;
         info.item.lParam = reinterpret_cast<LPARAM>(&m_record);
         info.item.pszText = text.data();

@@ -1,42 +1,11 @@
 #include "framework/ui/kestrix/controls/SortListCtrl.h"
 
 #include "tests/support/ListWindow.h"
+#include "tests/support/MessageBoxRecorder.h"
 
 #include <gtest/gtest.h>
 
-namespace
-{
-
-// Counts how often the list is painted, and how often it asks for a text.
-class AskedWindow : public ListWindow
-{
-public:
-    int m_nPaints = 0;
-    int m_nTexts = 0;
-
-protected:
-    static const MessageMap& Map()
-    {
-        static constexpr auto rows = MessageRows(On::Message<WM_NOTIFY, &AskedWindow::OnNotify>);
-        static constexpr MessageMap map{rows, &ListWindow::Map};
-        return map;
-    }
-
-    const MessageMap& GetMessageMap() const override { return Map(); }
-
-private:
-    LRESULT OnNotify(WPARAM, LPARAM notification)
-    {
-        const auto& header = *reinterpret_cast<const NMHDR*>(notification);
-        const bool isPaint = header.code == NM_CUSTOMDRAW &&
-                             reinterpret_cast<const NMCUSTOMDRAW*>(notification)->dwDrawStage == CDDS_PREPAINT;
-        m_nPaints += isPaint;
-        m_nTexts += header.code == LVN_GETDISPINFOW;
-        return 0;
-    }
-};
-
-} // namespace
+#include <stdexcept>
 
 TEST(SortListCtrlTest, TakingAListOverTakesItsHeaderOver)
 {
@@ -51,15 +20,15 @@ TEST(SortListCtrlTest, AListThatTheObjectMadeHasItsHeaderToo)
 {
     ListWindow window;
     CSortListCtrl list;
-    ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, {0, 0, 100, 100}, window, 5));
+    ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA, {0, 0, 100, 100}, window, 5));
     EXPECT_EQ(CWnd::FromHandlePermanent(list.GetHeaderCtrl()), &list.SortHeader());
 }
 
 TEST(SortListCtrlTest, TheEndOfTheObjectLeavesListAndHeaderAlone)
 {
     ListWindow window;
-    const HWND list = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | WS_VISIBLE | LVS_REPORT, 0, 0, 100, 100, window,
-                                      nullptr, AfxGetInstanceHandle(), nullptr);
+    const HWND list = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA, 0, 0,
+                                      100, 100, window, nullptr, AfxGetInstanceHandle(), nullptr);
     ASSERT_NE(list, nullptr);
     {
         CSortListCtrl object;
@@ -82,20 +51,62 @@ TEST(SortListCtrlTest, TheEndOfTheWindowLeavesTheObjectWithoutHeader)
     window.m_list.SortHeader().SetArrowImages();
 }
 
-TEST(SortListCtrlTest, AHiddenListIsMeasuredByAPaintingThatShowsNothing)
+TEST(SortListCtrlTest, ItemDataAndImageAreChangedAndReadBackAndTextsAreRefused)
 {
-    AskedWindow window;
-    window.m_list.InsertColumn(0, L"row", LVCFMT_LEFT, 50);
+    ListWindow window;
     LVITEMW item{};
+    item.mask = LVIF_PARAM | LVIF_IMAGE;
+    item.lParam = 11;
+    item.iImage = 2;
+    EXPECT_EQ(window.m_list.InsertItem(item), 0);
+    item.lParam = 12;
+    item.iImage = 3;
+    EXPECT_TRUE(window.m_list.SendMessage(LVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item)));
+    EXPECT_EQ(window.m_list.GetItemData(0), 12);
+    LVITEMW read{};
+    read.mask = LVIF_IMAGE;
+    EXPECT_TRUE(window.m_list.SendMessage(LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&read)));
+    EXPECT_EQ(read.iImage, 3);
+    wchar_t text[] = L"text";
     item.mask = LVIF_TEXT;
-    item.pszText = LPSTR_TEXTCALLBACKW;
-    for (; item.iItem < 1000; ++item.iItem)
+    item.pszText = text;
+    EXPECT_FALSE(window.m_list.SendMessage(LVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item)));
+    EXPECT_FALSE(window.m_list.SetItemData(1, 5)) << "there is no second row";
+}
+
+TEST(SortListCtrlTest, WhatIsNoRowOrHasNoPlaceIsNotInserted)
+{
+    ListWindow window;
+    LVITEMW item{};
+    item.iItem = -1;
+    EXPECT_EQ(window.m_list.InsertItem(item), -1);
+    item = {};
+    item.iSubItem = 1;
+    EXPECT_EQ(window.m_list.InsertItem(item), -1);
+    CSortListCtrl withoutWindow;
+    EXPECT_EQ(withoutWindow.InsertItem({}), -1);
+    item = {};
+    item.iItem = 7;
+    EXPECT_EQ(window.m_list.InsertItem(item), 0) << "a place beyond the end is the end";
+}
+
+// A log whose order cannot tell must not lose rows, nor what the user has selected.
+TEST(SortListCtrlTest, AnOrderThatThrowsLeavesRowsAndSelectionAndIsTold)
+{
+    const MessageBoxRecorder boxes;
+    ListWindow window;
+    LVITEMW item{};
+    item.mask = LVIF_PARAM;
+    for (; item.iItem < 50; ++item.iItem, ++item.lParam)
     {
         window.m_list.InsertItem(item);
     }
-    ASSERT_EQ(window.m_nPaints, 0);
-    window.m_list.MeasureRows();
-    EXPECT_EQ(window.m_nPaints, 1);
-    EXPECT_EQ(window.m_nTexts, 0);
-    EXPECT_FALSE(IsWindowVisible(window.m_list));
+    window.m_list.SetItemState(20, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    const auto order = [](LPARAM first, LPARAM second, LPARAM) -> int
+    { return first + second > 60 ? throw std::out_of_range("short") : static_cast<int>(second - first); };
+    window.m_list.SortItems(order, 0);
+    EXPECT_EQ(boxes.Boxes().size(), 1u);
+    EXPECT_EQ(window.m_list.GetItemCount(), 50);
+    EXPECT_EQ(window.m_list.GetItemData(window.m_list.GetNextItem(-1, LVNI_SELECTED)), 20);
+    EXPECT_EQ(window.m_list.GetItemData(window.m_list.GetNextItem(-1, LVNI_FOCUSED)), 20);
 }

@@ -30,12 +30,8 @@ public:
 // Refuses every row after the first few.
 class FullList : public CSortListCtrl
 {
-protected:
-    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
-    {
-        const bool refused = message == LVM_INSERTITEMW && GetItemCount() >= 2;
-        return refused ? -1 : CSortListCtrl::WindowProc(message, wParam, lParam);
-    }
+public:
+    int InsertItem(const LVITEMW& item) override { return GetItemCount() >= 2 ? -1 : CSortListCtrl::InsertItem(item); }
 };
 
 LVITEMW ItemOf(const CListCtrl& list, int item)
@@ -204,7 +200,7 @@ TEST_F(LogListTest, TheIconFormSetsEachRecordsIconAndTheBasesFormNone)
 TEST_F(LogListTest, ARowThatCannotBeMadeStopsItAndFails)
 {
     FullList list;
-    ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, {0, 0, 100, 100}, m_window, 5));
+    ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA, {0, 0, 100, 100}, m_window, 5));
     FieldLog log(1);
     Put(log, {L"a", L"b", L"c", L"d"});
     log.SetListCtrl(&list);

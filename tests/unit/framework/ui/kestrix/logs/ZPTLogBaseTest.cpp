@@ -203,35 +203,6 @@ TEST_F(ZPTLogBaseTest, ThePlainComparePairTakesRecordsTooShortForTheColumnForEqu
     EXPECT_EQ(empty.Compare(log.m_pfnCompareUp, 0), 0);
 }
 
-TEST_F(ZPTLogBaseTest, RowsStandNewestFirstWhenNoRecordIsOlderThanTheOneBeforeIt)
-{
-    const auto areNewestFirst = [](const std::vector<std::wstring>& times)
-    {
-        PlainLog log;
-        for (const std::wstring& time : times)
-        {
-            EXPECT_TRUE(log.PutRecode(time, CZPTLogBase::AnyLine));
-        }
-        return log.IsNewestFirst();
-    };
-    EXPECT_TRUE(areNewestFirst({}));
-    EXPECT_TRUE(areNewestFirst({L"10:00"}));
-    EXPECT_TRUE(areNewestFirst({L"09:00", L"10:00", L"10:00", L"11:00"}));
-    EXPECT_FALSE(areNewestFirst({L"10:00", L"09:00", L"11:00"})) << "the last two rows";
-    EXPECT_FALSE(areNewestFirst({L"09:00", L"11:00", L"10:00"})) << "the first two rows";
-}
-
-TEST_F(ZPTLogBaseTest, RowsStandNewestFirstByTheOrderOfTheirClass)
-{
-    PlainLog log;
-    log.m_pfnCompareDn = [](LPARAM, LPARAM, LPARAM column) { return column == 0 ? 1 : 0; };
-    for (const wchar_t* const time : {L"09:00", L"10:00"})
-    {
-        EXPECT_TRUE(log.PutRecode(time, CZPTLogBase::AnyLine));
-    }
-    EXPECT_FALSE(log.IsNewestFirst());
-}
-
 TEST_F(ZPTLogBaseTest, TheBaseLeavesToItsClassesWhatItDoesNotKnow)
 {
     PlainLog log;
