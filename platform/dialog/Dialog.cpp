@@ -30,17 +30,9 @@ void DDX_Text(CDataExchange& exchange, int id, std::wstring& text)
 const MessageMap& CDialog::Map()
 {
     static constexpr auto rows =
-        MessageRows(On::Command<IDOK, &CDialog::OnOK>, On::Command<IDCANCEL, &CDialog::OnCancel>,
-                    On::Message<WM_NOTIFY, &CDialog::OnOtherNotification>);
+        MessageRows(On::Command<IDOK, &CDialog::OnOK>, On::Command<IDCANCEL, &CDialog::OnCancel>);
     static constexpr MessageMap map{rows, &CWnd::Map};
     return map;
-}
-
-// What no row answers ends here. The system would do nothing either, and take its time: a list that is filled tells of
-// every row.
-LRESULT CDialog::OnOtherNotification(WPARAM, LPARAM)
-{
-    return 0;
 }
 
 INT_PTR CDialog::DoModal()
@@ -67,6 +59,7 @@ void CDialog::RunModal()
     if (m_state == State::Modal)
     {
         ShowWindow(SW_SHOWNORMAL);
+        TellShown();
     }
     int exitCode = 0;
     const auto isDone = [this] { return m_state != State::Modal || m_hWnd == nullptr; };
@@ -140,6 +133,18 @@ void CDialog::UpdateData(bool saveAndValidate)
 {
     CDataExchange exchange{m_hWnd, saveAndValidate};
     DoDataExchange(exchange);
+}
+
+void CDialog::TellShown()
+{
+    try
+    {
+        OnShown();
+    }
+    catch (...)
+    {
+        ReportHandlerException(std::current_exception());
+    }
 }
 
 void CDialog::EndDialog(INT_PTR result)

@@ -49,6 +49,9 @@ protected:
     // The dialog and its controls stand. FALSE: the handler has set the focus.
     virtual BOOL OnInitDialog() { return TRUE; }
 
+    // A modal dialog stands on the screen and has taken no message yet: the place for what takes long at the beginning.
+    virtual void OnShown() {}
+
     virtual void OnOK() { EndDialog(IDOK); }
 
     virtual void OnCancel() { EndDialog(IDCANCEL); }
@@ -63,13 +66,12 @@ private:
 
     static INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
-    LRESULT OnOtherNotification(WPARAM, LPARAM);
-
     bool CreateFromTemplate(HWND parent, bool hidden);
     BOOL Initialise(HWND window);
     void DisableOwner();
     void EnableOwner();
     void RunModal();
+    void TellShown();
 
     UINT m_nTemplate;
     CWnd* m_pParent; // not owned

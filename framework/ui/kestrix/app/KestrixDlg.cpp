@@ -9,6 +9,15 @@
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "resource/resource.h"
 
+#include <utility>
+
+namespace
+{
+
+constexpr std::uint32_t ShortFile = 4 * 1024 * 1024; // in bytes; some 20,000 records
+
+} // namespace
+
 CKestrixDlg::CKestrixDlg() : CBitmapDialog(IDD_LOG_PAGE) {}
 
 CKestrixDlg::~CKestrixDlg() = default;
@@ -116,8 +125,34 @@ bool CKestrixDlg::ShowFirstDate()
         return false;
     }
     m_DateList.SetCurSel(0);
-    OnSelchangeLogDate();
+    m_bLoadDue = m_bLoadWhenShown && MayTakeLong();
+    if (!m_bLoadDue)
+    {
+        OnSelchangeLogDate();
+    }
     return true;
+}
+
+// A short file is read before the user could miss the window, which is then painted once, with its records. How many
+// records a day of the database has is not known before.
+bool CKestrixDlg::MayTakeLong() const
+{
+    return m_bIsLocal || m_DateList.FileBytes() > ShortFile;
+}
+
+void CKestrixDlg::LoadWhenShown()
+{
+    m_bLoadWhenShown = false;
+    if (std::exchange(m_bLoadDue, false))
+    {
+        m_Operations.Run([this] { OnSelchangeLogDate(); });
+    }
+}
+
+// Nothing is painted while this thread reads or sorts, so what is to be painted is painted before.
+void CKestrixDlg::PaintForm()
+{
+    CWindow(::GetAncestor(m_hWnd, GA_ROOT)).RedrawWindow(RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 void CKestrixDlg::ShowLogMessage(const std::wstring& text) const
@@ -145,6 +180,7 @@ void CKestrixDlg::OnSelchangeLogDate()
     COleDateTime date;
     const bool isLoadable = m_bIsLocal ? GetLogFileName(date) : IsUsablePath(m_strLogPath);
     m_ExportButton.EnableWindow(isLoadable);
+    PaintForm();
     Log()->ClearLog();
     if (isLoadable && m_ShownLog.Load(m_bIsLocal, date, m_strLogPath))
     {

@@ -38,6 +38,9 @@ public:
     // Loads the selected date.
     void OnSelchangeLogDate();
 
+    // Loads the first date, if it was left out until now.
+    void LoadWhenShown();
+
     // Asks for the day up to which entries of the log are deleted, and has the service delete them.
     void OnBnClickedBtnDelete();
 
@@ -79,6 +82,7 @@ public:
     std::wstring m_strLocalIp;
     CLogFormDlg* m_pParentForm = nullptr; // the form that hosts the page; null: there is no choice of logs
     CPageHost* m_pHost = nullptr;         // lends the provider; null: there is none
+    bool m_bLoadWhenShown = false;        // a day that may be long waits until the form stands and calls LoadWhenShown
 
 protected:
     static const MessageMap& Map();
@@ -106,6 +110,8 @@ private:
     void BuildAnew();
     void FillDate();
     bool ShowFirstDate();
+    bool MayTakeLong() const;
+    void PaintForm();
 
     bool GetLogFileName(COleDateTime& date) const { return m_DateList.GetSelectedDate(date); }
 
@@ -121,6 +127,7 @@ private:
 
     IDBManagerProvider* m_pIDBManagerProvider = nullptr; // not owned
     CShownLog m_ShownLog{m_RecordList, m_DetailPane};    // goes after both
+    bool m_bLoadDue = false;                             // the first date is selected and not loaded
     CLogOperations m_Operations{[this] { BuildAnew(); }};
 
     CPageHeadings m_Headings;

@@ -130,6 +130,11 @@ BOOL CLogFormDlg::OnInitDialog()
     return TRUE;
 }
 
+void CLogFormDlg::OnShown()
+{
+    m_LogPage.LoadWhenShown();
+}
+
 void CLogFormDlg::SetIcons()
 {
     m_hBigIcon = LoadMinimisedIcon(IDI_KESTRIX);
@@ -147,6 +152,7 @@ void CLogFormDlg::HandValuesToPages()
     m_LogPage.m_bLogOnly = m_bLogOnly;
     m_LogPage.m_nReportSpan = m_nReportSpan;
     m_LogPage.m_pParentForm = this;
+    m_LogPage.m_bLoadWhenShown = true;
     m_LogPage.m_pHost = m_pPageHost;
     m_LogPage.SetFormButtons(m_ExportButton, m_DeleteButton);
     m_ReportPage.m_nReportSpan = m_nReportSpan;

@@ -17,6 +17,7 @@ public:
     CLogFormDlg();
 
     BOOL OnInitDialog() override;
+    void OnShown() override;
     BOOL PreTranslateMessage(MSG& message) override;
 
     // Shows a topic of the help file by its number; 0 is the first one.

@@ -50,6 +50,40 @@ TEST(DialogTest, IsShownInTheLoopAlsoWhenTheTemplateDoesNotSaySo)
     EXPECT_TRUE(inLoop);
 }
 
+TEST(DialogTest, IsToldThatItStandsOnTheScreenBeforeItsFirstMessage)
+{
+    CScriptDialog dialog;
+    std::vector<std::wstring> order;
+    dialog.m_whenShown = [&](CScriptDialog& self) { order.push_back(Note(L"shown", self.IsWindowVisible())); };
+    dialog.m_inLoop = [&](CScriptDialog& self)
+    {
+        order.push_back(L"loop");
+        End(self);
+    };
+    dialog.DoModal();
+    EXPECT_EQ((Notes{L"shown 1", L"loop"}), order);
+}
+
+TEST(DialogTest, EndedInOnInitDialogItIsNeverToldThatItStandsOnTheScreen)
+{
+    CScriptDialog dialog;
+    bool told = false;
+    dialog.m_inInit = End;
+    dialog.m_whenShown = [&](CScriptDialog&) { told = true; };
+    EXPECT_EQ(Result, dialog.DoModal());
+    EXPECT_FALSE(told);
+}
+
+TEST(DialogTest, AnExceptionInOnShownIsReportedAndTheDialogGoesOn)
+{
+    RecordingApp app;
+    CScriptDialog dialog;
+    dialog.m_whenShown = [](CScriptDialog&) { throw std::runtime_error("no data"); };
+    dialog.m_inLoop = End;
+    EXPECT_EQ(Result, dialog.DoModal());
+    EXPECT_EQ(Notes{L"no data"}, app.m_reports);
+}
+
 // The limit message of the program ends its form before the user sees it.
 TEST(DialogTest, EndedInOnInitDialogNoTemplateStyleMakesItAppear)
 {

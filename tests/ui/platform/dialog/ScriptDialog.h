@@ -14,6 +14,7 @@ public:
     using Script = std::function<void(CScriptDialog&)>;
 
     Script m_inInit;
+    Script m_whenShown;
     Script m_inLoop; // in the first message that the loop dispatches
     std::function<BOOL(MSG&)> m_inPreTranslate;
     BOOL m_initResult = TRUE;
@@ -57,6 +58,14 @@ protected:
         DDX_Control(exchange, IDC_TEST_EDIT, m_edit);
         DDX_Control(exchange, 9999, m_missing);
         DDX_Text(exchange, IDC_TEST_STATIC, m_text);
+    }
+
+    void OnShown() override
+    {
+        if (m_whenShown)
+        {
+            m_whenShown(*this);
+        }
     }
 
     BOOL OnInitDialog() override

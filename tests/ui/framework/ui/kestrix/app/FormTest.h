@@ -25,6 +25,9 @@ class FormTest : public ::testing::Test
 protected:
     FormTest();
 
+    // As the user does: the choice of this text in the page's combo, then View.
+    void SwitchTo(UINT choice);
+
     const LanguageFile m_language;
     DatabaseDouble m_database;
     CKestrixApp m_app; // lends the page the database

@@ -58,16 +58,6 @@ protected:
         const std::wstring text = ReadUtf16(path);
         return text.substr(0, text.find(L'\t'));
     }
-
-    // As the user does: the choice of this text in the page's combo, then View.
-    void SwitchTo(UINT choice)
-    {
-        CKestrixDlg& page = *m_form.Page();
-        const CWindow combo(page.GetDlgItem(IDC_LOG_TYPE));
-        combo.SendMessage(CB_SELECTSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(Text(choice).c_str()));
-        page.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_VIEW, BN_CLICKED),
-                         reinterpret_cast<LPARAM>(page.GetDlgItem(IDC_VIEW)));
-    }
 };
 
 } // namespace
