@@ -23,11 +23,11 @@ struct Bench
     Figures (*run)();
 };
 
-// A name may stand for several.
 constexpr Bench Benches[] = {
-    {L"read", &BenchRead},   {L"memory", &BenchMemory},    {L"database", &BenchDatabase}, {L"days", &BenchDays},
-    {L"list", &BenchList},   {L"list", &BenchAddressSort}, {L"export", &BenchExport},     {L"trace", &BenchTrace},
-    {L"start", &BenchStart}, {L"rules", &BenchRules},      {L"delete", &BenchDelete},     {L"report", &BenchReport},
+    {L"read", &BenchRead},   {L"memory", &BenchMemory}, {L"database", &BenchDatabase}, {L"days", &BenchDays},
+    {L"list", &BenchList},   {L"sort", &BenchSort},     {L"clear", &BenchClear},       {L"day", &BenchDay},
+    {L"close", &BenchClose}, {L"export", &BenchExport}, {L"trace", &BenchTrace},       {L"start", &BenchStart},
+    {L"rules", &BenchRules}, {L"delete", &BenchDelete}, {L"report", &BenchReport},
 };
 
 constexpr int OverBudget = 1;
