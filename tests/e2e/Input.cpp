@@ -5,7 +5,7 @@
 namespace
 {
 
-constexpr UINT AnswerLimit = 20'000; // milliseconds that a window has to answer
+constexpr UINT AnswerLimit = 60'000; // milliseconds that a window has to answer
 constexpr LPARAM KeyIsDown = 1;
 constexpr LPARAM KeyIsUp = static_cast<LPARAM>(0xC0000001);
 
