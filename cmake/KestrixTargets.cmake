@@ -22,6 +22,8 @@ target_link_options(kestrix_options INTERFACE
   -static
   # The addresses of code and data differ from start to start, and no data is executed.
   -Wl,--dynamicbase,--nxcompat,--high-entropy-va
+  # The same sources make the same file, whenever it is linked.
+  -Wl,--no-insert-timestamp
   # Sections that begin with a page of the file can be mapped; with the usual 512 bytes Wine reads them all at the start.
   -Wl,--file-alignment,4096)
 
@@ -47,6 +49,21 @@ function(kestrix_library name)
   add_library(${name} STATIC ${arg_SOURCES})
   target_link_libraries(${name} PUBLIC kestrix_options ${arg_LINKS})
   kestrix_use_common_headers(${name})
+endfunction()
+
+# kestrix_version(TARGET DESCRIPTION): the program or library of the product tells its version, and what it is.
+function(kestrix_version target description)
+  get_target_property(type ${target} TYPE)
+  if(type STREQUAL EXECUTABLE)
+    set(file ${target}.exe)
+    set(file_type VFT_APP)
+  else()
+    set(file ${target}.dll)
+    set(file_type VFT_DLL)
+  endif()
+  set(source ${CMAKE_CURRENT_BINARY_DIR}/${target}Version.rc)
+  configure_file(${PROJECT_SOURCE_DIR}/resource/Version.rc.in ${source} @ONLY)
+  target_sources(${target} PRIVATE ${source})
 endfunction()
 
 # kestrix_resource_file(NAME SOURCE rc FILE path): target NAME makes the file from one resource source, as language

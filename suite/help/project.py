@@ -1,8 +1,11 @@
 """Writes what the help compiler reads: the pages, the contents, the index and the project."""
 
+import pathlib
 import struct
 
 from languages import LANGUAGES
+
+VERSION = (pathlib.Path(__file__).parents[2] / "VERSION").read_text(encoding="utf-8").strip()
 
 PAGE = """<!DOCTYPE html PUBLIC "-//W3C//DTD HTML 4.01//EN">
 <html lang="{language}">
@@ -73,9 +76,13 @@ def index(topics):
     return SITE_MAP.format(list=f"<ul>\n{items}</ul>\n")
 
 
+def title(language):
+    return f"{language.title} {VERSION}"
+
+
 def window(name, page, language):
     panes = PANES | (SEARCH_PANE if language.search else 0)
-    return (f'{name}="{language.title}","vdhelp.hhc","vdhelp.hhk","{page}.html","{page}.html",,,,,'
+    return (f'{name}="{title(language)}","vdhelp.hhc","vdhelp.hhk","{page}.html","{page}.html",,,,,'
             f"{panes:#x},{PANE_WIDTH},{BUTTONS:#x},,,,,,,,0")
 
 
@@ -85,7 +92,7 @@ def project(topics, language):
     pages = [("main", topics[0].file)] + [("at_" + topic.file, topic.file) for topic in topics if topic.contexts]
     windows = [window(name, page, language) for name, page in pages]
     files = [topic.file + ".html" for topic in topics] + ["style.css", "#IVB"]
-    return PROJECT.format(first=topics[0].file, title=language.title, identifier=language.identifier,
+    return PROJECT.format(first=topics[0].file, title=title(language), identifier=language.identifier,
                           windows="\n".join(windows), files="\n".join(files))
 
 

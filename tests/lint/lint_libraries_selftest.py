@@ -60,8 +60,46 @@ class Programs(Tree):
         self.expect_program("bin/Kestrix.exe:1: it imports from SHELL32.dll")
 
     def test_program_that_was_not_built_is_a_hit(self):
-        (self.root / "build/suite/SampleLogs.exe").unlink()
-        self.expect_program("suite/SampleLogs.exe:1: it is not in")
+        (self.root / "build/bin/ImportLogs.exe").unlink()
+        self.expect_program("bin/ImportLogs.exe:1: it is not in")
+
+
+class Version(Tree):
+    NAMES = [path for path in Programs.DELIVERED if path.endswith((".exe", ".dll"))]
+
+    def setUp(self):
+        super().setUp()
+        self.write("VERSION", "1.20.3\n")
+        self.write("CHANGELOG.md", "# Changes\n\n## 1.20.3\n\n## 1.20.2\n")
+        for path in self.NAMES:
+            self.tell(path, "1.20.3")
+
+    def tell(self, path, version, name="ProductVersion"):
+        file = self.root / "build" / path
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_bytes(b"".join((text + "\0").encode("utf-16-le") for text in ("FileVersion", version, name, version)))
+
+    def test_one_version_everywhere_passes(self):
+        self.expect_clean("lint_version", self.root / "build")
+
+    def test_other_version_of_a_program_is_a_hit_for_each_name(self):
+        self.tell("bin/VdFrwkSvc.exe", "1.20.30")
+        rows = self.run_lint("lint_version", self.root / "build").stdout.splitlines()
+        self.assertEqual([row.split(" of ")[0] for row in rows],
+                         ["bin/VdFrwkSvc.exe:1: FileVersion", "bin/VdFrwkSvc.exe:1: ProductVersion"])
+
+    def test_missing_version_of_the_product_is_a_hit(self):
+        self.tell("bin/Kestrix.exe", "1.20.3", "ProductName")
+        self.expect_hit("bin/Kestrix.exe:1: ProductVersion", "lint_version", self.root / "build")
+
+    def test_change_that_is_not_told_is_a_hit(self):
+        self.write("CHANGELOG.md", "# Changes\n\n## 1.20.2\n")
+        self.expect_hit("CHANGELOG.md:1: ", "lint_version", self.root / "build")
+
+    def test_version_that_is_none_is_a_hit(self):
+        for text in ("1.0\n", "1.0.0", "1.0.0-rc\n", "01.0.0\n", "256.0.0\n", "1.0.0.0\n", ""):
+            self.write("VERSION", text)
+            self.expect_hit("VERSION:1: ", "lint_version", self.root / "build")
 
 
 if __name__ == "__main__":

@@ -20,6 +20,8 @@
 namespace
 {
 
+constexpr wchar_t HelpTitle[] = L"Kestrix Help " KESTRIX_VERSION;
+
 class HelpWindowTest : public ::testing::Test
 {
 protected:
@@ -89,7 +91,7 @@ TEST_F(HelpWindowTest, EveryNumberThatTheViewerAsksForOpensAWindow)
     {
         const HWND window = Open(HH_HELP_CONTEXT, number);
         EXPECT_TRUE(IsWindowVisible(window)) << number;
-        EXPECT_EQ(Title(window), L"Kestrix Help") << number;
+        EXPECT_EQ(Title(window), HelpTitle) << number;
     }
 }
 
@@ -102,7 +104,7 @@ TEST_F(HelpWindowTest, NoNumberOpensTheFirstTopic)
 {
     const HWND window = Open(HH_DISPLAY_TOPIC, 0);
     EXPECT_TRUE(IsWindowVisible(window));
-    EXPECT_EQ(Title(window), L"Kestrix Help");
+    EXPECT_EQ(Title(window), HelpTitle);
 }
 
 TEST_F(HelpWindowTest, TheContentsHoldEveryTopic)
