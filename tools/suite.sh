@@ -2,8 +2,10 @@
 # The suite around the viewer, installed into the Wine prefix as its own installer would. Sourced by ./run after
 # tools/lib.sh.
 
-suite_targets=(SampleLogs VdDbg64 OrlDbMg VdFrwkSvc VdFrwkPs vdhelp)
+suite_targets=(SampleLogs ImportLogs VdDbg64 OrlDbMg VdFrwkSvc VdFrwkPs vdhelp)
 suite_folder=build/wine/drive_c/Zeptara
+data_folder=build/wine/drive_c/ProgramData/Zeptara
+database='C:\ProgramData\Zeptara\EventLog.db'
 sample_program=build/release/suite/SampleLogs.exe
 service_stamp=$suite_folder/.registered
 # By its name in the prefix, which holds wherever the checkout is moved or copied to.
@@ -13,7 +15,7 @@ service_program='C:\Zeptara\VdFrwkSvc.exe'
 # under another name.
 install_suite() {
   local file changed=
-  mkdir -p "$suite_folder/Log"
+  mkdir -p "$suite_folder/Log" "$data_folder"
   for file in OrlDbMg.dll VdFrwkSvc.exe VdFrwkPs.dll vdhelp.chm $(cd build/release/bin && echo vdhelp.*-*.chm); do
     if ! cmp -s "build/release/bin/$file" "$suite_folder/$file"; then
       cp "build/release/bin/$file" "$suite_folder/.$file" && mv "$suite_folder/.$file" "$suite_folder/$file" ||
@@ -48,11 +50,11 @@ set_language() {
 fill_samples() {
   local today stamp=build/wine/kestrix-samples
   today=$(date +%Y%m%d)
-  if [[ $stamp -nt $sample_program && $(<"$stamp") == "$today" && -f $suite_folder/EventLog.db ]]; then
+  if [[ $stamp -nt $sample_program && $(<"$stamp") == "$today" && -f $data_folder/EventLog.db ]]; then
     return
   fi
   say "Filling the sample logs up to today"
-  quietly samples tools/wine "$sample_program" --folder 'C:\Zeptara\Log' --database 'C:\Zeptara\EventLog.db' \
+  quietly samples tools/wine "$sample_program" --folder 'C:\Zeptara\Log' --database "$database" \
     --end "$today" || fail "The sample logs could not be made."
   printf '%s\n' "$today" >"$stamp"
 }

@@ -1,7 +1,7 @@
 #include "suite/OrlDbMg/Provider.h"
 
 #include "suite/OrlDbMg/Status.h"
-#include "suite/common/InstalledFolder.h"
+#include "suite/common/Folders.h"
 
 #include <sqlite3.h>
 
@@ -68,10 +68,10 @@ EventLog::EventDatabase& Provider::Database()
 {
     if (!m_database)
     {
-        const std::optional<std::filesystem::path> folder = Suite::InstalledFolder();
+        const std::optional<std::filesystem::path> folder = Suite::DataFolder();
         if (!folder)
         {
-            throw EventLog::DatabaseError(SQLITE_CANTOPEN, "the registry names no installed folder");
+            throw EventLog::DatabaseError(SQLITE_CANTOPEN, "the registry names no folder of the suite");
         }
         m_database.emplace(EventLog::EventDatabase::Open(*folder / EventLog::DatabaseFileName, m_busyTimeout));
     }

@@ -11,7 +11,7 @@
 namespace OrlDbMg
 {
 
-// The query object over the database of the installed folder. The file is opened by the first query that finds it, so
+// The query object over the database of the data folder. The file is opened by the first query that finds it, so
 // that one that is made later is found too, and stays open until Uninitialize. No exception leaves an operation.
 class Provider : public IDBManagerProvider
 {

@@ -14,7 +14,7 @@
 namespace EventLog
 {
 
-// The database file of an installation, in its installed folder.
+// The database file of an installation, in its data folder.
 inline constexpr wchar_t DatabaseFileName[] = L"EventLog.db";
 
 // Local days as YYYYMMDD and times of day as HHMMSS: they order as numbers as they do in time.

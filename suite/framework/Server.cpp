@@ -1,7 +1,7 @@
 #include "suite/framework/Server.h"
 
 #include "common/VdFrwk.h"
-#include "suite/common/InstalledFolder.h"
+#include "suite/common/Folders.h"
 #include "suite/framework/Apartment.h"
 #include "suite/framework/CallerAccess.h"
 #include "suite/framework/ClassFactory.h"
@@ -179,7 +179,7 @@ void Serve(const Options& options)
     {
         return;
     }
-    const std::filesystem::path folder = Suite::InstalledFolder().value_or(ProgramPath().parent_path());
+    const std::filesystem::path folder = Suite::DataFolder().value_or(ProgramPath().parent_path());
     ObjectTable objects;
     ValueStore store(folder);
     DatabaseLogs logs(folder);

@@ -1,4 +1,4 @@
-#include "suite/common/InstalledFolder.h"
+#include "suite/common/Folders.h"
 
 #include "tests/support/RegistrySandbox.h"
 
@@ -33,6 +33,24 @@ TEST(InstalledFolder, IsNothingWhenTheValueIsNoText)
     const RegistrySandbox registry;
     registry.SetNumber(Key, L"InstalledFolder", 5);
     EXPECT_EQ(Suite::InstalledFolder(), std::nullopt);
+}
+
+TEST(DataFolder, IsWhatTheRegistryNames)
+{
+    const RegistrySandbox registry;
+    registry.SetText(Key, L"InstalledFolder", L"C:\\Program Files\\Zeptara\\");
+    registry.SetText(Key, L"DataFolder", L"C:\\ProgramData\\Zeptara\\");
+    EXPECT_EQ(Suite::DataFolder(), L"C:\\ProgramData\\Zeptara\\");
+}
+
+TEST(DataFolder, IsTheInstalledFolderWithoutOneOfItsOwn)
+{
+    const RegistrySandbox registry;
+    EXPECT_EQ(Suite::DataFolder(), std::nullopt);
+    registry.SetText(Key, L"InstalledFolder", L"C:\\Zeptara");
+    EXPECT_EQ(Suite::DataFolder(), L"C:\\Zeptara");
+    registry.SetText(Key, L"DataFolder", L"");
+    EXPECT_EQ(Suite::DataFolder(), L"C:\\Zeptara");
 }
 
 TEST(InstalledFolder, EndsWhereAValueWithoutTerminatorEnds)
