@@ -1,6 +1,6 @@
 #include "suite/samples/CommandLine.h"
 
-#include "suite/samples/Failure.h"
+#include "suite/common/Failure.h"
 
 #include <string_view>
 
@@ -16,7 +16,7 @@ constexpr std::uint64_t MostLines = 100'000'000;
 
 [[noreturn]] void Refuse(const std::string& text)
 {
-    throw Failure(ExitCode::BadCommandLine, text + " SampleLogs --help lists the options.");
+    throw Suite::Failure(Suite::ExitCode::BadCommandLine, text + " SampleLogs --help lists the options.");
 }
 
 std::string KindNames()
@@ -42,8 +42,8 @@ std::uint64_t ParseNumber(const std::wstring& option, const std::wstring& text, 
     }
     if (!good || number < least)
     {
-        Refuse(Utf8(option) + " takes a whole number from " + std::to_string(least) + " to " + std::to_string(most) +
-               ", not \"" + Utf8(text) + "\".");
+        Refuse(Suite::Utf8(option) + " takes a whole number from " + std::to_string(least) + " to " +
+               std::to_string(most) + ", not \"" + Suite::Utf8(text) + "\".");
     }
     return number;
 }
@@ -61,7 +61,7 @@ Date ParseDate(const std::wstring& option, const std::wstring& text)
             return date;
         }
     }
-    Refuse(Utf8(option) + " takes a date as YYYYMMDD from 19110101 on, not \"" + Utf8(text) + "\".");
+    Refuse(Suite::Utf8(option) + " takes a date as YYYYMMDD from 19110101 on, not \"" + Suite::Utf8(text) + "\".");
 }
 
 const Kind* ParseKind(const std::wstring& option, const std::wstring& text)
@@ -69,7 +69,7 @@ const Kind* ParseKind(const std::wstring& option, const std::wstring& text)
     const Kind* kind = FindKind(text);
     if (kind == nullptr)
     {
-        Refuse(Utf8(option) + " takes one of " + KindNames() + ", not \"" + Utf8(text) + "\".");
+        Refuse(Suite::Utf8(option) + " takes one of " + KindNames() + ", not \"" + Suite::Utf8(text) + "\".");
     }
     return kind;
 }
@@ -78,7 +78,7 @@ std::filesystem::path ParsePath(const std::wstring& option, const std::wstring& 
 {
     if (text.empty())
     {
-        Refuse(Utf8(option) + " takes a path, not an empty text.");
+        Refuse(Suite::Utf8(option) + " takes a path, not an empty text.");
     }
     return text;
 }
@@ -95,8 +95,6 @@ constexpr OptionRow OptionTable[] = {
     {L"--folder", [](Options& o, const std::wstring& n, const std::wstring& v) { o.folder = ParsePath(n, v); }},
     {L"--file", [](Options& o, const std::wstring& n, const std::wstring& v) { o.file = ParsePath(n, v); }},
     {L"--database", [](Options& o, const std::wstring& n, const std::wstring& v) { o.database = ParsePath(n, v); }},
-    {L"--import",
-     [](Options& o, const std::wstring& n, const std::wstring& v) { o.imports.push_back(ParsePath(n, v)); }},
     {L"--end", [](Options& o, const std::wstring& n, const std::wstring& v) { o.end = ParseDate(n, v); }},
     {L"--kind", [](Options& o, const std::wstring& n, const std::wstring& v) { o.kinds.push_back(ParseKind(n, v)); }},
     {L"--days", [](Options& o, const std::wstring& n, const std::wstring& v)
@@ -116,20 +114,15 @@ Setter FindOption(const std::wstring& name)
             return row.set;
         }
     }
-    Refuse("there is no option \"" + Utf8(name) + "\".");
+    Refuse("there is no option \"" + Suite::Utf8(name) + "\".");
 }
 
 void CheckTask(Options& options)
 {
-    if (options.lines && (options.file.empty() || options.kinds.size() != 1 || !options.folder.empty() ||
-                          !options.database.empty() || !options.imports.empty()))
+    if (options.lines &&
+        (options.file.empty() || options.kinds.size() != 1 || !options.folder.empty() || !options.database.empty()))
     {
-        Refuse("--lines writes one file: give it --file and one --kind, and no --folder, --database or --import.");
-    }
-    if (!options.imports.empty() &&
-        (options.database.empty() || !options.folder.empty() || !options.file.empty() || !options.kinds.empty()))
-    {
-        Refuse("--import fills a database: give it --database, and no --folder, --file or --kind.");
+        Refuse("--lines writes one file: give it --file and one --kind, and no --folder or --database.");
     }
     if (!options.lines && ((options.folder.empty() && options.database.empty()) || !options.file.empty()))
     {
@@ -161,7 +154,7 @@ Options ParseCommandLine(std::span<const std::wstring> arguments, Date today)
         const Setter set = FindOption(arguments[i]);
         if (i + 1 == arguments.size())
         {
-            Refuse(Utf8(arguments[i]) + " needs a value after it.");
+            Refuse(Suite::Utf8(arguments[i]) + " needs a value after it.");
         }
         set(options, arguments[i], arguments[i + 1]);
     }
@@ -174,15 +167,12 @@ std::string HelpText()
     return "SampleLogs writes made-up event logs: daily files, or records in the event-log database, or both.\n"
            "\n"
            "usage: SampleLogs [--folder DIR] [--database DB] [--end YYYYMMDD] [--days N] [--seed N] [--kind EXT]...\n"
-           "       SampleLogs --import PATH... --database DB\n"
            "       SampleLogs --lines N --kind EXT --file FILE [--end YYYYMMDD] [--seed N]\n"
            "       SampleLogs --help\n"
            "\n"
            "  --folder DIR    write YYYYMMDD.EXT files into this folder, which is made when it is missing\n"
            "  --database DB   write the records into this database file, which is made when it is missing; a day of a\n"
            "                  kind that it has already is replaced\n"
-           "  --import PATH   put this daily file, or all daily files of this folder, into the database instead of\n"
-           "                  made-up records; may be given several times\n"
            "  --end YYYYMMDD  the last day; today without it\n"
            "  --days N        number of days that end with that day; 30 without it\n"
            "  --seed N        another number gives another month; 1 without it\n"

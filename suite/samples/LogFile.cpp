@@ -1,6 +1,6 @@
 #include "suite/samples/LogFile.h"
 
-#include "suite/samples/Failure.h"
+#include "suite/common/Failure.h"
 
 #include <windows.h>
 
@@ -20,9 +20,9 @@ constexpr std::size_t BufferSize = 512 * 1024;
 [[noreturn]] void FailToOpen(const std::filesystem::path& path)
 {
     const DWORD error = GetLastError();
-    throw Failure(ExitCode::WorkFailed, "cannot make the file " + Utf8(path) + " (system error " +
-                                            std::to_string(error) +
-                                            "). Check that its folder exists and that you may write there.");
+    throw Suite::Failure(Suite::ExitCode::WorkFailed,
+                         "cannot make the file " + Suite::Utf8(path) + " (system error " + std::to_string(error) +
+                             "). Check that its folder exists and that you may write there.");
 }
 
 [[noreturn]] void FailToWrite(const std::filesystem::path& path)
@@ -30,9 +30,10 @@ constexpr std::size_t BufferSize = 512 * 1024;
     const DWORD error = GetLastError();
     const bool full = error == ERROR_DISK_FULL || error == ERROR_HANDLE_DISK_FULL;
     const std::string reason = full ? "the disk is full" : "system error " + std::to_string(error);
-    throw Failure(ExitCode::WorkFailed, "cannot write " + Utf8(path) + ": " + reason +
-                                            ". The file is incomplete: free some space or choose another place "
-                                            "and run the program again.");
+    throw Suite::Failure(Suite::ExitCode::WorkFailed,
+                         "cannot write " + Suite::Utf8(path) + ": " + reason +
+                             ". The file is incomplete: free some space or choose another place "
+                             "and run the program again.");
 }
 
 } // namespace

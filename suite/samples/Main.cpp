@@ -1,7 +1,7 @@
+#include "suite/common/Failure.h"
 #include "suite/samples/CommandLine.h"
-#include "suite/samples/DatabaseFeed.h"
-#include "suite/samples/Failure.h"
 #include "suite/samples/Month.h"
+#include "suite/samples/MonthFeed.h"
 
 #include <windows.h>
 
@@ -44,10 +44,6 @@ void Run(const Options& options)
     {
         WriteLines(options.file, *options.kinds.front(), options.end, *options.lines, options.seed);
     }
-    else if (!options.imports.empty())
-    {
-        ImportFiles(options.database, options.imports, ShowProgress);
-    }
     else
     {
         if (!options.folder.empty())
@@ -61,7 +57,7 @@ void Run(const Options& options)
     }
 }
 
-int Report(const char* text, ExitCode code)
+int Report(const char* text, Suite::ExitCode code)
 {
     std::fprintf(stderr, "SampleLogs: %s\n", text);
     return static_cast<int>(code);
@@ -76,14 +72,14 @@ int wmain(int argc, wchar_t** argv)
     {
         const std::vector<std::wstring> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
         Run(ParseCommandLine(arguments, Today()));
-        return static_cast<int>(ExitCode::Done);
+        return static_cast<int>(Suite::ExitCode::Done);
     }
-    catch (const Failure& failure)
+    catch (const Suite::Failure& failure)
     {
         return Report(failure.what(), failure.Code());
     }
     catch (const std::exception& error)
     {
-        return Report(error.what(), ExitCode::WorkFailed);
+        return Report(error.what(), Suite::ExitCode::WorkFailed);
     }
 }

@@ -1,6 +1,6 @@
 #include "suite/samples/Month.h"
 
-#include "suite/samples/Failure.h"
+#include "suite/common/Failure.h"
 #include "suite/samples/LogFile.h"
 
 #include <algorithm>
@@ -124,9 +124,10 @@ void WriteMonth(const std::filesystem::path& folder, std::span<const Kind* const
     std::filesystem::create_directories(folder, error);
     if (!std::filesystem::is_directory(folder, error))
     {
-        throw Failure(ExitCode::WorkFailed,
-                      "cannot make the folder " + Utf8(folder) +
-                          ". Check that its drive exists, that no file has its name and that you may write there.");
+        throw Suite::Failure(
+            Suite::ExitCode::WorkFailed,
+            "cannot make the folder " + Suite::Utf8(folder) +
+                ". Check that its drive exists, that no file has its name and that you may write there.");
     }
     MakeMonth(kinds, end, days, seed,
               [&](const Kind& kind, Date date, std::span<const std::wstring> lines)

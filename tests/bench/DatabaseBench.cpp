@@ -5,7 +5,7 @@
 #include "platform/dialog/OleDateTime.h"
 #include "platform/dialog/UniqueHandle.h"
 #include "suite/database/EventDatabase.h"
-#include "suite/samples/DatabaseFeed.h"
+#include "suite/import/FileImport.h"
 #include "suite/samples/Month.h"
 #include "tests/bench/Bench.h"
 #include "tests/bench/Timing.h"
@@ -73,7 +73,9 @@ void MakeDay(const std::filesystem::path& folder)
     const std::filesystem::path file = folder / L"20260101.VLG";
     constexpr std::uint64_t seed = 1;
     Samples::WriteLines(file, *Samples::FindKind(L"VLG"), TheDay, DayRecords, seed);
-    Samples::ImportFiles(folder / EventLog::DatabaseFileName, std::span(&file, 1), [](const Samples::Progress&) {});
+    Import::ImportFiles(
+        folder / EventLog::DatabaseFileName, std::span(&file, 1),
+        {[](const Import::Progress&) {}, [](const std::string& fault) { throw std::runtime_error(fault); }});
 }
 
 // Copies each line of the day out of the database, and gives the number of their characters.

@@ -19,9 +19,9 @@ class Loads(Tree):
 
 
 class Programs(Tree):
-    DELIVERED = ("bin/Kestrix.exe", "bin/OrlDbMg.dll", "bin/VdDbg64.dll", "bin/VdFrwkPs.dll", "bin/VdFrwkSvc.exe",
-                 *(f"bin/resource/{language}/Kestrix.exe.mui" for language in ("de-DE", "en-US", "ja-JP", "zh-CN")),
-                 "suite/SampleLogs.exe")
+    DELIVERED = ("bin/ImportLogs.exe", "bin/Kestrix.exe", "bin/OrlDbMg.dll", "bin/VdDbg64.dll", "bin/VdFrwkPs.dll",
+                 "bin/VdFrwkSvc.exe",
+                 *(f"bin/resource/{language}/Kestrix.exe.mui" for language in ("de-DE", "en-US", "ja-JP", "zh-CN")))
 
     def setUp(self):
         super().setUp()

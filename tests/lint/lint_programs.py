@@ -49,6 +49,7 @@ TESTS = {
 
 # What is delivered. Whatever else lies in the build folder is a test's.
 DELIVERED = {
+    "bin/ImportLogs.exe": SUITE,
     "bin/Kestrix.exe": VIEWER,
     "bin/OrlDbMg.dll": SUITE,
     "bin/VdDbg64.dll": SUITE,
@@ -58,7 +59,6 @@ DELIVERED = {
     "bin/resource/en-US/Kestrix.exe.mui": {},
     "bin/resource/ja-JP/Kestrix.exe.mui": {},
     "bin/resource/zh-CN/Kestrix.exe.mui": {},
-    "suite/SampleLogs.exe": SUITE,
 }
 
 

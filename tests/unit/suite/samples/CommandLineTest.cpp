@@ -1,6 +1,6 @@
 #include "suite/samples/CommandLine.h"
 
-#include "suite/samples/Failure.h"
+#include "suite/common/Failure.h"
 #include "suite/samples/Kinds.h"
 
 #include <gtest/gtest.h>
@@ -27,9 +27,9 @@ std::string Refusal(const std::vector<std::wstring>& arguments)
     {
         Parse(arguments);
     }
-    catch (const Failure& failure)
+    catch (const Suite::Failure& failure)
     {
-        EXPECT_EQ(failure.Code(), ExitCode::BadCommandLine);
+        EXPECT_EQ(failure.Code(), Suite::ExitCode::BadCommandLine);
         return failure.what();
     }
     ADD_FAILURE() << "the arguments were taken";
@@ -96,31 +96,13 @@ TEST(CommandLineTest, AMonthMayGoIntoADatabaseWithAFolderOrAlone)
     EXPECT_EQ(alone.database, L"a.db");
     EXPECT_EQ(alone.folder, L"");
     EXPECT_EQ(alone.kinds.size(), 1u);
-    EXPECT_TRUE(alone.imports.empty());
     EXPECT_EQ(Parse({L"--database", L"a.db", L"--folder", L"x"}).folder, L"x");
-}
-
-TEST(CommandLineTest, ImportsAreCollectedInTheirOrder)
-{
-    const Options options = Parse({L"--import", L"b", L"--database", L"a.db", L"--import", L"a"});
-    EXPECT_EQ(options.imports, (std::vector<std::filesystem::path>{L"b", L"a"}));
-    EXPECT_EQ(options.database, L"a.db");
-}
-
-TEST(CommandLineTest, AnImportWithoutADatabaseOrWithAnotherTaskIsRefused)
-{
-    ExpectRefusal({L"--import", L"a"}, "give it --database");
-    ExpectRefusal({L"--import", L""}, "not an empty text");
-    ExpectRefusal({L"--import", L"a", L"--database", L"b", L"--folder", L"c"}, "no --folder");
-    ExpectRefusal({L"--import", L"a", L"--database", L"b", L"--kind", L"VLG"}, "or --kind");
-    ExpectRefusal({L"--import", L"a", L"--database", L"b", L"--file", L"c"}, "--file");
 }
 
 TEST(CommandLineTest, AFileOfLinesDoesNotGoIntoADatabase)
 {
     ExpectRefusal({L"--lines", L"5", L"--file", L"x", L"--kind", L"VLG", L"--database", L"b"},
-                  "no --folder, --database");
-    ExpectRefusal({L"--lines", L"5", L"--file", L"x", L"--kind", L"VLG", L"--import", L"b"}, "or --import");
+                  "no --folder or --database");
     ExpectRefusal({L"--database", L"b", L"--file", L"x"}, "--file");
 }
 
@@ -134,7 +116,7 @@ TEST(CommandLineTest, HelpNamesEveryOptionAndKind)
 {
     const std::string help = HelpText();
     for (const char* word :
-         {"--folder", "--database", "--import", "--end", "--days", "--seed", "--kind", "--lines", "--file", "--help"})
+         {"--folder", "--database", "--end", "--days", "--seed", "--kind", "--lines", "--file", "--help"})
     {
         EXPECT_NE(help.find(word), std::string::npos) << word;
     }

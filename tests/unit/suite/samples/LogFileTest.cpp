@@ -1,6 +1,6 @@
 #include "suite/samples/LogFile.h"
 
-#include "suite/samples/Failure.h"
+#include "suite/common/Failure.h"
 #include "tests/unit/suite/samples/SampleFiles.h"
 
 namespace Samples
@@ -17,9 +17,9 @@ std::string FailureOf(Work work)
     {
         work();
     }
-    catch (const Failure& failure)
+    catch (const Suite::Failure& failure)
     {
-        EXPECT_EQ(failure.Code(), ExitCode::WorkFailed);
+        EXPECT_EQ(failure.Code(), Suite::ExitCode::WorkFailed);
         return failure.what();
     }
     ADD_FAILURE() << "no failure";

@@ -66,22 +66,6 @@ TEST(MainTest, AMonthIsPutIntoADatabaseAndEndsWithZero)
     EXPECT_EQ(EventLog::EventDatabase::Open(path).Days(6).front(), 20240301u);
 }
 
-TEST(MainTest, DailyFilesAreImportedAndEndWithZero)
-{
-    const TemporaryFolder folder;
-    const std::wstring path = folder.File(L"a.db");
-    WriteUtf16(folder.File(L"20240301.SKP"), L"1||20240301|120000|0|0\r\n");
-    EXPECT_EQ(RunProgram({L"--import", folder.Path(), L"--database", path}), 0);
-    EXPECT_EQ(EventLog::EventDatabase::Open(path).Days(14), std::vector<EventLog::Day>{20240301});
-}
-
-TEST(MainTest, ALineThatNoLogCanReadEndsAnImportWithOne)
-{
-    const TemporaryFolder folder;
-    WriteUtf16(folder.File(L"20240301.SKP"), L"1||20240301|120000|0|3\r\n");
-    EXPECT_EQ(RunProgram({L"--import", folder.Path(), L"--database", folder.File(L"a.db")}), 1);
-}
-
 TEST(MainTest, ADatabaseThatCannotBeMadeEndsWithOne)
 {
     const TemporaryFolder folder;

@@ -1,6 +1,6 @@
 #include "suite/samples/Month.h"
 
-#include "suite/samples/Failure.h"
+#include "suite/common/Failure.h"
 #include "tests/unit/suite/samples/SampleFiles.h"
 
 #include <algorithm>
@@ -256,10 +256,10 @@ TEST(MonthTest, AFolderThatCannotBeMadeIsToldWithARemedy)
         WriteMonth(folder.Path() / "taken" / "Log", {&kind, 1}, TestEnd(), 1, 1);
         FAIL() << "the folder was made";
     }
-    catch (const Failure& failure)
+    catch (const Suite::Failure& failure)
     {
         const std::string text = failure.what();
-        EXPECT_EQ(failure.Code(), ExitCode::WorkFailed);
+        EXPECT_EQ(failure.Code(), Suite::ExitCode::WorkFailed);
         EXPECT_NE(text.find("cannot make the folder"), std::string::npos) << text;
         EXPECT_NE(text.find("Check that its drive exists"), std::string::npos) << text;
     }

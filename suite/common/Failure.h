@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace Samples
+namespace Suite
 {
 
 // What the process ends with.
@@ -16,6 +16,7 @@ enum class ExitCode
     Done = 0,
     WorkFailed = 1,
     BadCommandLine = 2,
+    PartlyDone = 3,
 };
 
 // What stopped the program and how to help it, as UTF-8 text for the user.
@@ -50,4 +51,4 @@ inline std::string Utf8(const std::filesystem::path& path)
     return Utf8(std::wstring_view(path.native()));
 }
 
-} // namespace Samples
+} // namespace Suite
