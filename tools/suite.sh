@@ -16,6 +16,7 @@ service_program='C:\Zeptara\VdFrwkSvc.exe'
 install_suite() {
   local file changed=
   mkdir -p "$suite_folder/Log" "$data_folder"
+  cp build/release/suite/FirstRules.txt "$data_folder/"
   for file in OrlDbMg.dll VdFrwkSvc.exe VdFrwkPs.dll vdhelp.chm $(cd build/release/bin && echo vdhelp.*-*.chm); do
     if ! cmp -s "build/release/bin/$file" "$suite_folder/$file"; then
       cp "build/release/bin/$file" "$suite_folder/.$file" && mv "$suite_folder/.$file" "$suite_folder/$file" ||

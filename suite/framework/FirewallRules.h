@@ -2,6 +2,8 @@
 
 #include "suite/framework/Shape.h"
 
+#include <filesystem>
+
 namespace Framework
 {
 
@@ -31,7 +33,10 @@ List UsualRule();
 // Whether all records of the list are rules. The trace tells of the first that is none.
 bool AreFirewallRules(const List& list);
 
-// The rules of a fresh installation. They fit the sample logs: programs, protocols and names of rules are theirs.
-List FirstFirewallRules();
+// The file with the rules that hold until somebody sets some, as a table for people.
+inline constexpr wchar_t FirstRulesName[] = L"FirstRules.txt";
+
+// The rules of this file in the folder; none without it, or when it has a line that is none, which is traced.
+List FirstFirewallRules(const std::filesystem::path& folder);
 
 } // namespace Framework

@@ -41,7 +41,7 @@ constexpr Row Rows[] = {
      [](const ValueStore& store)
      {
          std::optional<List> rules = store.Get(FirewallRules);
-         return rules ? std::move(*rules) : FirstFirewallRules();
+         return rules ? std::move(*rules) : FirstFirewallRules(store.Folder());
      },
      [](ValueStore& store, const List& list) { store.Set(FirewallRules, list); }},
     {ReportSettings, [](const List& list) { return HasShape(list, ThreeNumbers); },

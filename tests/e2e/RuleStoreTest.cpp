@@ -124,14 +124,14 @@ TEST_F(RuleStoreTest, APersonPrintsTheRulesChangesThemAndLoadsThem)
     const std::wstring output = File(L"output.txt");
     const auto controller = Connect(); // keeps the service: who comes in the moment in which it ends is refused by Wine
     EXPECT_EQ(Service::Run(L"/Rules", table), 0u);
-    EXPECT_EQ(Framework::ParseRules(ReadBytes(table)), Framework::FirstFirewallRules());
+    EXPECT_EQ(Framework::ParseRules(ReadBytes(table)), Framework::FirstFirewallRules(m_service.Installed().Path()));
 
     const std::string changed = ReadBytes(table) + "block any TCP 0 - * * \"One more\" C:\\more.exe\r\n";
     WriteBytes(table, changed);
     EXPECT_EQ(Service::Run(L"/Rules \"" + table + L"\"", output), 0u);
     EXPECT_EQ(ReadBytes(output), "");
     const List rules = QueryProfile(*controller.Get(), FirewallRules);
-    EXPECT_EQ(rules.size(), Framework::FirstFirewallRules().size() + 1);
+    EXPECT_EQ(rules.size(), Framework::FirstFirewallRules(m_service.Installed().Path()).size() + 1);
     EXPECT_EQ(rules, Framework::ParseRules(changed));
 
     WriteBytes(table, "block any TCP 0 - * * good -\r\nblock any TCP wrong\r\n");

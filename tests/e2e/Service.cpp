@@ -8,6 +8,7 @@
 #include <tlhelp32.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <stdexcept>
 
@@ -57,6 +58,8 @@ void ForgetClassObjects()
 
 Service::Service(const std::wstring& arguments)
 {
+    constexpr wchar_t rules[] = L"FirstRules.txt";
+    std::filesystem::copy_file(ProgramFolder() + L"..\\suite\\" + rules, Installed().File(rules));
     if (Run(L"/RegServer " + arguments) != 0)
     {
         throw std::runtime_error("the service of the test cannot be registered");

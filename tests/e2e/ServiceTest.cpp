@@ -97,7 +97,7 @@ TEST_F(ServiceTest, ValuesSurviveAServiceThatIsKilled)
 
 TEST_F(ServiceTest, FirewallRulesComeBackUnchangedInTheirOrderAfterARestart)
 {
-    EXPECT_EQ(QueryProfile(*Connect().Get(), RulesKey), Framework::FirstFirewallRules());
+    EXPECT_EQ(QueryProfile(*Connect().Get(), RulesKey), Framework::FirstFirewallRules(m_service.Installed().Path()));
     const List rules{Rule(L"first", 0), Rule(L"", 1), Rule(L"\x00E4\x65E5", 0)};
     EXPECT_EQ(SetProfile(*Connect().Get(), RulesKey, rules), Framework::Success);
     ASSERT_TRUE(Service::HasEnded());
@@ -202,7 +202,7 @@ TEST_F(ServiceTest, ArraysThatAreNoneOfItsValuesAreRefusedAndChangeNothing)
     SAFEARRAYBOUND bounds[] = {{2, 0}, {2, 0}};
     refuses(SafeArrayCreate(VT_VARIANT, 2, bounds));
 
-    EXPECT_EQ(QueryProfile(*controller.Get(), RulesKey), Framework::FirstFirewallRules());
+    EXPECT_EQ(QueryProfile(*controller.Get(), RulesKey), Framework::FirstFirewallRules(m_service.Installed().Path()));
     EXPECT_EQ(QueryProfile(*controller.Get(), ReportKey), (List{7u, 0u, 0u}));
     EXPECT_EQ(QueryProfile(*controller.Get(), PurgeKey)[1], Framework::Value(0u));
 }

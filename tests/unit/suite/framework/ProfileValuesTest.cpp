@@ -2,6 +2,7 @@
 
 #include "suite/framework/FirewallRules.h"
 #include "suite/framework/PurgeSettings.h"
+#include "suite/framework/RuleText.h"
 #include "tests/support/DebugScale.h"
 #include "tests/support/RegistrySandbox.h"
 #include "tests/support/TemporaryFolder.h"
@@ -39,10 +40,26 @@ protected:
 
 TEST_F(ProfileValuesTest, TheFirstValues)
 {
-    EXPECT_EQ(Get(Rules), FirstFirewallRules());
+    EXPECT_EQ(Get(Rules), List());
     EXPECT_EQ(Get(Report), (List{7u, 0u, 0u}));
     EXPECT_EQ(Get(Purge), (List{30u, 1u}));
     EXPECT_EQ(m_store.Get(Rules), std::nullopt) << "nothing is written that nobody has set";
+}
+
+TEST_F(ProfileValuesTest, RulesOfAFileHoldUntilSomebodySetsSome)
+{
+    WriteBytes(m_folder.File(FirstRulesName), "block any TCP 0 - * * a C:\\a.exe\r\n");
+    EXPECT_EQ(Get(Rules).size(), 1u);
+    EXPECT_EQ(Get(Rules), ParseRules("block any TCP 0 - * * a C:\\a.exe\n"));
+    const List rules{SampleRule(L"a"), SampleRule(L"b")};
+    EXPECT_EQ(m_values.Set(Rules, rules), Success);
+    EXPECT_EQ(Get(Rules), rules);
+}
+
+TEST_F(ProfileValuesTest, AFileWithALineThatIsNoRuleHasNone)
+{
+    WriteBytes(m_folder.File(FirstRulesName), "block any TCP 0 - * * a C:\\a.exe\r\nblock\r\n");
+    EXPECT_EQ(Get(Rules), List());
 }
 
 TEST_F(ProfileValuesTest, WhatIsSetIsThere)
