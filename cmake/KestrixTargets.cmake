@@ -90,8 +90,9 @@ function(kestrix_delayed_library library)
   list(JOIN ARGN "\n" functions)
   file(CONFIGURE OUTPUT ${definitions} CONTENT "LIBRARY ${library}.dll\nEXPORTS\n${functions}\n")
   add_custom_command(OUTPUT ${archive}
-    COMMAND ${CMAKE_DLLTOOL} --input-def ${definitions} --output-delaylib ${archive}
-    DEPENDS ${definitions} VERBATIM)
+    # By its bare name, since the names of symbols in it are made of the name that is given here.
+    COMMAND ${CMAKE_DLLTOOL} --input-def ${definitions} --output-delaylib lib${library}_delayed.a
+    DEPENDS ${definitions} WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR} VERBATIM)
   add_custom_target(${library}_delayed_archive DEPENDS ${archive})
   add_library(${library}_delayed INTERFACE)
   target_link_libraries(${library}_delayed INTERFACE ${archive} delayimp)
