@@ -8,7 +8,8 @@
 #include <vector>
 
 // The real service, registered with its proxies for the life of the object, with a folder of its own as the installed
-// one, which has the first firewall rules of the sample logs. At the end its processes are ended and the registry is as it was. One at a time.
+// one, which has the first firewall rules of the sample logs. At the end its processes are ended and the registry is as
+// it was. One at a time.
 class Service
 {
 public:

@@ -21,6 +21,7 @@ sys.path.insert(0, str(ROOT / "suite/help"))
 import topics  # noqa: E402
 from languages import ENGLISH, LANGUAGES  # noqa: E402
 
+VERSION = (ROOT / "VERSION").read_text(encoding="utf-8").strip()
 REPORT = 241
 
 
@@ -103,7 +104,7 @@ class HelpFile:
         self.assertEqual(entries[2], b"start.html\0")
         self.assertIn(f"<h1>{self.title('start')}</h1>", self.read("start.html"))
         language = LANGUAGES[self.language]
-        self.assertEqual(entries[3], language.title.encode(self.codec) + b"\0")
+        self.assertEqual(entries[3], f"{language.title} {VERSION}".encode(self.codec) + b"\0")
         self.assertEqual(struct.unpack_from("<I", entries[4])[0], int(language.identifier.split()[0], 16))
 
     def test_every_link_leads_to_a_file_of_the_help(self):
