@@ -8,12 +8,12 @@
 namespace
 {
 
-using Texts = std::vector<std::wstring_view>;
+using FieldTexts = std::vector<std::wstring_view>;
 
 class LogFieldsTest : public ::testing::Test
 {
 protected:
-    Texts All() const { return {m_fields.begin(), m_fields.end()}; }
+    FieldTexts All() const { return {m_fields.begin(), m_fields.end()}; }
 
     std::pmr::monotonic_buffer_resource m_memory;
     LogFields m_fields{&m_memory};
@@ -34,7 +34,7 @@ TEST_F(LogFieldsTest, StandInTheOrderInWhichTheyWereAppendedHoweverMany)
         ASSERT_EQ(m_fields.size(), i + 1);
         ASSERT_EQ(m_fields.back(), texts[i]);
     }
-    EXPECT_EQ(All(), Texts(texts.begin(), texts.end()));
+    EXPECT_EQ(All(), FieldTexts(texts.begin(), texts.end()));
 }
 
 TEST_F(LogFieldsTest, StayWhereTheyAreWhileThereIsRoom)
@@ -57,7 +57,7 @@ TEST_F(LogFieldsTest, AFieldCanBeReplaced)
     m_fields.push_back(L"b");
     m_fields[0] = L"c";
     m_fields.back() = L"d";
-    EXPECT_EQ(All(), (Texts{L"c", L"d"}));
+    EXPECT_EQ(All(), (FieldTexts{L"c", L"d"}));
 }
 
 TEST_F(LogFieldsTest, BecomeFewerOrMoreAndThenEmpty)
@@ -66,9 +66,9 @@ TEST_F(LogFieldsTest, BecomeFewerOrMoreAndThenEmpty)
     m_fields.push_back(L"a");
     m_fields.push_back(L"b");
     m_fields.resize(1);
-    EXPECT_EQ(All(), Texts{L"a"});
+    EXPECT_EQ(All(), FieldTexts{L"a"});
     m_fields.resize(6);
-    EXPECT_EQ(All(), (Texts{L"a", L"", L"", L"", L"", L""}));
+    EXPECT_EQ(All(), (FieldTexts{L"a", L"", L"", L"", L"", L""}));
     m_fields.resize(0);
     EXPECT_TRUE(m_fields.empty());
 }
