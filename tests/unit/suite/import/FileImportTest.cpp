@@ -6,6 +6,7 @@
 #include "suite/samples/Month.h"
 #include "suite/samples/MonthFeed.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/unit/suite/import/ExpectPart.h"
 
 #include <gtest/gtest.h>
 
@@ -75,11 +76,6 @@ protected:
     std::vector<Progress> m_arrTold;
     std::vector<std::string> m_arrFault;
 };
-
-void ExpectPart(const std::string& text, const std::string& part)
-{
-    EXPECT_NE(text.find(part), std::string::npos) << text;
-}
 
 } // namespace
 

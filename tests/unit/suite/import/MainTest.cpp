@@ -3,6 +3,7 @@
 #include "suite/common/KernelHandle.h"
 #include "suite/database/EventDatabase.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/unit/suite/import/ExpectPart.h"
 
 #include <gtest/gtest.h>
 
@@ -68,11 +69,6 @@ protected:
     const TemporaryFolder m_folder;
     const std::wstring m_database = m_folder.File(L"Журнал ü.db");
 };
-
-void ExpectPart(const std::string& text, const std::string& part)
-{
-    EXPECT_NE(text.find(part), std::string::npos) << text;
-}
 
 } // namespace
 
