@@ -47,10 +47,11 @@ bool ReadIdle(Options& options, std::wstring_view word)
     return isNumber;
 }
 
+// One task: a second one would be done, and the first not told of.
 bool ReadTask(Options& options, std::wstring_view word)
 {
     const auto row = std::ranges::find(Tasks, word, &TaskRow::name);
-    if (row == std::end(Tasks))
+    if (row == std::end(Tasks) || (options.task != Task::Serve && options.task != row->task))
     {
         return false;
     }

@@ -44,6 +44,14 @@ TEST(CommandLineTest, RulesArePrintedOrLoadedFromTheFileThatFollows)
     EXPECT_THROW(Parse({L"/Exit", L"rules.txt"}), BadCommandLine);
 }
 
+// "/Rules rules.txt /Exit" loaded no rules, ended the service and said nothing of it.
+TEST(CommandLineTest, ASecondTaskIsRefused)
+{
+    EXPECT_THROW(Parse({L"/Rules", L"rules.txt", L"/Exit"}), BadCommandLine);
+    EXPECT_THROW(Parse({L"/RegServer", L"/UnregServer"}), BadCommandLine);
+    EXPECT_EQ(Parse({L"/Exit", L"-exit"}).task, Task::Exit);
+}
+
 TEST(CommandLineTest, TheIdleTimeIsMilliseconds)
 {
     const Options options = Parse({L"/RegServer", L"/Idle:250"});
