@@ -10,6 +10,8 @@ class DialogTemplate
 public:
     explicit DialogTemplate(UINT id);
 
+    // False without a template of this number, and for one that ends before what it says of itself: the system would
+    // read on.
     bool IsLoaded() const { return !m_data.empty(); }
 
     const DLGTEMPLATE* Get() const { return reinterpret_cast<const DLGTEMPLATE*>(m_data.data()); }
