@@ -1,12 +1,12 @@
 #pragma once
 
 #include "framework/ui/kestrix/report/ReportFiles.h"
+#include "tests/support/MemoryLineReader.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <windows.h>
 
 #include <algorithm>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -52,30 +52,14 @@ public:
         const auto found =
             std::ranges::find_if(m_arrEntry, [&](const Entry& entry) { return IsSameName(entry.name, name); });
         const bool opens = found != m_arrEntry.end() && !found->isDirectory && found->isReadable;
-        return opens && m_reader.Start(found->text) ? &m_reader : nullptr;
+        return opens && m_reader.Start(BytesOf(found->text)) ? &m_reader : nullptr;
     }
 
 private:
-    class MemoryReader : public LogLineReader
+    static std::string_view BytesOf(std::wstring_view text)
     {
-    public:
-        bool Start(std::wstring_view text)
-        {
-            m_rest = {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t)};
-            return Begin();
-        }
+        return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t)};
+    }
 
-    private:
-        std::size_t ReadBytes(char* to, std::size_t room) override
-        {
-            const std::size_t count = std::min(room, m_rest.size());
-            std::memcpy(to, m_rest.data(), count);
-            m_rest.remove_prefix(count);
-            return count;
-        }
-
-        std::string_view m_rest;
-    };
-
-    MemoryReader m_reader;
+    MemoryLineReader m_reader;
 };

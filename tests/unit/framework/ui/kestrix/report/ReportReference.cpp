@@ -1,7 +1,9 @@
 #include "tests/unit/framework/ui/kestrix/report/ReportReference.h"
 
+#include "tests/unit/framework/ui/kestrix/logs/reference/PlainLines.h"
+#include "tests/unit/framework/ui/kestrix/logs/reference/PlainReaders.h"
+
 #include <chrono>
-#include <cstdlib>
 #include <cwchar>
 #include <optional>
 #include <string>
@@ -52,33 +54,6 @@ const Entry* FileOfDay(const std::vector<Entry>& files, int daysBack, const std:
     return nullptr;
 }
 
-// The lines of a text with what is dropped of it left out.
-Texts LinesOf(const std::wstring& text)
-{
-    Texts lines;
-    bool begins = true;
-    for (std::size_t from = 0; from < text.size();)
-    {
-        const std::size_t feed = text.find(L'\n', from);
-        const std::size_t whole = (feed == text.npos ? text.size() : feed + 1) - from;
-        const std::wstring piece = text.substr(from, whole < 2046 ? whole : 2046);
-        from += piece.size();
-        if (piece.back() != L'\n')
-        {
-            begins = false;
-        }
-        else if (!begins)
-        {
-            begins = true;
-        }
-        else if (const std::wstring line = piece.substr(0, piece.rfind(L'\r')); !line.empty())
-        {
-            lines.push_back(line);
-        }
-    }
-    return lines;
-}
-
 Texts FieldsOf(const std::wstring& line)
 {
     Texts fields{{}};
@@ -96,17 +71,6 @@ Texts FieldsOf(const std::wstring& line)
     return fields;
 }
 
-// The C library on the text as bytes, with a letter in the place of what is none.
-unsigned long NumberOf(const std::wstring& text, int base)
-{
-    std::string bytes;
-    for (const wchar_t character : text)
-    {
-        bytes += character < 128 ? static_cast<char>(character) : '?';
-    }
-    return std::strtoul(bytes.c_str(), nullptr, base);
-}
-
 struct Events
 {
     std::uint32_t all = 0;
@@ -119,17 +83,17 @@ void CountLine(const std::wstring& extension, const std::wstring& line, Events& 
     const Texts fields = FieldsOf(line);
     if (extension == L".SCG" && fields.size() > 12)
     {
-        events.first += NumberOf(fields[12], 10) == 2;
-        events.second += NumberOf(fields[12], 10) == 0;
+        events.first += Plain::NarrowedNumber(fields[12], 10) == 2;
+        events.second += Plain::NarrowedNumber(fields[12], 10) == 0;
     }
     if (extension == L".SPG" && fields.size() > 2)
     {
-        const unsigned long kind = NumberOf(fields[2], 0);
+        const std::uint32_t kind = Plain::NarrowedNumber(fields[2], 0);
         events.second += kind == 1 || kind == 2 || kind == 3;
     }
     if (extension == L".SPG" && fields.size() > 12)
     {
-        ++(NumberOf(fields[12], 10) == 1 ? events.first : events.second);
+        ++(Plain::NarrowedNumber(fields[12], 10) == 1 ? events.first : events.second);
     }
     if (extension != L".SCG" && extension != L".SPG")
     {
@@ -149,7 +113,7 @@ Events CountInterval(const std::vector<Entry>& files, const std::wstring& extens
         }
         if (const Entry* const file = FileOfDay(files, *daysBack, extension))
         {
-            for (const std::wstring& line : LinesOf(file->text))
+            for (const std::wstring& line : Plain::Lines(file->text))
             {
                 CountLine(extension, line, events);
             }
