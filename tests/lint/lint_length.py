@@ -4,7 +4,7 @@ import lint
 
 LONGEST = 400
 ENDINGS = lint.CODE + (".idl", ".py", ".sh", ".cmake", "CMakeLists.txt")
-COMMANDS = ("run", "test", "bench")
+COMMANDS = ("run", "test", "bench", "fuzz")
 
 
 def main():

@@ -15,7 +15,7 @@ constexpr std::size_t LongToken = 100'000;
 constexpr std::wstring_view Words[] = {L"word"sv, L"two words"sv, L"103015"sv,      L"C:\\Users\\a user\\file.exe"sv,
                                        L"1"sv,    L"0"sv,         L"\x65E5\x672C"sv};
 
-constexpr std::wstring_view HostileTokens[] = {
+constexpr std::wstring_view Hostile[] = {
     // numbers
     L"0"sv,
     L"1"sv,
@@ -100,6 +100,11 @@ std::wstring Joined(const std::vector<std::wstring>& tokens)
 }
 
 } // namespace
+
+std::span<const std::wstring_view> HostileTokens()
+{
+    return Hostile;
+}
 
 HostileLines::HostileLines(std::uint32_t seed, LineShape shape) : m_shape(std::move(shape)), m_random(seed) {}
 
@@ -191,11 +196,11 @@ std::wstring HostileLines::Token(std::size_t number)
     case 0:
         return {};
     case 1:
-        return GoodToken(number) + std::wstring(HostileTokens[Below(std::size(HostileTokens))]);
+        return GoodToken(number) + std::wstring(Hostile[Below(std::size(Hostile))]);
     case 2:
-        return std::wstring(HostileTokens[Below(std::size(HostileTokens))]) + GoodToken(number);
+        return std::wstring(Hostile[Below(std::size(Hostile))]) + GoodToken(number);
     default:
-        return std::wstring(HostileTokens[Below(std::size(HostileTokens))]);
+        return std::wstring(Hostile[Below(std::size(Hostile))]);
     }
 }
 

@@ -3,7 +3,9 @@
 #include <cstdint>
 #include <map>
 #include <random>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // What lines of a kind look like when all is well.
@@ -14,6 +16,9 @@ struct LineShape
     // Values that the class tells apart, by the number of the token. Other tokens get a word.
     std::map<std::size_t, std::vector<std::wstring>> values;
 };
+
+// Numbers, times, escapes and what is no text, in every form that readers of tokens tell apart or should not.
+std::span<const std::wstring_view> HostileTokens();
 
 // Lines that a log must survive and tell apart: of the right shape, too short and too long, cut anywhere, with empty
 // tokens, hundreds of bars, numbers of every size and form, zeros, lone surrogates and tokens of 100,000 characters.

@@ -1,0 +1,115 @@
+#pragma once
+
+#include <gtest/gtest-printers.h>
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// What the fuzzer tries: one harness for each reader of data that somebody else wrote.
+namespace Fuzz
+{
+
+// What inputs are made of: bytes, or characters of one of the two encodings. A text of UTF-16 has its low bytes first.
+enum class Form
+{
+    Bytes,
+    Utf8,
+    Utf16,
+};
+
+// A reader that did what it must not, and what that was.
+class Finding : public std::runtime_error
+{
+    using std::runtime_error::runtime_error;
+};
+
+// Throws a Finding when it does not hold.
+inline void Expect(bool holds, const std::string& what)
+{
+    if (!holds)
+    {
+        throw Finding(what);
+    }
+}
+
+template <class Found, class Expected>
+void ExpectSame(const Found& found, const Expected& expected, const std::string& what)
+{
+    if (!(found == expected))
+    {
+        throw Finding(what + "\n  is        " + testing::PrintToString(found) + "\n  should be " +
+                      testing::PrintToString(expected));
+    }
+}
+
+// What a harness reads with. Made once for a run, it must read an input the same whatever was read before.
+class Reader
+{
+public:
+    Reader() = default;
+    Reader(const Reader&) = delete;
+    Reader& operator=(const Reader&) = delete;
+    virtual ~Reader() = default;
+
+    // Good inputs, from which others are made.
+    virtual std::vector<std::string> Samples() const = 0;
+
+    // Reads the input, behind which stands a page that cannot be touched. Returns a number for what became of it: an
+    // input with a new one took another way through the reader, and others are made from it. Any exception is a
+    // finding.
+    virtual std::size_t Read(std::string_view input) = 0;
+};
+
+// The same for texts of UTF-16.
+class TextReader : public Reader
+{
+public:
+    std::vector<std::string> Samples() const final
+    {
+        std::vector<std::string> samples;
+        for (const std::wstring& text : Texts())
+        {
+            samples.emplace_back(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t));
+        }
+        return samples;
+    }
+
+    std::size_t Read(std::string_view input) final
+    {
+        return ReadText({reinterpret_cast<const wchar_t*>(input.data()), input.size() / sizeof(wchar_t)});
+    }
+
+private:
+    virtual std::vector<std::wstring> Texts() const = 0;
+    virtual std::size_t ReadText(std::wstring_view text) = 0;
+};
+
+struct Harness
+{
+    std::string_view name;
+    std::string_view reads; // for the help
+    Form form;
+    std::size_t inputs;           // of a run that is part of the tests
+    std::wstring_view separators; // that stand between the pieces of a text
+    std::wstring_view words;      // pieces that mean something to the reader, with a blank between them
+    std::unique_ptr<Reader> (*make)();
+};
+
+template <class Kind>
+std::unique_ptr<Reader> Make()
+{
+    return std::make_unique<Kind>();
+}
+
+// All harnesses.
+std::span<const Harness* const> Harnesses();
+
+// The one of this name, null when there is none.
+const Harness* FindHarness(std::string_view name);
+
+} // namespace Fuzz

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "tests/fuzz/Harness.h"
+
+#include <filesystem>
+
+namespace Fuzz
+{
+
+// Inputs in files that a person can read. A text of UTF-16 lies there as lines that Visible made (see VisibleText.h),
+// with a line feed between them; anything else lies there as hexadecimal digits.
+struct KeptInput
+{
+    std::string name; // of the file, without its ending
+    std::string bytes;
+};
+
+// The inputs that are kept for a harness, in the order of their names; each once showed a fault. Throws
+// std::runtime_error for a file that is none of these.
+std::vector<KeptInput> KeptInputs(const Harness& harness);
+
+// Leaves an input in the build folder, under a name that tells its content, and returns the path.
+std::filesystem::path LeaveInput(const Harness& harness, std::string_view input);
+
+} // namespace Fuzz

@@ -1,0 +1,87 @@
+// The program of ./fuzz, and of the test that tries every harness with a fixed count of inputs.
+
+#include "tests/fuzz/Run.h"
+#include "tests/support/Seed.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <iterator>
+
+namespace
+{
+
+using namespace Fuzz;
+
+void PrintHarnesses()
+{
+    for (const Harness* const harness : Harnesses())
+    {
+        const std::string blanks(16 - std::min<std::size_t>(16, harness->name.size()), ' ');
+        std::cout << "  " << harness->name << blanks << harness->reads << "\n";
+    }
+}
+
+struct Arguments
+{
+    std::vector<const Harness*> harnesses{};
+    std::optional<std::chrono::seconds> time{};
+};
+
+// Nothing for a word that is no harness, --list among them.
+std::optional<Arguments> Parse(const std::vector<std::string>& words)
+{
+    Arguments arguments;
+    for (std::size_t i = 0; i < words.size(); ++i)
+    {
+        if (words[i] == "--minutes" && i + 1 < words.size())
+        {
+            arguments.time = std::chrono::seconds(static_cast<int>(60 * std::strtod(words[++i].c_str(), nullptr)));
+        }
+        else if (const Harness* const harness = FindHarness(words[i]))
+        {
+            arguments.harnesses.push_back(harness);
+        }
+        else
+        {
+            std::cerr << "The harnesses are\n";
+            return std::nullopt;
+        }
+    }
+    if (arguments.harnesses.empty())
+    {
+        std::ranges::copy(Harnesses(), std::back_inserter(arguments.harnesses));
+    }
+    return arguments;
+}
+
+std::vector<std::string> Words(int argc, wchar_t** argv)
+{
+    std::vector<std::string> words;
+    for (int i = 1; i < argc; ++i)
+    {
+        const std::wstring_view word(argv[i]);
+        words.emplace_back(word.begin(), word.end());
+    }
+    return words;
+}
+
+} // namespace
+
+// The exit status is 0 when nothing was found, 2 for a wrong command line.
+int wmain(int argc, wchar_t** argv)
+{
+    const std::optional<Arguments> arguments = Parse(Words(argc, argv));
+    if (!arguments)
+    {
+        PrintHarnesses();
+        return 2;
+    }
+    const std::uint32_t seed = Seed();
+    bool isGood = true;
+    for (const Harness* const harness : arguments->harnesses)
+    {
+        isGood = Run(*harness, {seed, arguments->time}) && isGood;
+    }
+    return isGood ? 0 : 1;
+}

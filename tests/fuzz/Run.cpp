@@ -1,0 +1,155 @@
+#include "tests/fuzz/Run.h"
+
+#include "tests/fuzz/GuardedBlock.h"
+#include "tests/fuzz/KeptInputs.h"
+#include "tests/fuzz/Mutator.h"
+#include "tests/fuzz/Watch.h"
+
+#include <iostream>
+#include <set>
+
+namespace Fuzz
+{
+
+namespace
+{
+
+using Clock = std::chrono::steady_clock;
+
+// Of the inputs from which others are made: small ones take less time, and say as much.
+constexpr std::size_t MostInputs = 2000;
+constexpr std::size_t MostBytes = 4096;
+
+class Runner
+{
+public:
+    Runner(const Harness& harness, const Plan& plan)
+        : m_harness(harness), m_plan(plan), m_mutator(harness, plan.seed), m_reader(harness.make()), m_watch(harness)
+    {
+    }
+
+    bool Run()
+    {
+        const Clock::time_point start = Clock::now();
+        const bool isGood = TryKnown() && TryNew(start);
+        const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
+        std::cout << m_harness.name << ": " << m_nRead << " inputs in " << static_cast<std::uint64_t>(seconds) << " s, "
+                  << static_cast<std::uint64_t>(static_cast<double>(m_nRead) / seconds) << " a second, "
+                  << m_outcomes.size() << " outcomes" << std::endl;
+        return isGood;
+    }
+
+private:
+    bool TryKnown()
+    {
+        for (const KeptInput& kept : KeptInputs(m_harness))
+        {
+            if (!Try(kept.bytes, "the kept input " + kept.name))
+            {
+                return false;
+            }
+            m_inputs.push_back(kept.bytes);
+        }
+        for (const std::string& sample : m_reader->Samples())
+        {
+            if (!Try(sample, "a sample"))
+            {
+                return false;
+            }
+            m_inputs.push_back(sample);
+        }
+        return true;
+    }
+
+    bool TryNew(Clock::time_point start)
+    {
+        const auto isEnd = [&](std::size_t count)
+        { return m_plan.time ? Clock::now() - start >= *m_plan.time : count >= m_harness.inputs; };
+        for (std::size_t count = 0; !isEnd(count); ++count)
+        {
+            const std::string input = m_mutator.Next(m_inputs);
+            if (!Try(input, "a new input"))
+            {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    bool Try(const std::string& input, const std::string& which)
+    {
+        try
+        {
+            const bool isNew = m_outcomes.insert(Read(input)).second;
+            if (isNew && m_inputs.size() < MostInputs && input.size() <= MostBytes)
+            {
+                m_inputs.push_back(input);
+            }
+            return true;
+        }
+        catch (const std::exception& fault)
+        {
+            const std::string small = Smaller(input);
+            std::cout << m_harness.name << ": " << which << " (" << small.size() << " bytes, seed " << m_plan.seed
+                      << "), left in " << LeaveInput(m_harness, small).string() << "\n"
+                      << FaultOf(small).value_or(fault.what()) << std::endl;
+            return false;
+        }
+    }
+
+    std::size_t Read(const std::string& input)
+    {
+        ++m_nRead;
+        m_watch.Begin(input);
+        return m_reader->Read(m_block.Put(input));
+    }
+
+    std::optional<std::string> FaultOf(const std::string& input)
+    {
+        try
+        {
+            Read(input);
+            return std::nullopt;
+        }
+        catch (const std::exception& fault)
+        {
+            return fault.what();
+        }
+    }
+
+    // What is left of the input when everything is taken away that is not needed for a finding.
+    std::string Smaller(std::string input)
+    {
+        const std::size_t unit = m_harness.form == Form::Utf16 ? sizeof(wchar_t) : 1;
+        for (std::size_t step = input.size() / 2 / unit * unit; step >= unit; step = step / 2 / unit * unit)
+        {
+            for (std::size_t at = 0; at < input.size();)
+            {
+                const std::string shorter = std::string(input).erase(at, step);
+                const bool isFinding = FaultOf(shorter).has_value();
+                input = isFinding ? shorter : input;
+                at += isFinding ? 0 : step;
+            }
+        }
+        return input;
+    }
+
+    const Harness& m_harness;
+    const Plan m_plan;
+    Mutator m_mutator;
+    GuardedBlock m_block;
+    const std::unique_ptr<Reader> m_reader;
+    Watch m_watch;
+    std::vector<std::string> m_inputs;
+    std::set<std::size_t> m_outcomes;
+    std::uint64_t m_nRead = 0;
+};
+
+} // namespace
+
+bool Run(const Harness& harness, const Plan& plan)
+{
+    return Runner(harness, plan).Run();
+}
+
+} // namespace Fuzz

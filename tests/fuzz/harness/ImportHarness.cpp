@@ -1,0 +1,126 @@
+// The files that are taken into the database. What the import takes, the log of the kind must show.
+
+#include "framework/ui/kestrix/app/LogFactory.h"
+#include "suite/database/LineRules.h"
+#include "suite/database/LogKinds.h"
+#include "suite/database/LogLine.h"
+#include "suite/samples/DailyFile.h"
+#include "suite/samples/Failure.h"
+#include "tests/fuzz/harness/LogHarness.h"
+
+#include <algorithm>
+#include <map>
+
+namespace Fuzz
+{
+
+namespace
+{
+
+// The first line of an input is the name of the file, the rest what stands in it.
+class ImportReader : private WithCategoryService, public TextReader
+{
+    std::vector<std::wstring> Texts() const override
+    {
+        return {L"20261121.VLG\n\xFEFF"
+                L"20261121|103015|1048576|5|2|1|Threat|C:\\a.exe|2|1|0|0|detail\r\n"
+                L"20261121|103015|1|0|Threat|a.zip|subject|1|1|0|0\r\n",
+                L"20261121.SPG\n\xFEFF"
+                L"20261121|080000|1|0|Adware|a.zip|c@example.net|0|1\r\n"
+                L"20261121|081500|0x100000|706||toolbar.dll|C:\\a|||0|Adware|1|1|Toolbar|rule\r\n"
+                L"20261121|081500|268435456|x|1|||program|1|target|1|2|||\r\n",
+                L"20261121.PFG\n\xFEFF"
+                L"103015|3|6|1||6|0|LIP|80|192.0.2.20|443|0||C:\\a.exe|rule|message\r\n",
+                L"20261121.UPG\n\xFEFF"
+                L"20261121|103015|1|2|3|4|1.0|1.1\r\n",
+                L"20261121.HLG\n\xFEFF"
+                L"20261121|103015|1|80|a|b|01|3\r\n",
+                L"20261121.UFG\n\xFEFF"
+                L"20261121|103015|x|1F|Blocked|0|http://a/|03\r\n",
+                L"20261121.PTG\n\xFEFF"
+                L"20261121|103015|Threat|1|detail\r\n",
+                L"20261121.PPG\n\xFEFF"
+                L"20261121|103015|1|x|subject|1|item|receiver\r\n",
+                L"20261121.VAG\n\xFEFF"
+                L"20261121|103015|name|1|0|solution\r\n",
+                L"20261121.SCG\n\xFEFF"
+                L"20261121|103015|0x10000000|1||program|1|item|file||name|1|2|detector\r\n",
+                L"20261121.STC\n\xFEFF"
+                L"20261121|103015|1|2|0|text|command\r\n20261121|103015|3|2|0|text|2026/11/20\r\n",
+                L"20261121.SCI\n\xFEFF"
+                L"20261121|103015|x|103015|x|103015|1|9|1|2|3|4|5\r\n",
+                L"20261121.SKP\n\xFEFF"
+                L"1|x|20261121|103015|0|2\r\n"};
+    }
+
+    std::size_t ReadText(std::wstring_view text) override
+    {
+        const std::wstring_view nameOfFile = text.substr(0, text.find(L'\n'));
+        text.remove_prefix(std::min(text.size(), nameOfFile.size() + 1));
+        const std::optional<Samples::DailyName> name = Samples::ParseDailyName(nameOfFile);
+        if (!name)
+        {
+            return 0;
+        }
+        const EventLog::LogKind& kind = *EventLog::FindKindOfExtension(name->kind->extension);
+        std::size_t taken = 0;
+        for (const std::wstring& line : LinesOf(text))
+        {
+            EventLog::TimeOfLine(kind.subType, line);
+            if (!line.empty() && !EventLog::FaultOfLine(kind, line))
+            {
+                ExpectShown(kind, line);
+                ++taken;
+            }
+        }
+        return kind.subType * 10 + std::min<std::size_t>(taken, 9);
+    }
+
+    std::vector<std::wstring> LinesOf(std::wstring_view text) const
+    {
+        const std::wstring path = m_folder.File(L"20261121.VLG");
+        WriteBytes(path, {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t)});
+        try
+        {
+            const std::vector<std::wstring> lines = Samples::ReadDailyFile(path);
+            ExpectSame(lines.size(), static_cast<std::size_t>(std::ranges::count(text, L'\n')), "the count of lines");
+            return lines;
+        }
+        catch (const Samples::Failure&)
+        {
+            Expect(!text.starts_with(L'\xFEFF'), "the file is no log file");
+            return {};
+        }
+    }
+
+    void ExpectShown(const EventLog::LogKind& kind, const std::wstring& line)
+    {
+        const std::wstring form = EventLog::DatabaseForm(kind.subType, line);
+        Expect(!EventLog::FaultOfLine(kind, form), "the line is bad in the form of the database");
+        ExpectSame(EventLog::TimeOfLine(kind.subType, form), EventLog::TimeOfLine(kind.subType, line), "the time");
+        ExpectSame(EventLog::DatabaseForm(kind.subType, form), form, "the form of a line that has it already");
+        Expect(LogOf(kind)->PutRecode(form, CZPTLogBase::AnyLine), "the log refuses a line that was taken");
+    }
+
+    // A log that has just been made: others are in the state that their lines left.
+    std::unique_ptr<CZPTLogBase> LogOf(const EventLog::LogKind& kind) const
+    {
+        const auto found = std::ranges::find(LogKinds(), kind.extension, &LogKind::extension);
+        return CreateLog(found->type);
+    }
+
+    const LanguageFile m_language;
+    const TemporaryFolder m_folder;
+};
+
+} // namespace
+
+constinit const Harness ImportHarness{.name = "import",
+                                      .reads = "daily files that are taken into the database",
+                                      .form = Form::Utf16,
+                                      .inputs = 2'000,
+                                      .separators = L"|\r\n",
+                                      .words = LogWords,
+                                      .make = &Make<ImportReader>};
+
+} // namespace Fuzz

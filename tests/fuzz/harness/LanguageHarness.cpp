@@ -1,0 +1,155 @@
+// What the program takes from its language file: texts, templates, bitmaps, and what the file says of its language.
+
+#include "common/VdCommon/VdComn_MuiLibrary.h"
+#include "framework/ui/kestrix/controls/BitmapResource.h"
+#include "platform/dialog/DialogTemplate.h"
+#include "platform/dialog/ModuleState.h"
+#include "platform/dialog/ResourceText.h"
+#include "resource/resource.h"
+#include "tests/fuzz/GuardedBlock.h"
+#include "tests/fuzz/harness/Harnesses.h"
+#include "tests/support/LanguageFile.h"
+#include "tests/support/OneResource.h"
+
+#include <cstring>
+
+namespace Fuzz
+{
+
+namespace
+{
+
+constexpr UINT TextsInBlock = 16;
+
+// The texts of a block up to the first that does not lie in it whole.
+std::vector<std::wstring> PlainTexts(std::string_view bytes)
+{
+    std::vector<std::wstring> texts;
+    std::wstring units(bytes.size() / sizeof(wchar_t), L'\0');
+    std::memcpy(units.data(), bytes.data(), units.size() * sizeof(wchar_t));
+    for (std::size_t place = 0; texts.size() < TextsInBlock && place < units.size(); place += 1 + units[place])
+    {
+        if (place + 1 + units[place] > units.size())
+        {
+            break;
+        }
+        texts.push_back(units.substr(place + 1, units[place]));
+    }
+    texts.resize(TextsInBlock);
+    return texts;
+}
+
+// What lies in the built file under this number and type, with a letter in front that says what it is.
+std::string Sample(char sort, UINT id, const wchar_t* type)
+{
+    const std::span<const std::byte> bytes = GetResourceBytes(id, type);
+    return sort + std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+}
+
+class LanguageReader : public Reader
+{
+    std::vector<std::string> Samples() const override
+    {
+        VdCommon::Library::MuiConfiguration configuration{};
+        configuration.signature = VdCommon::Library::MuiConfiguration::Signature;
+        return {Sample('0', 1 + IDS_COLUMN_TIME / TextsInBlock, RT_STRING),
+                Sample('0', 1 + IDS_OUT_OF_MEMORY / TextsInBlock, RT_STRING),
+                Sample('1', IDD_LOG_FORM, RT_DIALOG),
+                Sample('1', IDD_DELETE, RT_DIALOG),
+                Sample('2', IDB_LOG_ICONS, RT_BITMAP),
+                "3" + std::string(reinterpret_cast<const char*>(&configuration), sizeof configuration)};
+    }
+
+    std::size_t Read(std::string_view input) override
+    {
+        if (input.empty())
+        {
+            return 0;
+        }
+        const char sort = input.front();
+        input.remove_prefix(1);
+        switch (sort & 3)
+        {
+        case 0:
+            return ReadTexts(input);
+        case 1:
+            return 100 + ReadTemplate(input);
+        case 2:
+            return 1000 + ReadBitmap(input);
+        default:
+            return 2000 + ReadConfiguration(input);
+        }
+    }
+
+    static std::size_t ReadTexts(std::string_view input)
+    {
+        AfxSetResourceHandle(AfxGetResourceHandle()); // forgets the texts of the input before
+        const OneResource resource(input);
+        const std::vector<std::wstring> expected = PlainTexts(input);
+        std::size_t outcome = 0;
+        for (UINT id = 0; id < TextsInBlock; ++id)
+        {
+            ExpectSame(LoadText(id), expected[id], "text " + std::to_string(id));
+            LoadNumber(id, 24);
+            outcome += !expected[id].empty();
+        }
+        AfxSetResourceHandle(AfxGetResourceHandle());
+        return outcome;
+    }
+
+    static std::size_t ReadTemplate(std::string_view input)
+    {
+        const OneResource resource(input);
+        DialogTemplate dialog(1);
+        if (!dialog.IsLoaded())
+        {
+            return 0;
+        }
+        dialog.RemoveVisibleStyle();
+        return 1 + MakeDialog(dialog, input.size());
+    }
+
+    // Whether the system makes a dialog of the template, of which nothing stands after the last whole word.
+    static std::size_t MakeDialog(const DialogTemplate& dialog, std::size_t size)
+    {
+        GuardedBlock block;
+        const std::size_t whole = (size + sizeof(DWORD) - 1) / sizeof(DWORD) * sizeof(DWORD);
+        const std::string_view bytes = block.Put({reinterpret_cast<const char*>(dialog.Get()), whole});
+        const HWND window = CreateDialogIndirectParamW(
+            AfxGetInstanceHandle(), reinterpret_cast<const DLGTEMPLATE*>(bytes.data()), HWND_MESSAGE,
+            [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; }, 0);
+        return window != nullptr && DestroyWindow(window);
+    }
+
+    static std::size_t ReadBitmap(std::string_view input)
+    {
+        const OneResource resource(input);
+        const BitmapResource bitmap(1U);
+        const SIZE size = bitmap.GetSize();
+        const CMemoryDC dc;
+        bitmap.Draw(dc, {0, 0, 16, 16}, {0, 0, size.cx, size.cy});
+        return bitmap.IsEmpty() ? 0 : 1 + static_cast<std::size_t>(size.cx > 16) + 2 * (size.cy > 16);
+    }
+
+    static std::size_t ReadConfiguration(std::string_view input)
+    {
+        const OneResource resource(input);
+        const HMODULE module =
+            VdCommon::Library::LoadMUILibrary(L"resource\\en-US\\Kestrix.exe.mui", MUI_LANGUAGE_NAME, 0);
+        return module != nullptr && VdCommon::Library::FreeMUILibrary(module);
+    }
+
+    const LanguageFile m_language;
+};
+
+} // namespace
+
+constinit const Harness LanguageHarness{.name = "language",
+                                        .reads = "texts, templates and bitmaps of the language file",
+                                        .form = Form::Bytes,
+                                        .inputs = 4'000,
+                                        .separators = {},
+                                        .words = {},
+                                        .make = &Make<LanguageReader>};
+
+} // namespace Fuzz

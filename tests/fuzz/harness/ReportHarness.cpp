@@ -1,0 +1,108 @@
+// The counts of a report about a folder in memory.
+
+#include "framework/ui/kestrix/report/ReportCollector.h"
+#include "tests/fuzz/harness/Harnesses.h"
+#include "tests/support/StandingClock.h"
+#include "tests/unit/framework/ui/kestrix/report/ReportReference.h"
+
+namespace Fuzz
+{
+
+namespace
+{
+
+using namespace std::string_view_literals;
+
+using Entry = ReportFilesDouble::Entry;
+
+constexpr wchar_t FileMark = L'\f'; // before each file
+constexpr wchar_t TextMark = L'\v'; // between its name and its text
+
+constexpr std::wstring_view Words =
+    L"20261121.VLG 20261120.SCG 20261118.SPG 20261115.UFG 20261121.ppg \f \v \r\n ||| ||||||||||||2 "
+    L"||1||||||||||1 20260229.VLG 0x3"sv;
+
+// Whether the calendar of the system refuses the year, and the report with it, as its tests tell.
+bool IsRefused(const std::wstring& name)
+{
+    const long year = std::wcstol(name.substr(0, 4).c_str(), nullptr, 10);
+    return year >= 100 && (year <= 1970 || year >= 3000);
+}
+
+// The first two characters say how many days and intervals there are.
+class ReportReader : public TextReader
+{
+    std::vector<std::wstring> Texts() const override
+    {
+        return {L"73\f20261121.VLG\vone\r\ntwo\r\n\f20261120.SCG\v||||||||||||2\r\n||||||||||||0\r\n"
+                L"\f20261118.SPG\v||0x1||||||||||1\r\n||4||||||||||3\r\n\f20261116.UFG\vone\r\n"
+                L"\f20261115.PPG\vone\r\n",
+                L"35\f20261121.vlg\vone\r\n\f20261119.SPG\v||2\r\n"};
+    }
+
+    std::size_t ReadText(std::wstring_view text) override
+    {
+        if (text.size() < 2)
+        {
+            return 0;
+        }
+        const std::uint32_t span = text[0] % 40;
+        const std::uint32_t intervals = text[1] % 12;
+        ReportFilesDouble folder;
+        folder.m_arrEntry = EntriesOf(text.substr(2));
+        const ReportCounts counts = CReportCollector(folder, span, intervals).Collect();
+        const std::vector<ReferenceLine> expected = CountReport(folder.m_arrEntry, span, intervals);
+        std::size_t outcome = folder.m_arrEntry.size();
+        auto reference = expected.begin();
+        for (const ReportLineCounts& line : ReportLines())
+        {
+            ExpectSame(counts.*line.series, reference->series, "a series");
+            ExpectSort(line.sorts[0], counts, reference->first);
+            ExpectSort(line.sorts[1], counts, reference->second);
+            outcome = outcome * 31 + counts.*line.total;
+            ++reference;
+        }
+        return outcome;
+    }
+
+    static void ExpectSort(const ReportSort& sort, const ReportCounts& counts, const std::vector<std::uint32_t>& series)
+    {
+        if (sort.series != nullptr)
+        {
+            ExpectSame(counts.*sort.series, series, "the series of a sort");
+        }
+    }
+
+    static std::vector<Entry> EntriesOf(std::wstring_view text)
+    {
+        std::vector<Entry> entries;
+        while (!text.empty())
+        {
+            const std::wstring_view part = text.substr(0, text.find(FileMark));
+            text.remove_prefix(std::min(text.size(), part.size() + 1));
+            const std::wstring_view name = part.substr(0, part.find(TextMark));
+            const Entry entry{.name = std::wstring(name),
+                              .text = std::wstring(part.substr(std::min(part.size(), name.size() + 1)))};
+            const auto isSame = [&](const Entry& other) { return IsSameName(other.name, entry.name); };
+            if (!IsRefused(entry.name) && std::ranges::none_of(entries, isSame))
+            {
+                entries.push_back(entry);
+            }
+        }
+        return entries;
+    }
+
+    const StandingClock m_clock;
+};
+
+} // namespace
+
+constinit const Harness ReportHarness{.name = "report",
+                                      .reads = "names and lines of the daily files that a report counts",
+                                      .form = Form::Utf16,
+                                      .inputs = 6'000,
+                                      .separators = L"\f\v\r\n|",
+                                      .words = Words,
+                                      .make = &Make<ReportReader>};
+
+} // namespace Fuzz

@@ -1,0 +1,158 @@
+// What an administrator has set about tracing, in the registry.
+
+#include "common/VdCommon/VdComn_DebugLogSettings.h"
+#include "common/VdCommon/VdComn_Storage.h"
+#include "tests/fuzz/harness/Harnesses.h"
+#include "tests/support/RegistrySandbox.h"
+
+#include <cstring>
+
+namespace Fuzz
+{
+
+namespace
+{
+
+using namespace std::string_view_literals;
+
+using VdCommon::DebugLogSettings;
+
+constexpr wchar_t SettingsKey[] = L"Software\\Fuzz";
+constexpr wchar_t SessionKey[] = L"Software\\Fuzz\\InteractiveSession";
+
+constexpr const wchar_t* Names[] = {L"Enable",    L"Level",   L"LogProcess",   L"LogUnitType", L"LogFolder",
+                                    L"LogPrefix", L"LogFile", L"LogExtension", L"Robust",      L"Debugger"};
+
+constexpr std::wstring_view Words = L"40 10 11 20 70 30 B0 00 C:\\Trace 10zpt"sv;
+
+// A value of the registry as a line of an input tells it: a digit for its type, one for the bytes that its last
+// character lacks, and its bytes.
+struct Value
+{
+    DWORD type;
+    std::string bytes;
+};
+
+std::optional<Value> ValueOf(std::wstring_view line)
+{
+    if (line.size() < 2)
+    {
+        return std::nullopt;
+    }
+    const std::wstring_view data = line.substr(2);
+    std::string bytes(reinterpret_cast<const char*>(data.data()), data.size() * sizeof(wchar_t));
+    bytes.resize(bytes.size() - std::min<std::size_t>(bytes.size(), line[1] % 2));
+    return Value{static_cast<DWORD>(line[0] % 16), bytes};
+}
+
+bool TakeNumber(const std::optional<Value>& value, std::uint32_t& number)
+{
+    const bool isNumber = value && value->type == REG_DWORD && value->bytes.size() == sizeof number;
+    if (isNumber)
+    {
+        std::memcpy(&number, value->bytes.data(), sizeof number);
+    }
+    return isNumber;
+}
+
+bool TakeFlag(const std::optional<Value>& value, bool& flag)
+{
+    std::uint32_t number = flag;
+    const bool isNumber = TakeNumber(value, number);
+    flag = number != 0;
+    return isNumber;
+}
+
+// Up to the first terminator, as far as there is room.
+template <std::size_t room>
+bool TakeText(const std::optional<Value>& value, wchar_t (&text)[room])
+{
+    const bool isText = value && (value->type == REG_SZ || value->type == REG_EXPAND_SZ || value->type == REG_MULTI_SZ);
+    for (std::size_t i = 0; isText && i + 1 < room && 2 * i + 1 < value->bytes.size(); ++i)
+    {
+        std::memcpy(&text[i], value->bytes.data() + 2 * i, sizeof(wchar_t));
+        if (text[i] == L'\0')
+        {
+            break;
+        }
+    }
+    return isText;
+}
+
+// What the values say, in their order and up to the first that is missing or of another form.
+DebugLogSettings PlainSettings(const std::vector<std::optional<Value>>& values)
+{
+    DebugLogSettings settings;
+    DebugLogConfig& config = settings.config;
+    static_cast<void>(TakeFlag(values[0], settings.enabled) && TakeNumber(values[1], settings.levelMask) &&
+                      TakeNumber(values[2], config.logProcess) && TakeNumber(values[3], config.logUnitType) &&
+                      TakeText(values[4], config.logFolder) && TakeText(values[5], config.logPrefix) &&
+                      TakeText(values[6], config.logFile) && TakeText(values[7], config.logExtension) &&
+                      TakeFlag(values[8], config.robust) && TakeFlag(values[9], config.debugger));
+    return settings;
+}
+
+class TraceSettingsReader : public TextReader
+{
+    std::vector<std::wstring> Texts() const override
+    {
+        return {
+            std::wstring(
+                L"40\1\0\n40\x0111\0\n40\3\0\n40\4\0\n10C:\\Trace\0\n10pre\0\n20file\0\n70txt\0\0\n40\1\0\n40\0\0", 60),
+            std::wstring(L"40\1\0\n40\x10\0\n40\0\0\n40\0\0\n11unterminated\n10\n", 45)};
+    }
+
+    std::size_t ReadText(std::wstring_view text) override
+    {
+        RegDeleteTreeW(m_registry.Root(), SettingsKey);
+        m_registry.MakeKey(SessionKey);
+        std::vector<std::optional<Value>> values;
+        for (const wchar_t* const name : Names)
+        {
+            const std::wstring_view line = text.substr(0, text.find(L'\n'));
+            text.remove_prefix(std::min(text.size(), line.size() + 1));
+            values.push_back(ValueOf(line));
+            if (values.back())
+            {
+                m_registry.Set(SessionKey, name, values.back()->type, values.back()->bytes.data(),
+                               values.back()->bytes.size());
+            }
+        }
+        DebugLogSettings settings;
+        const auto key = VdCommon::Storage::Key::InRegistry(HKEY_LOCAL_MACHINE, SettingsKey);
+        Expect(VdCommon::ReadDebugLogSettings(key, L"Fuzz", settings), "the settings are not read");
+        const DebugLogSettings expected = PlainSettings(values);
+        ExpectSame(settings.enabled, expected.enabled, "whether tracing is on");
+        ExpectSame(settings.levelMask, expected.levelMask, "the levels");
+        return ExpectConfig(settings.config, expected.config) * 2 + settings.enabled;
+    }
+
+    // Returns which of the texts are not empty.
+    static std::size_t ExpectConfig(const DebugLogConfig& found, const DebugLogConfig& expected)
+    {
+        ExpectSame(found.logProcess, expected.logProcess, "LogProcess");
+        ExpectSame(found.logUnitType, expected.logUnitType, "LogUnitType");
+        ExpectSame(std::wstring(found.logFolder), std::wstring(expected.logFolder), "LogFolder");
+        ExpectSame(std::wstring(found.logPrefix), std::wstring(expected.logPrefix), "LogPrefix");
+        ExpectSame(std::wstring(found.logFile), std::wstring(expected.logFile), "LogFile");
+        ExpectSame(std::wstring(found.logExtension), std::wstring(expected.logExtension), "LogExtension");
+        ExpectSame(found.robust, expected.robust, "Robust");
+        ExpectSame(found.debugger, expected.debugger, "Debugger");
+        return (*found.logFolder != 0) + 2U * (*found.logPrefix != 0) + 4U * (*found.logFile != 0) +
+               8U * (*found.logExtension != 0) + 16U * found.robust + 32U * found.debugger;
+    }
+
+    const RegistrySandbox m_registry;
+};
+
+} // namespace
+
+constinit const Harness TraceSettingsHarness{.name = "tracesettings",
+                                             .reads = "settings of the trace in the registry",
+                                             .form = Form::Utf16,
+                                             .inputs = 1'500,
+                                             .separators = L"\n",
+                                             .words = Words,
+                                             .make = &Make<TraceSettingsReader>};
+
+} // namespace Fuzz

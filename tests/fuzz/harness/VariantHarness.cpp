@@ -1,0 +1,219 @@
+// Arrays as the service sends them, read by the viewer and by the service itself.
+
+#include "common/DataConversion/Frwk_ComPrfFwRules.h"
+#include "common/DataConversion/Frwk_ComPrfReportSet.h"
+#include "common/DataConversion/Frwk_ComPrpChkInternetConn.h"
+#include "common/DataConversion/Frwk_ComPrpUrlFilterCategoryCroupList.h"
+#include "suite/framework/FirewallRules.h"
+#include "suite/framework/SafeArray.h"
+#include "tests/fuzz/harness/Harnesses.h"
+#include "tests/unit/common/ComMemoryWatch.h"
+#include "tests/unit/common/WireArray.h"
+
+#include <cwchar>
+
+namespace Fuzz
+{
+
+namespace
+{
+
+using namespace std::string_view_literals;
+
+using namespace Frwk::DataTypes;
+
+constexpr std::wstring_view Words =
+    L"( (7 (-1 ) b0 b-1 b1 y0 y255 w0 w1 w65535 n0 n7 n-1 t ttext u oodd a12 a17,16 a17,20 a8,3 a12,0 "
+    L"a12,2,2 a17,0 a19,4 a3,2 v0 v1 v3 v5 v9 v10 v13 tC:\\Program%Files\\a.exe t192.0.2.1"sv;
+
+// Types whose values of zeros the platform takes for values.
+constexpr VARTYPE PlainTypes[] = {VT_EMPTY,    VT_NULL,  VT_I2,      VT_I4, VT_R4, VT_R8,  VT_CY,  VT_DATE,
+                                  VT_DISPATCH, VT_ERROR, VT_UNKNOWN, VT_I1, VT_I8, VT_UI8, VT_INT, VT_UINT};
+
+constexpr int DeepestNesting = 12;
+constexpr ULONG MostElements = 300;
+
+long NumberAt(std::wstring_view word, std::size_t place)
+{
+    return std::wcstol(std::wstring(word.substr(std::min(word.size(), place))).c_str(), nullptr, 10);
+}
+
+// Makes an array of what the words say, one word an element: b, y, w, n, t, u and o are a BOOL, UI1, UI2, UI4, a text,
+// the null text and a text of odd bytes; v is a value of the type; a is an array of the type, with its counts; and what
+// stands in brackets is an array of variants, which may begin with its lower bound.
+class ArrayMaker
+{
+public:
+    explicit ArrayMaker(std::wstring_view text) : m_text(text) {}
+
+    OwnedArray Make(long lowerBound = 0, int depth = 0)
+    {
+        std::vector<VARIANT> elements;
+        for (std::wstring_view word = Next(); !word.empty() && word != L")"; word = Next())
+        {
+            elements.push_back(Element(word, depth));
+        }
+        OwnedArray array{std::span<const VARIANT>(elements)};
+        array->rgsabound[0].lLbound = lowerBound;
+        return array;
+    }
+
+private:
+    std::wstring_view Next()
+    {
+        m_text.remove_prefix(std::min(m_text.find_first_not_of(L' '), m_text.size()));
+        const std::wstring_view word = m_text.substr(0, m_text.find(L' '));
+        m_text.remove_prefix(word.size());
+        return word;
+    }
+
+    VARIANT Element(std::wstring_view word, int depth)
+    {
+        const auto number = static_cast<ULONGLONG>(NumberAt(word, 1));
+        switch (word.front())
+        {
+        case L'(':
+            return depth < DeepestNesting ? Wire::Array(Make(NumberAt(word, 1), depth + 1)) : Wire::Number(0);
+        case L'b':
+            return Wire::Value(VT_BOOL, number & 0xFFFF);
+        case L'y':
+            return Wire::Value(VT_UI1, number & 0xFF);
+        case L'w':
+            return Wire::Value(VT_UI2, number & 0xFFFF);
+        case L't':
+            return Wire::Text(std::wstring(word.substr(1)));
+        case L'u':
+            return Wire::Value(VT_BSTR, 0);
+        case L'o':
+            return Wire::Value(VT_BSTR, reinterpret_cast<ULONGLONG>(SysAllocStringByteLen(
+                                            reinterpret_cast<const char*>(word.data()),
+                                            static_cast<UINT>(word.size() * sizeof(wchar_t) - 1))));
+        case L'a':
+            return TypedArray(word, static_cast<VARTYPE>(number));
+        case L'v':
+            return Wire::Value(PlainTypes[number % std::size(PlainTypes)], 0);
+        default:
+            return Wire::Number(static_cast<ULONG>(number));
+        }
+    }
+
+    // The null array when no count follows, and for a type that arrays do not have here.
+    static VARIANT TypedArray(std::wstring_view word, VARTYPE type)
+    {
+        const bool isKnown = type == VT_VARIANT || type == VT_BSTR || (type >= VT_I2 && type <= VT_R8) ||
+                             (type >= VT_UI1 && type <= VT_UI4);
+        const std::size_t comma = word.find(L',');
+        if (!isKnown || comma == word.npos)
+        {
+            return Wire::Value(VT_ARRAY | VT_VARIANT, 0);
+        }
+        const std::size_t second = word.find(L',', comma + 1);
+        const auto countAt = [&](std::size_t place)
+        { return static_cast<ULONG>(NumberAt(word, place)) % MostElements; };
+        return Wire::Array(second == word.npos ? OwnedArray(type, {{countAt(comma + 1), 0}})
+                                               : OwnedArray(type, {{countAt(comma + 1), 0}, {countAt(second + 1), 0}}),
+                           static_cast<VARTYPE>(VT_ARRAY | type));
+    }
+
+    std::wstring_view m_text;
+};
+
+std::wstring Times(std::size_t count, const std::wstring& word)
+{
+    std::wstring words;
+    for (; count > 0; --count)
+    {
+        words += word + L" ";
+    }
+    return words;
+}
+
+std::wstring RuleWords()
+{
+    const std::wstring bytes16 = L"( " + Times(16, L"y7") + L") ";
+    return L"( b-1 w0 tname w1 tC:\\a.exe w0 w1 w0 w0 t* t* w0 n0 n0 " + bytes16 + bytes16 + L"n6 w1 t443 b0 ( " +
+           Times(20, L"y1") + L") " + bytes16 + bytes16 + L") ";
+}
+
+// What a list becomes when it is written into an array and read again.
+bool ComesBack(const FwRuleList& rules)
+{
+    ComPrfFwRules array;
+    FwRuleList again;
+    const bool isRead = array.CreateArray(static_cast<std::uint32_t>(rules.size())) && array.SetPrfFwRules(rules) &&
+                        array.GetPrfFwRules(again);
+    array.DestroyArray();
+    return isRead && again == rules;
+}
+
+class VariantReader : public TextReader
+{
+    std::vector<std::wstring> Texts() const override
+    {
+        return {RuleWords(),
+                RuleWords() + RuleWords(),
+                L"( ( t03 tAdult ) ( t97 u ) )",
+                L"n7 n0 n0",
+                L"b-1",
+                L"a17,16 a12,2,2 v3",
+                L"(1 y1 y2 )"};
+    }
+
+    std::size_t ReadText(std::wstring_view text) override
+    {
+        const ComMemoryWatch memory;
+        const std::size_t outcome = ReadArray(ArrayMaker(text).Make());
+        ExpectSame(memory.BlocksOut(), 0, "the blocks that are not given back");
+        return outcome;
+    }
+
+    static std::size_t ReadArray(const OwnedArray& array)
+    {
+        const std::size_t rules = ReadRules(array);
+        bool isConnected = false;
+        ComPrpChkInternetConn connection;
+        connection.Attach(array.Get());
+        const bool hasConnection = connection.GetPrpChkInternetConn(isConnected);
+        PrfReportSet settings;
+        ComPrfReportSet report;
+        report.Attach(array.Get());
+        const bool hasReport = report.GetPrfReportSet(settings);
+        std::vector<UrlCategoryGroup> groups;
+        ComPrpUrlFilterCategoryGroupList categories;
+        categories.Attach(array.Get());
+        const bool hasCategories = categories.GetPrpUrlFilterCategoryCroupList(&groups);
+        return rules * 8 + hasConnection + 2 * hasReport + 4 * hasCategories +
+               1000 * std::min<std::size_t>(groups.size(), 9);
+    }
+
+    static std::size_t ReadRules(const OwnedArray& array)
+    {
+        FwRuleList rules;
+        ComPrfFwRules wire;
+        wire.Attach(array.Get());
+        const bool isRead = wire.GetPrfFwRules(rules);
+        Expect(rules.empty() || ComesBack(rules), "the rules are others after they were written and read");
+        const std::optional<Framework::List> list = Framework::ReadArray(array.Get());
+        if (!list)
+        {
+            return isRead;
+        }
+        ExpectSame(Framework::ReadArray(Framework::MakeArray(*list).get()) == list, true,
+                   "whether the list comes back");
+        const bool areRules = Framework::AreFirewallRules(*list);
+        Expect(!areRules || (isRead && rules.size() == list->size()), "the viewer does not read rules of the service");
+        return 2 + isRead + 2 * areRules;
+    }
+};
+
+} // namespace
+
+constinit const Harness VariantHarness{.name = "variants",
+                                       .reads = "arrays of the service",
+                                       .form = Form::Utf16,
+                                       .inputs = 6'000,
+                                       .separators = L" ",
+                                       .words = Words,
+                                       .make = &Make<VariantReader>};
+
+} // namespace Fuzz
