@@ -91,13 +91,17 @@ std::vector<KeptInput> KeptInputs(const Harness& harness)
     return inputs;
 }
 
+std::filesystem::path FindingsFolder()
+{
+    fs::create_directories(KESTRIX_FUZZ_FINDINGS);
+    return KESTRIX_FUZZ_FINDINGS;
+}
+
 std::filesystem::path LeaveInput(const Harness& harness, std::string_view input)
 {
-    const fs::path folder = KESTRIX_FUZZ_FINDINGS;
-    fs::create_directories(folder);
     const bool isText = harness.form == Form::Utf16;
     const std::string number = std::to_string(std::hash<std::string_view>()(input) % 1'000'000);
-    const fs::path path = folder / (std::string(harness.name) + "-" + number + (isText ? ".txt" : ".hex"));
+    const fs::path path = FindingsFolder() / (std::string(harness.name) + "-" + number + (isText ? ".txt" : ".hex"));
     WriteBytes(path.wstring(), isText ? ToLines(input) : ToHex(input));
     return path;
 }

@@ -19,6 +19,9 @@ struct KeptInput
 // std::runtime_error for a file that is none of these.
 std::vector<KeptInput> KeptInputs(const Harness& harness);
 
+// Where inputs are left, in the build folder.
+std::filesystem::path FindingsFolder();
+
 // Leaves an input in the build folder, under a name that tells its content, and returns the path.
 std::filesystem::path LeaveInput(const Harness& harness, std::string_view input);
 

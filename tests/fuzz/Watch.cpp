@@ -1,6 +1,7 @@
 #include "tests/fuzz/Watch.h"
 
 #include "tests/fuzz/KeptInputs.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <windows.h>
 
@@ -39,7 +40,12 @@ void TellAbort(int)
 } // namespace
 
 Watch::Watch(const Harness& harness)
-    : m_harness(harness), m_since(Clock::now().time_since_epoch().count()), m_thread(&Watch::AwaitHang, this)
+    : m_harness(harness),
+      m_crashPath(FindingsFolder() / (std::string(harness.name) + ".crash")),
+      m_crashFile((TakeLastCrash(), Suite::OwnFile(CreateFileW(m_crashPath.c_str(), GENERIC_WRITE, 0, nullptr,
+                                                               CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr)))),
+      m_since(Clock::now().time_since_epoch().count()),
+      m_thread(&Watch::AwaitHang, this)
 {
     g_pWatch = this;
     ULONG room = RoomOfHandler;
@@ -57,16 +63,33 @@ Watch::~Watch()
     g_pWatch = nullptr;
 }
 
+// An empty file is that of a watch that was ended with its program.
+void Watch::TakeLastCrash() const
+{
+    std::error_code none;
+    if (std::filesystem::file_size(m_crashPath, none) > 0 && !none)
+    {
+        std::cout << m_harness.name << ": the last run crashed; the input is in "
+                  << LeaveInput(m_harness, ReadBytes(m_crashPath.wstring())).string() << std::endl;
+    }
+}
+
 void Watch::Begin(std::string_view input)
 {
     m_input = input;
     m_since = Clock::now().time_since_epoch().count();
 }
 
+// Without the heap, in which the crash may have happened.
 void Watch::Tell(const char* what)
 {
-    std::cout << m_harness.name << ": " << what << "; the input is in " << LeaveInput(m_harness, m_input).string()
-              << std::endl;
+    DWORD written = 0;
+    WriteFile(m_crashFile.get(), m_input.data(), static_cast<DWORD>(m_input.size()), &written, nullptr);
+    char line[200];
+    const int length =
+        std::snprintf(line, sizeof line, "%.40s: %s; the next run leaves the input in the build folder\n",
+                      m_harness.name.data(), what);
+    WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), line, static_cast<DWORD>(length), &written, nullptr);
     TerminateProcess(GetCurrentProcess(), CrashStatus);
     std::abort();
 }

@@ -2,15 +2,19 @@
 
 #include "tests/fuzz/Harness.h"
 
+#include "suite/common/KernelHandle.h"
+
 #include <atomic>
 #include <chrono>
+#include <filesystem>
 #include <thread>
 
 namespace Fuzz
 {
 
-// Watches the input that is read: when the program crashes at it, or reads longer than any input may take, the input is
-// left in the build folder and told, and the program ends with status 3. One at a time.
+// Watches the input that is read: when the program crashes at it, or reads longer than any input may take, that is
+// told, the bare input is kept in a file, and the program ends with status 3. The next watch over the harness leaves
+// the input in the build folder as others. One at a time.
 class Watch
 {
 public:
@@ -27,10 +31,13 @@ public:
 
 private:
     void AwaitHang();
+    void TakeLastCrash() const;
 
     using Clock = std::chrono::steady_clock;
 
     const Harness& m_harness;
+    const std::filesystem::path m_crashPath; // of the bare bytes
+    const Suite::KernelHandle m_crashFile;
     std::string_view m_input{};
     std::atomic<Clock::rep> m_since;
     std::atomic<bool> m_bEnds = false;

@@ -146,6 +146,17 @@ bool ComesBack(const FwRuleList& rules)
     return isRead && again == rules;
 }
 
+// The viewer passes over what stands in a rule after its last element.
+bool HasLongRule(const Framework::List& list)
+{
+    return std::ranges::any_of(list,
+                               [](const Framework::Value& rule)
+                               {
+                                   const auto* const elements = std::get_if<Framework::List>(&rule);
+                                   return elements != nullptr && elements->size() > ComPrfFwRule::ElementCount;
+                               });
+}
+
 class VariantReader : public TextReader
 {
     std::vector<std::wstring> Texts() const override
@@ -202,6 +213,7 @@ class VariantReader : public TextReader
                    "whether the list comes back");
         const bool areRules = Framework::AreFirewallRules(*list);
         Expect(!areRules || (isRead && rules.size() == list->size()), "the viewer does not read rules of the service");
+        Expect(areRules || !isRead || HasLongRule(*list), "the viewer reads rules that are none for the service");
         return 2 + isRead + 2 * areRules;
     }
 };
