@@ -61,6 +61,9 @@ Watch::~Watch()
     std::signal(SIGABRT, SIG_DFL);
     SetUnhandledExceptionFilter(nullptr);
     g_pWatch = nullptr;
+    m_crashFile.reset();
+    std::error_code none;
+    std::filesystem::remove(m_crashPath, none);
 }
 
 // An empty file is that of a watch that was ended with its program.

@@ -37,7 +37,7 @@ private:
 
     const Harness& m_harness;
     const std::filesystem::path m_crashPath; // of the bare bytes
-    const Suite::KernelHandle m_crashFile;
+    Suite::KernelHandle m_crashFile;
     std::string_view m_input{};
     std::atomic<Clock::rep> m_since;
     std::atomic<bool> m_bEnds = false;

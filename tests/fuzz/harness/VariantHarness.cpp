@@ -146,15 +146,19 @@ bool ComesBack(const FwRuleList& rules)
     return isRead && again == rules;
 }
 
-// The viewer passes over what stands in a rule after its last element.
-bool HasLongRule(const Framework::List& list)
+// Whether the blocks of bytes of each rule have their sizes. Elements of them that are no bytes read as zeros.
+bool HasWholeBlocks(const Framework::List& list)
 {
-    return std::ranges::any_of(list,
-                               [](const Framework::Value& rule)
-                               {
-                                   const auto* const elements = std::get_if<Framework::List>(&rule);
-                                   return elements != nullptr && elements->size() > ComPrfFwRule::ElementCount;
-                               });
+    constexpr std::pair<std::size_t, std::size_t> blocks[] = {{14, 16}, {15, 16}, {20, 20}, {21, 16}, {22, 16}};
+    return std::ranges::all_of(
+        list,
+        [&](const Framework::Value& rule)
+        {
+            const auto& elements = std::get<Framework::List>(rule);
+            return std::ranges::all_of(
+                blocks, [&](const auto& block)
+                { return std::get<Framework::List>(elements.at(block.first)).size() == block.second; });
+        });
 }
 
 class VariantReader : public TextReader
@@ -213,7 +217,7 @@ class VariantReader : public TextReader
                    "whether the list comes back");
         const bool areRules = Framework::AreFirewallRules(*list);
         Expect(!areRules || (isRead && rules.size() == list->size()), "the viewer does not read rules of the service");
-        Expect(areRules || !isRead || HasLongRule(*list), "the viewer reads rules that are none for the service");
+        Expect(!isRead || HasWholeBlocks(*list), "the viewer reads rules with blocks of another size");
         return 2 + isRead + 2 * areRules;
     }
 };
