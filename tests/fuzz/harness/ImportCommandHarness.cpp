@@ -1,7 +1,7 @@
 // The command line of the program that imports files.
 
-#include "suite/samples/CommandLine.h"
-#include "suite/samples/Failure.h"
+#include "suite/common/Failure.h"
+#include "suite/import/CommandLine.h"
 #include "tests/fuzz/harness/ArgumentLines.h"
 
 namespace Fuzz
@@ -12,45 +12,38 @@ namespace
 
 using namespace std::string_view_literals;
 
-using namespace Samples;
-
-constexpr std::wstring_view Words =
-    L"--folder --file --database --import --end --kind --days --seed --lines --help -- VLG vlg 20261121 "
-    L"20260230 19110101 19101231 99991231 3660 3661 18446744073709551615 18446744073709551616 100000000 "
-    L"a.db \n"sv;
+constexpr std::wstring_view Words = L"--database --help /? -- --data a.db 20261121.VLG folder \n"sv;
 
 class ImportCommandReader : public TextReader
 {
     std::vector<std::wstring> Texts() const override
     {
-        return {L"--folder\nlogs\n--end\n20261121\n--days\n3\n--seed\n7\n--kind\nVLG",
-                L"--import\n20261121.VLG\n--import\nfolder\n--database\na.db",
-                L"--lines\n10\n--kind\nSPG\n--file\n20261121.SPG", L"--help"};
+        return {L"20261121.VLG\nfolder", L"--database\na.db\n20261121.VLG", L"folder\n--database\na.db", L"--help"};
     }
 
     std::size_t ReadText(std::wstring_view text) override
     {
-        const Date today = std::chrono::sys_days(std::chrono::year{2026} / 11 / 21);
-        Options options;
+        const std::vector<std::wstring> arguments = ArgumentsOf(text);
+        Import::Options options;
         try
         {
-            options = ParseCommandLine(ArgumentsOf(text), today);
+            options = Import::ParseCommandLine(arguments);
         }
-        catch (const Failure&)
+        catch (const Suite::Failure& failure)
         {
+            Expect(failure.Code() == Suite::ExitCode::BadCommandLine, "refused for another reason");
             return 0;
         }
         if (options.help)
         {
             return 1;
         }
-        Expect(!options.kinds.empty(), "no kinds");
-        Expect(options.days >= 1 && options.days <= 3660, "the days are out of range");
-        Expect(std::chrono::year_month_day(options.end).ok(), "the end is no date");
-        Expect(!options.lines || (options.kinds.size() == 1 && !options.file.empty()), "lines without their file");
-        Expect(options.imports.empty() || !options.database.empty(), "an import without a database");
-        return 2 + options.lines.has_value() + 2 * !options.imports.empty() + 4 * !options.folder.empty() +
-               8 * std::min<std::size_t>(options.kinds.size(), 14) + 128 * (options.days == 30);
+        const std::size_t databases = static_cast<std::size_t>(std::ranges::count(arguments, L"--database"sv));
+        Expect(databases <= 1, "more than one database");
+        Expect(options.database.empty() == (databases == 0), "the database is not that of the arguments");
+        ExpectSame(options.paths.size(), arguments.size() - 2 * databases, "the count of paths");
+        Expect(std::ranges::none_of(options.paths, &std::filesystem::path::empty), "an empty path");
+        return 2 + databases + 2 * std::min<std::size_t>(options.paths.size(), 7);
     }
 };
 

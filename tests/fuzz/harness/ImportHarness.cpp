@@ -4,8 +4,7 @@
 #include "suite/database/LineRules.h"
 #include "suite/database/LogKinds.h"
 #include "suite/database/LogLine.h"
-#include "suite/samples/DailyFile.h"
-#include "suite/samples/Failure.h"
+#include "suite/import/DailyFile.h"
 #include "tests/fuzz/harness/LogHarness.h"
 
 #include <algorithm>
@@ -57,7 +56,7 @@ class ImportReader : private WithCategoryService, public TextReader
     {
         const std::wstring_view nameOfFile = text.substr(0, text.find(L'\n'));
         text.remove_prefix(std::min(text.size(), nameOfFile.size() + 1));
-        const std::optional<Samples::DailyName> name = Samples::ParseDailyName(nameOfFile);
+        const std::optional<Import::DailyName> name = Import::ParseDailyName(nameOfFile);
         if (!name)
         {
             return 0;
@@ -82,11 +81,11 @@ class ImportReader : private WithCategoryService, public TextReader
         WriteBytes(path, {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t)});
         try
         {
-            const std::vector<std::wstring> lines = Samples::ReadDailyFile(path);
+            const std::vector<std::wstring> lines = Import::ReadDailyFile(path);
             ExpectSame(lines.size(), static_cast<std::size_t>(std::ranges::count(text, L'\n')), "the count of lines");
             return lines;
         }
-        catch (const Samples::Failure&)
+        catch (const Import::BadFile&)
         {
             Expect(!text.starts_with(L'\xFEFF'), "the file is no log file");
             return {};

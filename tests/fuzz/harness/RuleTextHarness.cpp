@@ -21,11 +21,20 @@ constexpr std::wstring_view Words =
     L"allow block in out any TCP ICMPv6 65535 65536 - \"\" \" \"-\" %0041 %% %000 %0000 %D800 # = 0=1 "
     L"14=00 12=4294967295 19=1 20=0000000000000000000000000000000000000001 03=Adult \r\n"sv;
 
+constexpr std::string_view SomeRules = R"(
+allow any ICMP   0 -           *            *             "Echo and errors"     -
+allow out 50     0 -           *            198.51.100.40 "Tunnel to the office" -
+allow out TCP    1 80,443,8080 *            *             "Web browsing"        "C:\Program Files\Web\web.exe"
+block in  UDP    1 5353        *            *             netsvchost64          C:\Windows\System32\netsvchost64.exe
+allow in  TCP    1 49152-65535 192.0.2.0/24 *             synchelper            C:\sync.exe
+block any any    0 -           *            *             "Правило 7" -
+)"sv;
+
 class RuleTextReader : public Reader
 {
     std::vector<std::string> Samples() const override
     {
-        return {RulesText(FirstFirewallRules()),
+        return {RulesText(ParseRules(SomeRules)),
                 "allow in TCP 1 80 * * \"a b\" - 0=0 14=00112233445566778899aabbccddeeff\r\n",
                 "# comment\r\n03 = Adult content\r\nkey=name=more\r\n"};
     }
