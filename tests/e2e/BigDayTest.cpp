@@ -2,6 +2,7 @@
 
 #include "resource/resource.h"
 #include "suite/samples/Month.h"
+#include "tests/e2e/EventLogs.h"
 #include "tests/e2e/Input.h"
 #include "tests/e2e/SaveDialog.h"
 #include "tests/e2e/Viewer.h"
@@ -21,7 +22,6 @@
 namespace
 {
 
-constexpr int VirusLog = 1; // command code
 constexpr int Records = 1'000'000;
 constexpr int FewRecords = 10;
 constexpr int Columns = 3;

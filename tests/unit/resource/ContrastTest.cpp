@@ -17,7 +17,7 @@ namespace
 
 constexpr double LeastForText = 4.5;
 constexpr double LeastForSigns = 3;
-constexpr int LogIconSize = 16;
+constexpr int IconWidth = 16;
 
 double Linear(BYTE part)
 {
@@ -79,7 +79,7 @@ COLORREF BodyOf(const Bitmap& strip, int icon)
     std::map<COLORREF, int> counts;
     for (int y = 0; y < strip.height; ++y)
     {
-        for (int x = icon * LogIconSize; x < (icon + 1) * LogIconSize; ++x)
+        for (int x = icon * IconWidth; x < (icon + 1) * IconWidth; ++x)
         {
             ++counts[strip.At(x, y)];
         }
@@ -128,7 +128,7 @@ TEST(Contrast, TheIconsOfTheLogsAreSeenOnWhiteAndTheirSignsOnThem)
     for (const unsigned number : {IDB_LOG_ICONS, IDB_FIREWALL_ICONS})
     {
         const Bitmap strip = ReadBitmap(number);
-        for (int icon = 0; icon < strip.width / LogIconSize; ++icon)
+        for (int icon = 0; icon < strip.width / IconWidth; ++icon)
         {
             EXPECT_GE(Contrast(BodyOf(strip, icon), SkinColour::Ground), LeastForSigns) << number << " icon " << icon;
         }

@@ -13,7 +13,7 @@ namespace
 
 constexpr COLORREF White = RGB(255, 255, 255);
 constexpr COLORREF Black = RGB(0, 0, 0);
-constexpr int IconSize = 16;
+constexpr int ListIconSize = 16;
 constexpr int LogIcons = 6;
 
 int Brightness(COLORREF colour)
@@ -25,11 +25,11 @@ int Brightness(COLORREF colour)
 std::vector<bool> Shape(const Bitmap& strip, int icon)
 {
     std::vector<bool> dark;
-    for (int y = 0; y < IconSize; ++y)
+    for (int y = 0; y < ListIconSize; ++y)
     {
-        for (int x = 0; x < IconSize; ++x)
+        for (int x = 0; x < ListIconSize; ++x)
         {
-            dark.push_back(Brightness(strip.At(icon * IconSize + x, y)) < 190);
+            dark.push_back(Brightness(strip.At(icon * ListIconSize + x, y)) < 190);
         }
     }
     return dark;
@@ -37,9 +37,9 @@ std::vector<bool> Shape(const Bitmap& strip, int icon)
 
 bool TouchesTheMask(const Bitmap& strip, int x, int y)
 {
-    return (x % IconSize > 0 && strip.At(x - 1, y) == White) ||
-           (x % IconSize < IconSize - 1 && strip.At(x + 1, y) == White) || (y > 0 && strip.At(x, y - 1) == White) ||
-           (y < IconSize - 1 && strip.At(x, y + 1) == White);
+    return (x % ListIconSize > 0 && strip.At(x - 1, y) == White) ||
+           (x % ListIconSize < ListIconSize - 1 && strip.At(x + 1, y) == White) ||
+           (y > 0 && strip.At(x, y - 1) == White) || (y < ListIconSize - 1 && strip.At(x, y + 1) == White);
 }
 
 // Widths of the pictures of an icon, from its directory; 0 stands for 256 there.
@@ -61,8 +61,8 @@ std::set<int> IconSizes(unsigned number)
 TEST(LogIcons, AreSixSquaresOf16PixelsAnd24Bits)
 {
     const Bitmap strip = ReadBitmap(IDB_LOG_ICONS);
-    EXPECT_EQ(LogIcons * IconSize, strip.width);
-    EXPECT_EQ(IconSize, strip.height);
+    EXPECT_EQ(LogIcons * ListIconSize, strip.width);
+    EXPECT_EQ(ListIconSize, strip.height);
     EXPECT_EQ(24, strip.depth);
 }
 
@@ -72,17 +72,17 @@ TEST(LogIcons, WhiteIsOutsideOnly)
     for (int icon = 0; icon < LogIcons; ++icon)
     {
         // From the edge of the square to the middle of its row, white does not come back.
-        for (int y = 0; y < IconSize; ++y)
+        for (int y = 0; y < ListIconSize; ++y)
         {
             bool drawn = false;
-            for (int x = 0; x < IconSize / 2; ++x)
+            for (int x = 0; x < ListIconSize / 2; ++x)
             {
-                const bool white = strip.At(icon * IconSize + x, y) == White;
+                const bool white = strip.At(icon * ListIconSize + x, y) == White;
                 EXPECT_FALSE(drawn && white) << "icon " << icon << " at " << x << ", " << y;
                 drawn = drawn || !white;
             }
         }
-        EXPECT_NE(White, strip.At(icon * IconSize + IconSize / 2, IconSize / 2)) << icon;
+        EXPECT_NE(White, strip.At(icon * ListIconSize + ListIconSize / 2, ListIconSize / 2)) << icon;
     }
 }
 

@@ -16,8 +16,8 @@
 namespace
 {
 
-constexpr int Up = 0;
-constexpr int Down = 1;
+constexpr int ClickUp = 0;
+constexpr int ClickDown = 1;
 
 class SortByClickTest : public ::testing::Test
 {
@@ -82,20 +82,20 @@ protected:
 TEST_F(SortByClickTest, AFreshListStandsInDescendingOrderOfItsFirstColumnWithTheDownArrowOnIt)
 {
     EXPECT_EQ(Names(), (std::vector<std::wstring>{L"alpha", L"gamma", L"beta"}));
-    EXPECT_EQ(Arrow(0), Down);
+    EXPECT_EQ(Arrow(0), ClickDown);
 }
 
 TEST_F(SortByClickTest, AClickOnAColumnThenOnAnotherThenOnTheFirstIsAscendingInAllThree)
 {
     Click(2);
-    EXPECT_EQ(Arrow(2), Up);
+    EXPECT_EQ(Arrow(2), ClickUp);
     EXPECT_EQ(Names(), (std::vector<std::wstring>{L"alpha", L"beta", L"gamma"}));
     Click(0);
-    EXPECT_EQ(Arrow(0), Up);
+    EXPECT_EQ(Arrow(0), ClickUp);
     EXPECT_EQ(Arrow(2), -1);
     EXPECT_EQ(Names(), (std::vector<std::wstring>{L"beta", L"gamma", L"alpha"}));
     Click(2);
-    EXPECT_EQ(Arrow(2), Up);
+    EXPECT_EQ(Arrow(2), ClickUp);
     EXPECT_EQ(Arrow(0), -1);
     EXPECT_EQ(Names(), (std::vector<std::wstring>{L"alpha", L"beta", L"gamma"}));
 }
@@ -104,9 +104,9 @@ TEST_F(SortByClickTest, ASecondClickOnAColumnTurnsItAroundAndAThirdTurnsItBack)
 {
     Click(2);
     Click(2);
-    EXPECT_EQ(Arrow(2), Down);
+    EXPECT_EQ(Arrow(2), ClickDown);
     EXPECT_EQ(Names(), (std::vector<std::wstring>{L"gamma", L"beta", L"alpha"}));
     Click(2);
-    EXPECT_EQ(Arrow(2), Up);
+    EXPECT_EQ(Arrow(2), ClickUp);
     EXPECT_EQ(Names(), (std::vector<std::wstring>{L"alpha", L"beta", L"gamma"}));
 }

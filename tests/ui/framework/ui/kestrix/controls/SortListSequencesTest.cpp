@@ -26,18 +26,18 @@ constexpr int PlainId = 1;
 constexpr int SortedId = 2;
 
 // What the item data of a row points to.
-struct Item
+struct SequenceItem
 {
     std::wstring text; // of the first column
     int number;        // by which the second column is sorted
 };
 
 // Items with few different texts, which begin with few letters.
-const std::vector<Item>& Items()
+const std::vector<SequenceItem>& Items()
 {
-    static const std::vector<Item> items = []
+    static const std::vector<SequenceItem> items = []
     {
-        std::vector<Item> made;
+        std::vector<SequenceItem> made;
         for (int i = 0; i < 200; ++i)
         {
             const std::wstring word{L"aAbc"[i % 4], L"abC"[i / 4 % 3], L"xy"[i / 12 % 2]};
@@ -48,16 +48,16 @@ const std::vector<Item>& Items()
     return items;
 }
 
-const Item& ItemOf(LPARAM data)
+const SequenceItem& ItemOf(LPARAM data)
 {
-    return *reinterpret_cast<const Item*>(data);
+    return *reinterpret_cast<const SequenceItem*>(data);
 }
 
 int CALLBACK CompareItems(LPARAM first, LPARAM second, LPARAM column)
 {
     const int way = column < 0 ? -1 : 1;
-    const Item& left = ItemOf(first);
-    const Item& right = ItemOf(second);
+    const SequenceItem& left = ItemOf(first);
+    const SequenceItem& right = ItemOf(second);
     return way * (column * way == 1 ? left.text.compare(right.text) : left.number - right.number);
 }
 
@@ -175,7 +175,7 @@ public:
         return plain;
     }
 
-    void Insert(int place, const Item& data)
+    void Insert(int place, const SequenceItem& data)
     {
         LVITEMW item{};
         item.mask = LVIF_TEXT | LVIF_PARAM | LVIF_IMAGE;
@@ -215,7 +215,7 @@ private:
     {
         if ((info.item.mask & LVIF_TEXT) != 0)
         {
-            const Item& item = ItemOf(info.item.lParam);
+            const SequenceItem& item = ItemOf(info.item.lParam);
             const std::wstring text = info.item.iSubItem == 0 ? item.text : std::to_wstring(item.number);
             const auto room = static_cast<std::size_t>(info.item.cchTextMax - 1);
             info.item.pszText[text.copy(info.item.pszText, room)] = L'\0';
@@ -322,7 +322,7 @@ private:
     void Find()
     {
         LVFINDINFOW find{};
-        const Item& item = Items()[static_cast<std::size_t>(Any(200))];
+        const SequenceItem& item = Items()[static_cast<std::size_t>(Any(200))];
         const std::wstring beginning = item.text.substr(0, 2);
         static constexpr std::array<UINT, 3> kinds{LVFI_STRING, LVFI_STRING | LVFI_PARTIAL,
                                                    LVFI_STRING | LVFI_PARTIAL | LVFI_WRAP};
