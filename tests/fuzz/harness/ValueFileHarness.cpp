@@ -36,7 +36,7 @@ class ValueFileReader : public Reader
     std::vector<std::string> Samples() const override
     {
         return {FileBytes({}), FileBytes({{{1, 1}, {std::wstring(L"text")}}}), FileBytes({{{112, 1}, {7u, 0u, 0u}}}),
-                FileBytes({{FirewallRules, FirstFirewallRules()}}),
+                FileBytes({{FirewallRules, {UsualRule(), UsualRule()}}}),
                 FileBytes({{{1, 1}, {true, std::uint8_t{1}, std::uint16_t{2}, 3u, std::wstring(L"text"), List{List{}}}},
                            {{1, 2}, {}}})};
     }
