@@ -137,6 +137,10 @@ private:
     wchar_t TakeUnit()
     {
         const wchar_t unit = Take();
+        if (unit == L'\0')
+        {
+            throw BadLine("a text cannot hold the character NUL");
+        }
         return unit == Escape ? TakeEscaped() : unit;
     }
 

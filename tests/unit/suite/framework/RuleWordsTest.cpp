@@ -88,6 +88,16 @@ TEST(RuleWordsTest, WhatIsNoWordIsRefused)
     }
 }
 
+// It was taken, and then written as %0000, which is refused: a list that was printed could not be loaded.
+TEST(RuleWordsTest, ANulIsRefusedAsItsEscapeIs)
+{
+    using namespace std::string_view_literals;
+    for (const std::wstring_view line : {L"\0"sv, L"a\0b"sv, L"\"a\0\""sv})
+    {
+        EXPECT_THROW(SplitWords(line), BadLine);
+    }
+}
+
 TEST(RuleWordsTest, LettersOfEastAsiaAndPairsTakeTwoPlaces)
 {
     EXPECT_EQ(WidthOf(L""), 0u);
