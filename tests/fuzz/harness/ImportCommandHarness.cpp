@@ -38,9 +38,7 @@ class ImportCommandReader : public TextReader
         {
             return 1;
         }
-        const std::size_t databases = static_cast<std::size_t>(std::ranges::count(arguments, L"--database"sv));
-        Expect(databases <= 1, "more than one database");
-        Expect(options.database.empty() == (databases == 0), "the database is not that of the arguments");
+        const std::size_t databases = options.database.empty() ? 0 : 1;
         ExpectSame(options.paths.size(), arguments.size() - 2 * databases, "the count of paths");
         Expect(std::ranges::none_of(options.paths, &std::filesystem::path::empty), "an empty path");
         return 2 + databases + 2 * std::min<std::size_t>(options.paths.size(), 7);
