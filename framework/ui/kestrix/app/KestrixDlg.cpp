@@ -11,13 +11,6 @@
 
 #include <utility>
 
-namespace
-{
-
-constexpr std::uint32_t ShortFile = 4 * 1024 * 1024; // in bytes; some 20,000 records
-
-} // namespace
-
 CKestrixDlg::CKestrixDlg() : CBitmapDialog(IDD_LOG_PAGE) {}
 
 CKestrixDlg::~CKestrixDlg() = default;
@@ -104,16 +97,6 @@ void CKestrixDlg::SetFonts()
     SetTextColour(IDC_INFO_VALUE_0_LINK, SkinColour::Link);
 }
 
-bool CKestrixDlg::MakeLog()
-{
-    return m_ShownLog.Make(m_nLogType, {m_bIsLocal, m_pIDBManagerProvider, m_strLocalIp});
-}
-
-void CKestrixDlg::FillDate()
-{
-    m_DateList.Fill({*Log(), m_bIsLocal, m_pIDBManagerProvider, m_strLogPath, m_bLogOnly, m_nReportSpan});
-}
-
 // Lists the dates and loads the newest. A path of files without any is told to the user and cancels the page: false.
 bool CKestrixDlg::ShowFirstDate()
 {
@@ -125,19 +108,12 @@ bool CKestrixDlg::ShowFirstDate()
         return false;
     }
     m_DateList.SetCurSel(0);
-    m_bLoadDue = m_bLoadWhenShown && MayTakeLong();
+    m_bLoadDue = m_bLoadWhenShown && (m_bIsLocal || m_DateList.HasLongFiles());
     if (!m_bLoadDue)
     {
         OnSelchangeLogDate();
     }
     return true;
-}
-
-// A short file is read before the user could miss the window, which is then painted once, with its records. How many
-// records a day of the database has is not known before.
-bool CKestrixDlg::MayTakeLong() const
-{
-    return m_bIsLocal || m_DateList.FileBytes() > ShortFile;
 }
 
 void CKestrixDlg::LoadWhenShown()
@@ -147,12 +123,6 @@ void CKestrixDlg::LoadWhenShown()
     {
         m_Operations.Run([this] { OnSelchangeLogDate(); });
     }
-}
-
-// Nothing is painted while this thread reads or sorts, so what is to be painted is painted before.
-void CKestrixDlg::PaintForm()
-{
-    CWindow(::GetAncestor(m_hWnd, GA_ROOT)).RedrawWindow(RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 void CKestrixDlg::ShowLogMessage(const std::wstring& text) const
@@ -180,8 +150,7 @@ void CKestrixDlg::OnSelchangeLogDate()
     COleDateTime date;
     const bool isLoadable = m_bIsLocal ? GetLogFileName(date) : IsUsablePath(m_strLogPath);
     m_ExportButton.EnableWindow(isLoadable);
-    PaintForm();
-    Log()->ClearLog();
+    m_ShownLog.Clear();
     if (isLoadable && m_ShownLog.Load(m_bIsLocal, date, m_strLogPath))
     {
         m_DetailPane.ShowShortText();
@@ -210,24 +179,9 @@ BOOL CKestrixDlg::PreTranslateMessage(MSG& message)
 void CKestrixDlg::OnStnClickedTypesValue()
 {
     VD_TRACE(Info, L"Click Link String Edit");
-    const std::wstring name = m_DetailPane.LinkText();
-    if (name.empty() || Kind() == nullptr || Kind()->firstInfo != FirstInfo::Link)
+    if (Kind() != nullptr && Kind()->firstInfo == FirstInfo::Link)
     {
-        return;
-    }
-    if (!ChkInternetConnect())
-    {
-        VD_TRACE(Error, L"[CKestrixDlg::OnStnClickedTypesValue] Internet connection is unavailable now..");
-        return;
-    }
-    OpenThreatPage(name);
-}
-
-void CKestrixDlg::OnStnClickedMoreInfo()
-{
-    if (Log() != nullptr)
-    {
-        m_DetailPane.ShowWholeText(Log()->GetInfoText());
+        FollowThreatLink(m_DetailPane.LinkText());
     }
 }
 
@@ -262,22 +216,29 @@ void CKestrixDlg::OnBnClickedBtnView()
     if (!m_bIsLocal)
     {
         ShowMessageBox(GetSafeHwnd(), LoadText(IDS_ONLY_THIS_FILE), GetProductName(), MB_ICONINFORMATION);
-        VD_TRACE(Flow, L"[Leave] CKestrixDlg::OnBnClickedBtnView()");
-        return;
     }
-    const std::uint32_t type = m_TypeCombo.SelectedType();
-    if (type == m_nLogType)
+    else if (!SwitchTo(m_TypeCombo.SelectedType()))
     {
         return;
     }
-    m_nLogType = type;
-    if (m_nLogType > LogTypeNone && FindLogKind(m_nLogType) == nullptr)
+    VD_TRACE(Flow, L"[Leave] CKestrixDlg::OnBnClickedBtnView()");
+}
+
+// False when the log of this type is shown already, or there is none.
+bool CKestrixDlg::SwitchTo(std::uint32_t logType)
+{
+    if (logType == m_nLogType)
     {
-        return;
+        return false;
+    }
+    m_nLogType = logType;
+    if (m_nLogType > LogTypeNone && Kind() == nullptr)
+    {
+        return false;
     }
     m_DetailPane.Clear();
     RefreshLog(AnyReason);
-    VD_TRACE(Flow, L"[Leave] CKestrixDlg::OnBnClickedBtnView()");
+    return true;
 }
 
 // The service of this computer keeps entries of the database alone.
@@ -301,18 +262,10 @@ void CKestrixDlg::OnBnClickedBtnDelete()
 
 void CKestrixDlg::ShowLog(std::uint32_t logType)
 {
-    if (logType != m_nLogType)
+    if (SwitchTo(logType))
     {
-        m_nLogType = logType;
-        m_DetailPane.Clear();
-        RefreshLog(AnyReason);
         m_TypeCombo.Select(m_nLogType);
     }
-}
-
-void CKestrixDlg::RefreshLog(int)
-{
-    m_Operations.Refresh();
 }
 
 void CKestrixDlg::BuildAnew()

@@ -46,7 +46,8 @@ public:
 
     // Builds the page anew for m_nLogType, after a switch to another log or a purge, and loads the newest date; while
     // an operation of the log runs, after that. The reason is not looked at.
-    void RefreshLog(int reason);
+    void RefreshLog(int) { m_Operations.Refresh(); }
+
     static constexpr int AnyReason = 100;
 
     // Switches to the log of this type, as a user who chooses it, unless it is shown already.
@@ -98,24 +99,27 @@ private:
 
     void OnColumnClickLogList(NMLISTVIEW& click) { m_RecordList.SortByClick(click.iSubItem); }
 
+    void OnStnClickedMoreInfo() { m_ShownLog.ShowWholeText(); }
+
     void OnStnClickedTypesValue();
-    void OnStnClickedMoreInfo();
     void OnBnClickedBtnAddRule();
     void OnBnClickedBtnView();
     void OnBnClickedBtnSetting();
 
     void SetFonts();
     bool TakeProvider();
-    bool MakeLog();
     void BuildAnew();
-    void FillDate();
     bool ShowFirstDate();
-    bool MayTakeLong() const;
-    void PaintForm();
+    bool SwitchTo(std::uint32_t logType);
 
     bool GetLogFileName(COleDateTime& date) const { return m_DateList.GetSelectedDate(date); }
 
-    bool ChkInternetConnect() { return HasInternetConnection(); }
+    bool MakeLog() { return m_ShownLog.Make(m_nLogType, {m_bIsLocal, m_pIDBManagerProvider, m_strLocalIp}); }
+
+    void FillDate()
+    {
+        m_DateList.Fill({*Log(), m_bIsLocal, m_pIDBManagerProvider, m_strLogPath, m_bLogOnly, m_nReportSpan});
+    }
 
     void FillLogTypeCombo();
     void ShowLogMessage(const std::wstring& text) const;

@@ -39,9 +39,15 @@ public:
     // the provider.
     std::uint32_t FileBytes() const { return m_nLogFileBytes; }
 
+    // Whether to read them may take so long that the user would miss the window. One whose file is short is painted
+    // once, with its records.
+    bool HasLongFiles() const { return m_nLogFileBytes > ShortFileBytes; }
+
     const std::map<std::wstring, std::uint32_t>& FileSizes() const { return m_mapLogFiles; }
 
 private:
+    static constexpr std::uint32_t ShortFileBytes = 4 * 1024 * 1024; // some 20,000 records
+
     bool FillFromProvider(const DaySource& source);
     void FillFromFiles(const DaySource& source);
     void AddDay(const SYSTEMTIME& day, bool isListed);

@@ -36,6 +36,12 @@ bool CShownLog::Make(std::uint32_t type, const LogSource& source)
     return true;
 }
 
+void CShownLog::Clear()
+{
+    CWindow(::GetAncestor(m_RecordList, GA_ROOT)).RedrawWindow(RDW_UPDATENOW | RDW_ALLCHILDREN);
+    m_pLogData->ClearLog();
+}
+
 bool CShownLog::Load(bool isLocal, const COleDateTime& date, const std::wstring& path)
 {
     if (isLocal)
@@ -64,4 +70,12 @@ void CShownLog::ShowSelectedRecord()
     }
     m_DetailPane.ShowShortText();
     VD_TRACE(Flow, L"[Leave]CKestrixDlg::OnClickLogList()...");
+}
+
+void CShownLog::ShowWholeText()
+{
+    if (m_pLogData != nullptr)
+    {
+        m_DetailPane.ShowWholeText(m_pLogData->GetInfoText());
+    }
 }

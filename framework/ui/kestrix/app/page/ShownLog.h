@@ -33,12 +33,18 @@ public:
     // Null for a type that has no class.
     CZPTLogBase* Log() const { return m_pLogData.get(); }
 
+    // Frees the records. The form is painted before, since nothing is painted while the next ones are read and sorted.
+    void Clear();
+
     // Loads a day of the provider when the log is local, else what can be read of the file. False when the day could
     // not be read.
     bool Load(bool isLocal, const COleDateTime& date, const std::wstring& path);
 
     // Shows the selected record in the detail pane; none there changes nothing.
     void ShowSelectedRecord();
+
+    // Shows the whole of the text that the detail pane shows cut; nothing without a log.
+    void ShowWholeText();
 
 private:
     CRecordList& m_RecordList;

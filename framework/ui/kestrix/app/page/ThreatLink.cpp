@@ -73,7 +73,7 @@ bool QueryConnection(IVdFrwkProperty& property, Frwk::DataTypes::ComPrpChkIntern
 
 } // namespace
 
-bool HasInternetConnection()
+bool ChkInternetConnect()
 {
     VD_TRACE(Flow, L"[Enter] CKestrixDlg::ChkInternetConnect");
     CComPtr<IVdFrwkLocalController> controller;
@@ -101,4 +101,18 @@ void OpenThreatPage(const std::wstring& name)
     {
         VdCommon::OpenWebPage(address);
     }
+}
+
+void FollowThreatLink(const std::wstring& name)
+{
+    if (name.empty())
+    {
+        return;
+    }
+    if (!ChkInternetConnect())
+    {
+        VD_TRACE(Error, L"[CKestrixDlg::OnStnClickedTypesValue] Internet connection is unavailable now..");
+        return;
+    }
+    OpenThreatPage(name);
 }
