@@ -46,6 +46,15 @@ if(NOT KESTRIX_LLD)
   message(FATAL_ERROR "The linker of the test programs is missing. Install it: apt-get install lld")
 endif()
 
+# lld leaves out what tells how to unwind a function of the C++ library, as its objects come without the names of those
+# sections, and an exception that passes such a function ends the program. As plain sections they stay.
+set(lld_libraries ${PROJECT_BINARY_DIR}/lld)
+file(MAKE_DIRECTORY ${lld_libraries})
+execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libstdc++.a
+  OUTPUT_VARIABLE library OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${CMAKE_OBJCOPY} --wildcard --set-section-flags .pdata$*=alloc,load,readonly,data
+  ${library} ${lld_libraries}/libstdc++.a COMMAND_ERROR_IS_FATAL ANY)
+
 # All programs of the unit tests, with what they need to run.
 add_custom_target(unit_tests)
 
@@ -61,7 +70,7 @@ function(kestrix_test name)
   add_executable(${name} ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/resource/Manifest.rc)
   kestrix_compile_as_test(${name})
   kestrix_compile_in_groups(${name})
-  target_link_options(${name} PRIVATE -municode -wrapper ${PROJECT_SOURCE_DIR}/cmake/lld)
+  target_link_options(${name} PRIVATE -municode -wrapper ${PROJECT_SOURCE_DIR}/cmake/lld -L${lld_libraries})
   set_target_properties(${name} PROPERTIES
     LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/lld
     CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/tests/support/run-test)
