@@ -55,6 +55,12 @@ execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libstdc++.a
 execute_process(COMMAND ${CMAKE_OBJCOPY} --wildcard --set-section-flags .pdata$*=alloc,load,readonly,data
   ${library} ${lld_libraries}/libstdc++.a COMMAND_ERROR_IS_FATAL ANY)
 
+# kestrix_needs_desktop(TEST...): tests that get a desktop for themselves, since it has one foreground window, one pointer
+# and one window that a second viewer looks for. ./test opens some; without it such tests are to run one by one.
+function(kestrix_needs_desktop)
+  set_tests_properties(${ARGN} PROPERTIES RESOURCE_GROUPS desktops:1)
+endfunction()
+
 # All programs of the unit tests, with what they need to run.
 add_custom_target(unit_tests)
 
@@ -78,8 +84,7 @@ function(kestrix_test name)
   add_test(NAME ${name} COMMAND ${name} ${arg_ARGUMENTS} WORKING_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
   set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_SECONDS})
   if(name MATCHES "^ui_")
-    # There is one foreground window, one pointer, and one window that a second viewer looks for.
-    set_tests_properties(${name} PROPERTIES RESOURCE_LOCK desktop)
+    kestrix_needs_desktop(${name})
   elseif(name MATCHES "^unit_")
     add_dependencies(unit_tests ${name})
   endif()

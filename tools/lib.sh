@@ -161,10 +161,15 @@ await_wineserver_end() {
 # hold its standard error open. Were that a test, ctest would wait for them in vain. So the first is a program that asks
 # for the desktop, then waits for an input that does not come.
 keep_wine_running() {
-  local answer
+  local pipe input output answer
   claim_prefix
-  coproc keeper { exec tools/wine cmd /c 'rundll32 user32.dll,GetDesktopWindow & echo ready & set /p end=' 2>/dev/null; }
-  read -r -t 60 -u "${keeper[0]}" answer || true
+  pipe=$(mktemp -u build/keeper.XXXXXX)
+  mkfifo "$pipe"
+  exec {input}<>"$pipe"
+  rm "$pipe"
+  exec {output}< <(exec tools/wine cmd /c 'rundll32 user32.dll,GetDesktopWindow & echo ready & set /p end=' \
+    <&"$input" 2>/dev/null)
+  read -r -t 60 -u "$output" answer || true
   [[ ${answer:-} == ready* ]] ||
     fail "No program starts in ${WINEPREFIX#"$root"/}." "Remove it and try again."
 }
@@ -173,7 +178,7 @@ keep_wine_running() {
 claim_prefix() {
   await_wineserver_end 15 ||
     fail "Programs are running in ${WINEPREFIX#"$root"/}." "Close the viewer or wait for the other run of this checkout."
-  at_exit end_wineserver
+  at_exit "WINEPREFIX='$WINEPREFIX' end_wineserver"
 }
 
 end_wineserver() {
@@ -204,4 +209,36 @@ start_virtual_display() {
 # The display of the user where there is one, else a virtual one.
 start_display() {
   have_display || start_virtual_display
+}
+
+# open_desktops COUNT: a display and a running Wine prefix, build/wine-test, for all that follows, and so many more, each
+# with a copy of the prefix, to be lent. KESTRIX_DESKTOPS tells of the latter in a line each: display, prefix.
+open_desktops() {
+  local number prefix
+  wine_prefix build/wine-test tools/no-window-manager.reg
+  KESTRIX_DESKTOPS=
+  for ((number = 1; number <= $1; ++number)); do
+    prefix=build/wine-test-$number
+    [[ -d $prefix ]] || cp -a build/wine-test "$prefix"
+    open_desktop "$prefix"
+    KESTRIX_DESKTOPS+="$DISPLAY $WINEPREFIX"$'\n'
+  done
+  export KESTRIX_DESKTOPS
+  open_desktop build/wine-test
+}
+
+# open_desktop PREFIX
+open_desktop() {
+  start_virtual_display
+  wine_prefix "$1" tools/no-window-manager.reg
+  keep_wine_running
+}
+
+# desktop_resources COUNT: the desktops that are lent, as ctest's --resource-spec-file reads them.
+desktop_resources() {
+  local number ids=()
+  for ((number = 1; number <= $1; ++number)); do
+    ids+=("{\"id\": \"$number\"}")
+  done
+  printf '{"version": {"major": 1, "minor": 0}, "local": [{"desktops": [%s]}]}\n' "$(IFS=,; printf '%s' "${ids[*]}")"
 }
