@@ -1,30 +1,22 @@
 #pragma once
 
+#include "framework/ui/kestrix/logs/ExportWriter.h"
 #include "platform/dialog/UniqueHandle.h"
 
 #include <string>
-#include <string_view>
-#include <vector>
 
-// Writes a UTF-16 text file with byte order mark. Every line feed comes out as carriage return and line feed.
-// Text is gathered in a block, so that a full disk may show only at a later write or at Flush.
+// Writes a UTF-16 text file with byte order mark. A full disk may show only at a later write or at Flush.
 //
 // The file grows beside its target, as TARGET.kestrix-part, and takes the target's place at the end: the name holds the
 // file that stood there or the new one, whole, also when the program is killed or the power fails. A target that cannot
 // be replaced is written in place: one that others have open and do not share for deletion, that is hidden or a link,
 // or beside which no file can be made.
-class ExportStream
+class ExportStream : public ExportWriter
 {
 public:
     // Makes the file; false when that is not possible, and for what is no file: a device or a folder. A path of any
     // length will do. Nobody else can open the file beside the target.
     bool Open(const std::wstring& path);
-
-    // False when the text could not be written.
-    bool Write(std::wstring_view text);
-
-    // Writes the text in double quotes, with what stands after it: a tab or a line feed.
-    bool WriteLabel(std::wstring_view text, wchar_t end);
 
     // Writes what is still in memory, all of it to the disk; false when that failed.
     bool Flush();
@@ -38,19 +30,13 @@ public:
     bool Delete();
 
 private:
-    static constexpr std::size_t BlockSize = 64 * 1024; // characters
-
+    bool TakeBlock(std::wstring_view block) override;
     bool MakePart();
     bool MakeInPlace();
     bool ReplaceOpenTarget() const;
-    std::size_t CopyToLineFeed(std::wstring_view text);
-    bool Put(wchar_t character);
-    bool WriteBlock();
 
     UniqueFile m_hFile;
     std::wstring m_strTarget; // these three as the system takes them
     std::wstring m_strPart;   // empty when the target is written in place
     std::wstring m_strAside;  // of a target that others have open
-    std::vector<wchar_t> m_arrBlock;
-    std::size_t m_nUsed = 0; // characters of the block
 };

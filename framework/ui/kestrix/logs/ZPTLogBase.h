@@ -22,6 +22,7 @@ class COleDateTime;
 class CRichColorImageList;
 class CSortListCtrl;
 class ExportStream;
+class ExportWriter;
 class IDBManagerProvider;
 struct OrlLogEntry;
 template <class Entry>
@@ -46,13 +47,16 @@ public:
     CZPTLogBase& operator=(const CZPTLogBase&) = delete;
 
     // Writes the line of the layout's labels, if it has any; false when a write failed.
-    virtual bool WriteExportHeader(ExportStream& stream);
+    virtual bool WriteExportHeader(ExportWriter& writer);
 
     // Writes all records to a new file at path, oldest first. The log type gives the title and the fields that are
     // left out. On failure no file is left, and error becomes ExportDiskFull when the disk was the reason.
     virtual bool ExportLog(const std::wstring& path, std::uint32_t logType, const wchar_t* dateText,
                            const wchar_t* localAddress, std::uint32_t* error);
     static constexpr std::uint32_t ExportDiskFull = 10000;
+
+    // The line of a record as an export of this log has it, with its line end; below the line of the labels, if wanted.
+    std::wstring ExportLine(const LogRec& record, bool withLabels);
 
     // Reads a file through a text stream, up to the first bad line. False when the file could not be read.
     virtual bool ReadLogFile(const std::wstring& path, int kind);

@@ -2,6 +2,7 @@
 
 #include "common/VdCommon/VdComn_DebugLog.h"
 #include "framework/ui/kestrix/logs/ExportStream.h"
+#include "framework/ui/kestrix/logs/ExportText.h"
 #include "framework/ui/kestrix/logs/FindCharacter.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "platform/dialog/ResourceText.h"
@@ -55,11 +56,15 @@ private:
 class RecordWriter
 {
 public:
-    RecordWriter(const CZPTLogBase& log, ExportStream& stream) : m_log(log), m_stream(stream) {}
-
-    bool Write(const LogRec& record, const ExportFields& fields)
+    // The type says which fields are written.
+    RecordWriter(const CZPTLogBase& log, ExportWriter& writer, std::uint32_t logType)
+        : m_log(log), m_writer(writer), m_fields(FieldsOf(logType))
     {
-        return fields.only.empty() ? WriteAll(record, fields.leftOut) : WriteOnly(record, fields.only);
+    }
+
+    bool Write(const LogRec& record)
+    {
+        return m_fields.only.empty() ? WriteAll(record, m_fields.leftOut) : WriteOnly(record, m_fields.only);
     }
 
 private:
@@ -101,22 +106,29 @@ private:
             m_log.EscapeQuote(m_strField);
             field = m_strField;
         }
-        return m_stream.WriteLabel(field, isLast ? L'\n' : L'\t');
+        return m_writer.WriteLabel(field, isLast ? L'\n' : L'\t');
+    }
+
+    static ExportFields FieldsOf(std::uint32_t logType)
+    {
+        const LogKind* const kind = FindLogKind(logType);
+        return kind == nullptr ? ExportFields{} : kind->exportFields;
     }
 
     const CZPTLogBase& m_log;
-    ExportStream& m_stream;
+    ExportWriter& m_writer;
+    const ExportFields m_fields;
     std::wstring m_strField;
 };
 
 } // namespace
 
-bool CZPTLogBase::WriteExportHeader(ExportStream& stream)
+bool CZPTLogBase::WriteExportHeader(ExportWriter& writer)
 {
     const auto labels = m_pLayout == nullptr ? std::span<const ExportLabel>() : m_pLayout->exportLabels;
     return std::ranges::all_of(labels,
                                [&](const ExportLabel& label) {
-                                   return stream.WriteLabel(LabelText(label), &label == &labels.back() ? L'\n' : L'\t');
+                                   return writer.WriteLabel(LabelText(label), &label == &labels.back() ? L'\n' : L'\t');
                                });
 }
 
@@ -154,10 +166,19 @@ bool CZPTLogBase::ExportLog(const std::wstring& path, std::uint32_t logType, con
 
 bool CZPTLogBase::ExportRecords(ExportStream& stream, std::uint32_t logType) const
 {
-    const LogKind* const kind = FindLogKind(logType);
-    const ExportFields fields = kind == nullptr ? ExportFields{} : kind->exportFields;
-    RecordWriter writer(*this, stream);
-    return std::ranges::all_of(m_arrRecord, [&](const LogRec* record) { return writer.Write(*record, fields); });
+    RecordWriter writer(*this, stream, logType);
+    return std::ranges::all_of(m_arrRecord, [&](const LogRec* record) { return writer.Write(*record); });
+}
+
+std::wstring CZPTLogBase::ExportLine(const LogRec& record, bool withLabels)
+{
+    ExportText text;
+    if (withLabels)
+    {
+        WriteExportHeader(text);
+    }
+    RecordWriter(*this, text, m_nLogType).Write(record);
+    return text.Text();
 }
 
 void CZPTLogBase::EscapeQuote(std::wstring& text) const

@@ -18,7 +18,7 @@ class LabelledLog : public PlainLog
 public:
     using PlainLog::PlainLog;
 
-    bool WriteExportHeader(ExportStream& stream) override
+    bool WriteExportHeader(ExportWriter& stream) override
     {
         m_atLabels();
         return m_bHeaderWorks && stream.WriteLabel(L"first", L'\t') && stream.WriteLabel(L"last", L'\n');
