@@ -128,6 +128,20 @@ struct Enable
     }
 };
 
+// The point is one of the screen; -1, -1 when the menu is asked for by a key.
+struct ContextMenu
+{
+    using Signature = void(HWND window, POINT point);
+
+    static LRESULT Call(auto handler, const WindowMessage& m)
+    {
+        const auto x = static_cast<short>(LOWORD(m.lParam));
+        const auto y = static_cast<short>(HIWORD(m.lParam));
+        handler(reinterpret_cast<HWND>(m.wParam), POINT{x, y});
+        return 0;
+    }
+};
+
 struct Timer
 {
     using Signature = void(UINT_PTR timer);

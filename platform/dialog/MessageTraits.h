@@ -43,6 +43,7 @@ template <> struct MessageTraits<WM_SIZE> : MessageShapes::Size {};
 template <> struct MessageTraits<WM_ERASEBKGND> : MessageShapes::EraseBackground {};
 template <> struct MessageTraits<WM_SETCURSOR> : MessageShapes::SetCursor {};
 template <> struct MessageTraits<WM_ENABLE> : MessageShapes::Enable {};
+template <> struct MessageTraits<WM_CONTEXTMENU> : MessageShapes::ContextMenu {};
 template <> struct MessageTraits<WM_TIMER> : MessageShapes::Timer {};
 template <> struct MessageTraits<WM_QUERYDRAGICON> : MessageShapes::QueryDragIcon {};
 template <> struct MessageTraits<WM_DRAWITEM> : MessageShapes::DrawItem {};

@@ -34,6 +34,8 @@ enum class HandleKind : std::size_t
     Icon,
     Cursor,
     ImageList,
+    Menu,
+    Memory,
     Window,
     Module,
     RegistryKey,
@@ -131,6 +133,8 @@ struct MemoryDC    : NullIsNone<HDC, HandleKind::MemoryDC>          { static voi
 struct Icon        : NullIsNone<HICON, HandleKind::Icon>            { static void Close(HICON h) noexcept { DestroyIcon(h); } };
 struct Cursor      : NullIsNone<HCURSOR, HandleKind::Cursor>        { static void Close(HCURSOR h) noexcept { DestroyCursor(h); } };
 struct ImageList   : NullIsNone<HIMAGELIST, HandleKind::ImageList>  { static void Close(HIMAGELIST h) noexcept { ImageList_Destroy(h); } };
+struct Menu        : NullIsNone<HMENU, HandleKind::Menu>            { static void Close(HMENU h) noexcept { DestroyMenu(h); } };
+struct Memory      : NullIsNone<HGLOBAL, HandleKind::Memory>        { static void Close(HGLOBAL h) noexcept { GlobalFree(h); } };
 struct Window      : NullIsNone<HWND, HandleKind::Window>           { static void Close(HWND h) noexcept { DestroyWindow(h); } };
 struct Module      : NullIsNone<HMODULE, HandleKind::Module>        { static void Close(HMODULE h) noexcept { FreeLibrary(h); } };
 struct RegistryKey : NullIsNone<HKEY, HandleKind::RegistryKey>      { static void Close(HKEY h) noexcept { RegCloseKey(h); } };
@@ -152,6 +156,8 @@ using UniqueMemoryDC = UniqueHandle<HandleKinds::MemoryDC>;
 using UniqueIcon = UniqueHandle<HandleKinds::Icon>;
 using UniqueCursor = UniqueHandle<HandleKinds::Cursor>;
 using UniqueImageList = UniqueHandle<HandleKinds::ImageList>;
+using UniqueMenu = UniqueHandle<HandleKinds::Menu>;
+using UniqueMemory = UniqueHandle<HandleKinds::Memory>; // of GlobalAlloc
 using UniqueWindow = UniqueHandle<HandleKinds::Window>;
 using UniqueModule = UniqueHandle<HandleKinds::Module>;
 using UniqueRegistryKey = UniqueHandle<HandleKinds::RegistryKey>;

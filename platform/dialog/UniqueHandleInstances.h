@@ -16,6 +16,8 @@ template class UniqueHandle<HandleKinds::MemoryDC>;
 template class UniqueHandle<HandleKinds::Icon>;
 template class UniqueHandle<HandleKinds::Cursor>;
 template class UniqueHandle<HandleKinds::ImageList>;
+template class UniqueHandle<HandleKinds::Menu>;
+template class UniqueHandle<HandleKinds::Memory>;
 template class UniqueHandle<HandleKinds::Window>;
 template class UniqueHandle<HandleKinds::Module>;
 template class UniqueHandle<HandleKinds::RegistryKey>;
