@@ -129,6 +129,13 @@
 #define IDS_NO_LOG_FILE 188
 #define IDS_ONLY_THIS_FILE 766
 #define IDS_THREAT_ADDRESS 54
+#define IDS_MENU_COPY 1330
+#define IDS_MENU_COPY_WITH_HEADINGS 1331
+#define IDS_MENU_COPY_DETAILS 1332
+#define IDS_MENU_ALLOW 1333
+#define IDS_KEYS_COPY 1334
+#define IDS_KEYS_COPY_WITH_HEADINGS 1335
+#define IDS_CLIPBOARD_IN_USE 1336
 
 // Texts: entries of the log choice that are not the title of the log
 #define IDS_CHOICE_VIRUS 157

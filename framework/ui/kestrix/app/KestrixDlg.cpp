@@ -4,6 +4,7 @@
 #include "framework/ui/kestrix/app/ProductName.h"
 #include "framework/ui/kestrix/app/PushButtonSkin.h"
 #include "framework/ui/kestrix/app/page/PageHost.h"
+#include "framework/ui/kestrix/app/page/PageKeys.h"
 #include "framework/ui/kestrix/app/page/PurgeFlow.h"
 #include "framework/ui/kestrix/controls/SkinColours.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
@@ -21,6 +22,9 @@ const MessageMap& CKestrixDlg::Map()
         MessageRows(On::Control<LBN_SELCHANGE, IDC_DATE_LIST, &CKestrixDlg::OnSelchangeLogDate>,
                     On::Notify<LVN_GETDISPINFOW, IDC_RECORD_LIST, &CKestrixDlg::OnGetDispInfoLogList>,
                     On::Notify<NM_CLICK, IDC_RECORD_LIST, &CKestrixDlg::OnClickLogList>,
+                    On::Notify<LVN_ITEMCHANGED, IDC_RECORD_LIST, &CKestrixDlg::OnItemChangedLogList>,
+                    On::Message<CSelectionFollower::Message, &CKestrixDlg::OnFollowSelection>,
+                    On::Message<WM_CONTEXTMENU, &CKestrixDlg::OnContextMenu>,
                     On::Notify<LVN_COLUMNCLICK, IDC_RECORD_LIST, &CKestrixDlg::OnColumnClickLogList>,
                     On::Control<STN_CLICKED, IDC_INFO_VALUE_2, &CKestrixDlg::OnStnClickedMoreInfo>,
                     On::Control<STN_CLICKED, IDC_INFO_VALUE_0_LINK, &CKestrixDlg::OnStnClickedTypesValue>,
@@ -168,12 +172,8 @@ void CKestrixDlg::OnGetDispInfoLogList(NMLVDISPINFOW& info)
 
 BOOL CKestrixDlg::PreTranslateMessage(MSG& message)
 {
-    if (message.message == WM_KEYUP && message.hwnd == m_RecordList.GetSafeHwnd() &&
-        (message.wParam == VK_UP || message.wParam == VK_DOWN))
-    {
-        m_ShownLog.ShowSelectedRecord();
-    }
-    return CBitmapDialog::PreTranslateMessage(message);
+    m_Follower.NoteInput(message);
+    return RunPageKey(message, m_Commands) || CBitmapDialog::PreTranslateMessage(message);
 }
 
 void CKestrixDlg::OnStnClickedTypesValue()

@@ -5,8 +5,11 @@
 #include "framework/ui/kestrix/app/page/KeyboardFocus.h"
 #include "framework/ui/kestrix/app/page/LogChoice.h"
 #include "framework/ui/kestrix/app/page/LogOperations.h"
+#include "framework/ui/kestrix/app/page/PageCommands.h"
 #include "framework/ui/kestrix/app/page/PageHeadings.h"
+#include "framework/ui/kestrix/app/page/PageMenus.h"
 #include "framework/ui/kestrix/app/page/RecordList.h"
+#include "framework/ui/kestrix/app/page/SelectionFollower.h"
 #include "framework/ui/kestrix/app/page/ShownLog.h"
 #include "framework/ui/kestrix/app/page/ThreatLink.h"
 #include "framework/ui/kestrix/controls/BitmapDialog.h"
@@ -95,7 +98,13 @@ protected:
 private:
     void OnGetDispInfoLogList(NMLVDISPINFOW& info);
 
-    void OnClickLogList(NMITEMACTIVATE&) { m_ShownLog.ShowSelectedRecord(); }
+    void OnClickLogList(NMITEMACTIVATE&) { m_Follower.ShowNow(); }
+
+    void OnItemChangedLogList(NMLISTVIEW& change) { m_Follower.NoteChange(change); }
+
+    LRESULT OnFollowSelection(WPARAM, LPARAM) { return m_Follower.Follow(); }
+
+    void OnContextMenu(HWND window, POINT point) { ShowPageMenu(window, point, m_Commands); }
 
     void OnColumnClickLogList(NMLISTVIEW& click) { m_RecordList.SortByClick(click.iSubItem); }
 
@@ -138,6 +147,8 @@ private:
     CDateList m_DateList;
     CRecordList m_RecordList;
     CDetailPane m_DetailPane{m_ToolTip};
+    CSelectionFollower m_Follower{m_RecordList, m_ShownLog};
+    CPageCommands m_Commands{m_ShownLog, m_RecordList, m_DetailPane, [this] { OnBnClickedBtnAddRule(); }};
     CLogChoice m_TypeCombo;
     CExtendButton m_ViewButton;
     CExtendButton m_SettingButton;

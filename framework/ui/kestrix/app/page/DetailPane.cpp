@@ -176,6 +176,67 @@ void CDetailPane::DisableAllow()
     Item(IDC_ALLOW).EnableWindow(false);
 }
 
+bool CDetailPane::HasAllowRule() const
+{
+    return m_pKind != nullptr && m_pKind->hasAllowRule;
+}
+
+bool CDetailPane::CanAllow() const
+{
+    return HasAllowRule() && Shows(IDC_ALLOW) && Item(IDC_ALLOW).IsWindowEnabled();
+}
+
+bool CDetailPane::IsValue(HWND window) const
+{
+    const auto id = static_cast<UINT>(::GetDlgCtrlID(window));
+    return window != nullptr && ::GetParent(window) == m_page &&
+           (id == IDC_INFO_VALUE_0_TEXT || id == IDC_INFO_VALUE_2_WHOLE || std::ranges::count(InfoValues, id) != 0);
+}
+
+// The first value has two controls in its place.
+UINT CDetailPane::ShownValue(std::size_t row) const
+{
+    return row == 0 && Shows(IDC_INFO_VALUE_0_TEXT) ? IDC_INFO_VALUE_0_TEXT : InfoValues[row];
+}
+
+// The tip of a value that is shown cut has all of it.
+std::wstring CDetailPane::WholeText(UINT control) const
+{
+    const std::wstring tip = m_ToolTip.GetText(Item(control));
+    return tip.empty() ? Item(control).GetWindowText() : tip;
+}
+
+bool CDetailPane::HasValues() const
+{
+    for (std::size_t row = 0; row < InfoRows; ++row)
+    {
+        if (!WholeText(ShownValue(row)).empty())
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::wstring CDetailPane::AllText() const
+{
+    std::wstring text;
+    for (std::size_t row = 0; row < InfoRows && HasValues(); ++row)
+    {
+        if (Shows(InfoLabels[row]))
+        {
+            text += Item(InfoLabels[row]).GetWindowText() + L' ' + WholeText(ShownValue(row)) + L"\r\n";
+        }
+    }
+    return text;
+}
+
+std::wstring CDetailPane::TextToCopy() const
+{
+    const HWND focus = ::GetFocus();
+    return IsValue(focus) ? WholeText(static_cast<UINT>(::GetDlgCtrlID(focus))) : std::wstring();
+}
+
 void CDetailPane::SetInfoRow(std::size_t row, const std::wstring& caption, bool visible)
 {
     Item(InfoLabels[row]).SetWindowText(caption);

@@ -43,6 +43,19 @@ public:
     // After a rule is made.
     void DisableAllow();
 
+    // Whether the kind of log has such rules, and whether one can be made now.
+    bool HasAllowRule() const;
+    bool CanAllow() const;
+
+    // Whether the window is one of the values.
+    bool IsValue(HWND window) const;
+
+    // What can be copied: the captions and whole values that are shown, each pair in a line, and of the value that has
+    // the keyboard all of it or the part that is selected. Both are empty when there is nothing.
+    bool HasValues() const;
+    std::wstring AllText() const;
+    std::wstring TextToCopy() const;
+
     // The captions, and what else stands in bold letters.
     static std::span<const UINT> BoldControls();
 
@@ -58,8 +71,13 @@ public:
 private:
     CWindow Item(UINT control) const { return CWindow(m_page.GetDlgItem(static_cast<int>(control))); }
 
+    UINT ShownValue(std::size_t row) const;
+    std::wstring WholeText(UINT control) const;
     void Set(UINT control, const std::wstring& text, const std::wstring& toolTip);
     void Show(UINT control, bool show);
+
+    bool Shows(UINT control) const { return (Item(control).GetStyle() & WS_VISIBLE) != 0; }
+
     void ShowFirst(FirstInfo how);
     void SizeFirstText(int rows);
     void ShowThirdValue();

@@ -16,6 +16,7 @@ CShownLog::~CShownLog() = default;
 bool CShownLog::Make(std::uint32_t type, const LogSource& source)
 {
     m_RecordList.RemoveLog();
+    m_pShown = nullptr;
     m_pLogData.reset();
     m_pLogData = ::CreateLog(type);
     if (m_pLogData == nullptr)
@@ -39,6 +40,7 @@ bool CShownLog::Make(std::uint32_t type, const LogSource& source)
 void CShownLog::Clear()
 {
     CWindow(::GetAncestor(m_RecordList, GA_ROOT)).RedrawWindow(RDW_UPDATENOW | RDW_ALLCHILDREN);
+    m_pShown = nullptr;
     m_pLogData->ClearLog();
 }
 
@@ -60,16 +62,37 @@ void CShownLog::ShowSelectedRecord()
     {
         return;
     }
+    Show(*record);
+    VD_TRACE(Flow, L"[Leave]CKestrixDlg::OnClickLogList()...");
+}
+
+void CShownLog::FollowSelection()
+{
+    LogRec* const record = m_RecordList.SelectedRecord();
+    if (record != nullptr && record != m_pShown)
+    {
+        Show(*record);
+    }
+}
+
+void CShownLog::Show(LogRec& record)
+{
+    m_pShown = &record;
     try
     {
-        m_pLogData->SetLogInfo(record);
+        m_pLogData->SetLogInfo(&record);
     }
     catch (const std::out_of_range&)
     {
         m_DetailPane.ClearValues(); // a record that is too short for the pane is not to stand half in it
     }
     m_DetailPane.ShowShortText();
-    VD_TRACE(Flow, L"[Leave]CKestrixDlg::OnClickLogList()...");
+}
+
+std::wstring CShownLog::SelectedRecordAsExported(bool withLabels)
+{
+    const LogRec* const record = m_RecordList.SelectedRecord();
+    return record == nullptr ? std::wstring() : m_pLogData->ExportLine(*record, withLabels);
 }
 
 void CShownLog::ShowWholeText()

@@ -9,6 +9,7 @@ class COleDateTime;
 class CRecordList;
 class CZPTLogBase;
 class IDBManagerProvider;
+struct LogRec;
 
 // Where a log has its records and what else it is told of the machine.
 struct LogSource
@@ -43,11 +44,20 @@ public:
     // Shows the selected record in the detail pane; none there changes nothing.
     void ShowSelectedRecord();
 
+    // The same, unless the pane shows it already. Traces nothing.
+    void FollowSelection();
+
+    // The line of the selected record in an export, below that of the labels if wanted; empty when none is selected.
+    std::wstring SelectedRecordAsExported(bool withLabels);
+
     // Shows the whole of the text that the detail pane shows cut; nothing without a log.
     void ShowWholeText();
 
 private:
+    void Show(LogRec& record);
+
     CRecordList& m_RecordList;
     CDetailPane& m_DetailPane;
     std::unique_ptr<CZPTLogBase> m_pLogData;
+    const LogRec* m_pShown = nullptr; // what the pane shows; a record of the log
 };
