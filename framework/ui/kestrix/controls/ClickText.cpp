@@ -23,7 +23,7 @@ void CClickText::SetClickable(bool clickable)
 
 void CClickText::UpdateTabStop()
 {
-    const bool stop = m_bClickable && !GetWindowText().empty();
+    const bool stop = WantsKeyboard() && !GetWindowText().empty();
     ModifyStyle(stop ? 0 : WS_TABSTOP, stop ? WS_TABSTOP : 0);
 }
 
@@ -75,7 +75,7 @@ void CClickText::OnFocusChange(HWND)
 
 void CClickText::OnKeyUp(UINT key, UINT, UINT)
 {
-    if (key == VK_SPACE && IsTabStop())
+    if (key == VK_SPACE && m_bClickable && IsTabStop())
     {
         PostLabelClick(*this);
     }

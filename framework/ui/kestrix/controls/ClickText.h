@@ -16,9 +16,15 @@ protected:
 
     const MessageMap& GetMessageMap() const override { return Map(); }
 
+    bool IsClickable() const { return m_bClickable; }
+
+    // Whether there is any use for the keyboard in a label that has a text.
+    virtual bool WantsKeyboard() const { return m_bClickable; }
+
+    LRESULT OnSetText(const wchar_t* text);
+
 private:
     void OnPaint();
-    LRESULT OnSetText(const wchar_t* text);
     void OnEnable(bool enabled);
     void OnFocusChange(HWND other);
     void OnKeyUp(UINT key, UINT repeat, UINT flags);

@@ -2,5 +2,7 @@
 
 #include "platform/dialog/Window.h"
 
-// Tells the parent of a label (SS_NOTIFY) that it was clicked, as a press of the mouse does.
+// Tells the parent of a label that it was clicked, as the system does for a press of the mouse (SS_NOTIFY): at once, or
+// after what is being done.
+void SendLabelClick(const CWindow& label);
 void PostLabelClick(const CWindow& label);

@@ -9,13 +9,13 @@
 namespace
 {
 
-// The rows. A text shares the place of the first value, the link; the kind of the log decides.
+// The rows. A link shares the place of the first value, a text; the kind of the log decides.
 constexpr UINT InfoLabels[CLogInfoPage::InfoRows] = {
     IDC_INFO_LABEL_0, IDC_INFO_LABEL_1, IDC_INFO_LABEL_2, IDC_INFO_LABEL_3,
     IDC_INFO_LABEL_4, IDC_INFO_LABEL_5, IDC_INFO_LABEL_6,
 };
 constexpr UINT InfoValues[CLogInfoPage::InfoRows] = {
-    IDC_INFO_VALUE_0_LINK, IDC_INFO_VALUE_1, IDC_INFO_VALUE_2, IDC_INFO_VALUE_3,
+    IDC_INFO_VALUE_0_TEXT, IDC_INFO_VALUE_1, IDC_INFO_VALUE_2, IDC_INFO_VALUE_3,
     IDC_INFO_VALUE_4,      IDC_INFO_VALUE_5, IDC_INFO_VALUE_6,
 };
 
@@ -24,6 +24,7 @@ constexpr UINT InBold[] = {
     IDC_INFO_LABEL_5, IDC_INFO_LABEL_6, IDC_SPARE_EDIT,   IDC_ALLOW_LABEL,
 };
 
+constexpr std::size_t WholeRow = 2; // whose value may open
 constexpr int TallRows = 3;
 
 constexpr UINT OneLine = DT_SINGLELINE | DT_NOPREFIX | DT_EXTERNALLEADING;
@@ -35,9 +36,14 @@ LONG Lowered(LONG bottom, int pixels)
     return static_cast<LONG>(std::min<long long>(std::numeric_limits<LONG>::max(), 0LL + bottom + pixels));
 }
 
-// Draws a text with the font of a control onto its surface, in a rectangle in its coordinates.
+// Draws a text with the font of a control onto its surface, in a rectangle in its coordinates; not over what the user
+// selects in.
 void DrawOnto(const CWindow& control, const std::wstring& text, RECT rectangle, UINT format)
 {
+    if (::GetFocus() == control)
+    {
+        return;
+    }
     const CClientDC dc(control);
     const CSelectObject font(dc, reinterpret_cast<HFONT>(control.SendMessage(WM_GETFONT)));
     ::DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &rectangle, format);
@@ -54,7 +60,12 @@ void CDetailPane::DoDataExchange(CDataExchange& exchange)
 {
     m_page = CWindow(exchange.m_hDlg);
     DDX_Control(exchange, IDC_INFO_VALUE_0_LINK, m_InfoLink);
-    DDX_Control(exchange, IDC_INFO_VALUE_2, m_MoreInfo);
+    for (std::size_t row = 0; row < InfoRows; ++row)
+    {
+        DDX_Control(exchange, static_cast<int>(InfoValues[row]), m_arrValue[row]);
+    }
+    m_arrValue[0].SetLabelFormat(DT_WORDBREAK | DT_EXPANDTABS | DT_NOPREFIX);
+    m_arrValue[WholeRow].SetLabelFormat(CValueText::OneLine | DT_PATH_ELLIPSIS);
 }
 
 void CDetailPane::Start()
@@ -73,7 +84,7 @@ void CDetailPane::SetKind(const LogKind& kind)
     m_pKind = &kind;
     ShowFirst(kind.firstInfo);
     m_InfoLink.SetClickable(kind.firstInfo == FirstInfo::Link);
-    m_MoreInfo.SetClickable(kind.hasWholeInfo);
+    m_arrValue[WholeRow].SetClickable(kind.hasWholeInfo);
 }
 
 void CDetailPane::ShowFirst(FirstInfo how)
@@ -122,10 +133,10 @@ void CDetailPane::Clear()
 
 void CDetailPane::ClearValues()
 {
-    Set(IDC_INFO_VALUE_0_TEXT, {}, {});
-    for (const UINT value : InfoValues)
+    SetLink({}, {});
+    for (std::size_t row = 0; row < InfoRows; ++row)
     {
-        Set(value, {}, {});
+        SetValue(row, {}, {});
     }
     ShowAllowRule(false);
 }
@@ -161,7 +172,7 @@ void CDetailPane::ShowWholeText(const std::wstring& text)
     {
         return;
     }
-    const bool byKeyboard = ::GetFocus() == m_MoreInfo.GetSafeHwnd();
+    const bool byKeyboard = ::GetFocus() == m_arrValue[WholeRow].GetSafeHwnd();
     Show(IDC_INFO_VALUE_2, false);
     Item(IDC_INFO_VALUE_2_WHOLE).SetWindowText(text);
     Show(IDC_INFO_VALUE_2_WHOLE, true);
@@ -188,34 +199,25 @@ bool CDetailPane::CanAllow() const
 
 bool CDetailPane::IsValue(HWND window) const
 {
-    const auto id = static_cast<UINT>(::GetDlgCtrlID(window));
-    return window != nullptr && ::GetParent(window) == m_page &&
-           (id == IDC_INFO_VALUE_0_TEXT || id == IDC_INFO_VALUE_2_WHOLE || std::ranges::count(InfoValues, id) != 0);
+    return window != nullptr &&
+           (window == m_InfoLink || window == Item(IDC_INFO_VALUE_2_WHOLE) ||
+            std::ranges::any_of(m_arrValue, [&](const CValueText& value) { return window == value; }));
 }
 
-// The first value has two controls in its place.
-UINT CDetailPane::ShownValue(std::size_t row) const
+// The first value may be a link.
+std::wstring CDetailPane::ShownValue(std::size_t row) const
 {
-    return row == 0 && Shows(IDC_INFO_VALUE_0_TEXT) ? IDC_INFO_VALUE_0_TEXT : InfoValues[row];
-}
-
-// The tip of a value that is shown cut has all of it.
-std::wstring CDetailPane::WholeText(UINT control) const
-{
-    const std::wstring tip = m_ToolTip.GetText(Item(control));
-    return tip.empty() ? Item(control).GetWindowText() : tip;
+    return row == 0 && Shows(IDC_INFO_VALUE_0_LINK) ? LinkText() : m_arrValue[row].WholeText();
 }
 
 bool CDetailPane::HasValues() const
 {
-    for (std::size_t row = 0; row < InfoRows; ++row)
+    std::size_t row = 0;
+    while (row < InfoRows && ShownValue(row).empty())
     {
-        if (!WholeText(ShownValue(row)).empty())
-        {
-            return true;
-        }
+        ++row;
     }
-    return false;
+    return row != InfoRows;
 }
 
 std::wstring CDetailPane::AllText() const
@@ -225,7 +227,7 @@ std::wstring CDetailPane::AllText() const
     {
         if (Shows(InfoLabels[row]))
         {
-            text += Item(InfoLabels[row]).GetWindowText() + L' ' + WholeText(ShownValue(row)) + L"\r\n";
+            text += Item(InfoLabels[row]).GetWindowText() + L' ' + ShownValue(row) + L"\r\n";
         }
     }
     return text;
@@ -234,32 +236,41 @@ std::wstring CDetailPane::AllText() const
 std::wstring CDetailPane::TextToCopy() const
 {
     const HWND focus = ::GetFocus();
-    return IsValue(focus) ? WholeText(static_cast<UINT>(::GetDlgCtrlID(focus))) : std::wstring();
+    if (focus == m_InfoLink)
+    {
+        return LinkText();
+    }
+    if (focus == Item(IDC_INFO_VALUE_2_WHOLE))
+    {
+        const std::wstring selected = SelectionIn(CWindow(focus));
+        return selected.empty() ? CWindow(focus).GetWindowText() : selected;
+    }
+    const auto value = std::ranges::find(m_arrValue, focus, &CWindow::GetSafeHwnd);
+    return value != m_arrValue.end() ? value->TextToCopy() : std::wstring();
 }
 
 void CDetailPane::SetInfoRow(std::size_t row, const std::wstring& caption, bool visible)
 {
+    const UINT value = row == 0 ? IDC_INFO_VALUE_0_LINK : InfoValues[row];
     Item(InfoLabels[row]).SetWindowText(caption);
-    Item(InfoValues[row]).SetWindowText({});
+    Item(value).SetWindowText({});
     Show(InfoLabels[row], visible);
-    Show(InfoValues[row], visible);
+    Show(value, visible);
 }
 
 void CDetailPane::SetInfoText(std::size_t row, const std::wstring& text, const std::wstring& toolTip)
 {
-    if (row != 0)
+    SetValue(row, text, toolTip);
+    if (row == 0)
     {
-        Set(InfoValues[row], text, toolTip);
-        return;
+        Show(IDC_INFO_VALUE_0_TEXT, true);
+        Show(IDC_INFO_VALUE_0_LINK, false);
     }
-    Set(IDC_INFO_VALUE_0_TEXT, text, toolTip);
-    Show(IDC_INFO_VALUE_0_TEXT, true);
-    Show(IDC_INFO_VALUE_0_LINK, false);
 }
 
 void CDetailPane::SetInfoLink(const std::wstring& text, const std::wstring& toolTip)
 {
-    Set(IDC_INFO_VALUE_0_LINK, text, toolTip);
+    SetLink(text, toolTip);
     Show(IDC_INFO_VALUE_0_TEXT, false);
     Show(IDC_INFO_VALUE_0_LINK, true);
 }
@@ -267,8 +278,8 @@ void CDetailPane::SetInfoLink(const std::wstring& text, const std::wstring& tool
 // The text is set as well, since a drawn one goes with the next painting and is no text for a screen reader.
 void CDetailPane::DrawInfoText(std::size_t row, const std::wstring& text, const std::wstring& toolTip)
 {
-    Set(InfoValues[row], text, toolTip);
-    const CWindow value = Item(InfoValues[row]);
+    SetValue(row, text, toolTip);
+    const CWindow& value = m_arrValue[row];
     ::UpdateWindow(value);
     DrawOnto(value, std::wstring(WipingBlanks, L' '), value.GetClientRect(), OneLine);
     DrawOnto(value, text, value.GetClientRect(), OneLine | DT_WORD_ELLIPSIS);
@@ -282,7 +293,7 @@ void CDetailPane::DrawTallInfo(const std::wstring& text, int pixels)
     RECT rectangle = value.GetClientRect();
     rectangle.bottom = Lowered(rectangle.bottom, pixels);
     DrawOnto(value, text, rectangle, DT_WORDBREAK);
-    Set(IDC_INFO_VALUE_0_TEXT, text, {});
+    SetValue(0, text, {});
 }
 
 void CDetailPane::ShowAllowRule(bool show)
@@ -295,11 +306,17 @@ void CDetailPane::ShowAllowRule(bool show)
     }
 }
 
-void CDetailPane::Set(UINT control, const std::wstring& text, const std::wstring& toolTip)
+// The tip has all of a text that is shown cut.
+void CDetailPane::SetValue(std::size_t row, const std::wstring& text, const std::wstring& toolTip)
 {
-    CWindow item = Item(control);
-    item.SetWindowText(text);
-    m_ToolTip.SetToolText(item, toolTip);
+    m_arrValue[row].SetTexts(text, toolTip);
+    m_ToolTip.SetToolText(m_arrValue[row], toolTip);
+}
+
+void CDetailPane::SetLink(const std::wstring& text, const std::wstring& toolTip)
+{
+    m_InfoLink.SetWindowText(text);
+    m_ToolTip.SetToolText(m_InfoLink, toolTip);
 }
 
 void CDetailPane::Show(UINT control, bool show)

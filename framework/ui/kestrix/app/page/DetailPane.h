@@ -1,9 +1,10 @@
 #pragma once
 
-#include "framework/ui/kestrix/controls/ClickText.h"
+#include "framework/ui/kestrix/controls/ValueText.h"
 #include "framework/ui/kestrix/logs/LogInfoPage.h"
 #include "platform/dialog/DialogFramework.h"
 
+#include <array>
 #include <span>
 #include <string>
 
@@ -71,9 +72,9 @@ public:
 private:
     CWindow Item(UINT control) const { return CWindow(m_page.GetDlgItem(static_cast<int>(control))); }
 
-    UINT ShownValue(std::size_t row) const;
-    std::wstring WholeText(UINT control) const;
-    void Set(UINT control, const std::wstring& text, const std::wstring& toolTip);
+    std::wstring ShownValue(std::size_t row) const;
+    void SetValue(std::size_t row, const std::wstring& text, const std::wstring& toolTip);
+    void SetLink(const std::wstring& text, const std::wstring& toolTip);
     void Show(UINT control, bool show);
 
     bool Shows(UINT control) const { return (Item(control).GetStyle() & WS_VISIBLE) != 0; }
@@ -86,8 +87,8 @@ private:
 
     CToolTipCtrl& m_ToolTip;
     CWindow m_page;
-    const LogKind* m_pKind = nullptr; // null: there is no log
-    RECT m_rcInfoValue{};             // screen rectangle of the first value as the template places it
-    CClickText m_InfoLink;            // the first value as a link
-    CClickText m_MoreInfo;            // the third value, which a click opens
+    const LogKind* m_pKind = nullptr;            // null: there is no log
+    RECT m_rcInfoValue{};                        // screen rectangle of the first value as the template places it
+    CClickText m_InfoLink;                       // the first value as a link
+    std::array<CValueText, InfoRows> m_arrValue; // the first as a text; a click may open the third
 };

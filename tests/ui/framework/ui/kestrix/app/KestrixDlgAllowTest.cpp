@@ -3,6 +3,7 @@
 #include "platform/dialog/Ole.h"
 #include "resource/resource.h"
 #include "tests/support/FirewallService.h"
+#include "tests/support/MenuVisit.h"
 #include "tests/ui/framework/ui/kestrix/app/DatabasePageTest.h"
 
 namespace
@@ -135,6 +136,23 @@ TEST_F(KestrixDlgAllowTest, TheArrowKeysAreAsGoodAsAClick)
     EXPECT_TRUE(CanPress());
     Press();
     EXPECT_EQ(AllowedProgram(), L"C:\\b.exe");
+}
+
+TEST_F(KestrixDlgAllowTest, TheMenuOfTheListAllowsWhenTheButtonDoes)
+{
+    const auto allowItem = [&](std::initializer_list<WORD> keys)
+    {
+        const MenuVisit visit(keys);
+        m_page.SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_list.GetSafeHwnd()), MAKELPARAM(-1, -1));
+        return visit.Items().size() == 5 ? visit.Items()[4] : SeenItem{};
+    };
+    EXPECT_EQ(allowItem({'A'}), (SeenItem{Text(IDS_MENU_ALLOW), true}));
+    EXPECT_EQ(AllowedProgram(), L"C:\\a.exe");
+    EXPECT_FALSE(CanPress());
+    EXPECT_EQ(allowItem({VK_ESCAPE}), (SeenItem{Text(IDS_MENU_ALLOW), false})) << "off as the button";
+    ClickRow(RowOfAllowed);
+    EXPECT_EQ(allowItem({VK_ESCAPE}), (SeenItem{Text(IDS_MENU_ALLOW), false})) << "hidden as the button";
+    EXPECT_EQ(m_service.m_rules.size(), 1u);
 }
 
 TEST_F(KestrixDlgAllowTest, AnEventThatWasAllowedHasNoButton)

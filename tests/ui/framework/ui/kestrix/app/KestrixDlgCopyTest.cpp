@@ -140,7 +140,7 @@ TEST_F(KestrixDlgCopyTest, AnItemIsChosenByItsAccessKey)
     EXPECT_EQ(TextOfClipboard(), m_page.GetDlgItemText(IDC_INFO_LABEL_0) + L" alpha\r\n" +
                                      m_page.GetDlgItemText(IDC_INFO_LABEL_1) + L" " + Text(150) + L"\r\n" +
                                      m_page.GetDlgItemText(IDC_INFO_LABEL_2) + L" C:\\a\r\n" +
-                                     m_page.GetDlgItemText(IDC_INFO_LABEL_3) + L" " + Text(149) + L"\r\n" +
+                                     m_page.GetDlgItemText(IDC_INFO_LABEL_3) + L" " + Text(147) + L"\r\n" +
                                      m_page.GetDlgItemText(IDC_INFO_LABEL_4) + L" " + Text(800) + L"\r\n" +
                                      m_page.GetDlgItemText(IDC_INFO_LABEL_5) + L" \r\n" +
                                      m_page.GetDlgItemText(IDC_INFO_LABEL_6) + L" \r\n");
@@ -172,6 +172,37 @@ TEST_F(KestrixDlgCopyTest, OtherControlsHaveNoMenuOfThePage)
     {
         EXPECT_EQ(VisitMenu(Item(control), {VK_ESCAPE}), Items()) << control;
     }
+}
+
+TEST_F(KestrixDlgCopyTest, TheKeysOfAValueCopyWhatIsSelectedInIt)
+{
+    ClickRow(0);
+    CWindow value = Item(IDC_INFO_VALUE_1);
+    value.SetFocus();
+    value.SendMessage(EM_SETSEL, 0, 3);
+    EXPECT_TRUE(Press(value, 'C', {VK_CONTROL}));
+    EXPECT_EQ(TextOfClipboard(), Text(150).substr(0, 3));
+    Item(IDC_INFO_VALUE_0_LINK).SetFocus();
+    EXPECT_TRUE(Press(Item(IDC_INFO_VALUE_0_LINK), VK_INSERT, {VK_CONTROL}));
+    EXPECT_EQ(TextOfClipboard(), L"alpha");
+}
+
+TEST_F(KestrixDlgCopyTest, TheMenuOfAValueTakesTheKeyboardThereAndCopiesTheValueOrAllOfThem)
+{
+    const auto items = [](bool hasValue, bool hasDetails) {
+        return Items{{L"&Copy\tCtrl+C", hasValue}, {L"Copy &details", hasDetails}};
+    };
+    EXPECT_EQ(VisitMenu(Item(IDC_INFO_VALUE_1), {VK_ESCAPE}), items(false, false));
+    ClickRow(0);
+    for (const UINT value : {IDC_INFO_VALUE_0_LINK, IDC_INFO_VALUE_1, IDC_INFO_VALUE_2})
+    {
+        ClearClipboard();
+        EXPECT_EQ(VisitMenu(Item(value), {'C'}), items(true, true)) << value;
+        EXPECT_EQ(::GetFocus(), Item(value).GetSafeHwnd()) << value;
+        EXPECT_EQ(TextOfClipboard(), TextOf(value)) << value;
+    }
+    VisitMenu(Item(IDC_INFO_VALUE_2), {'D'});
+    EXPECT_TRUE(TextOfClipboard().value_or(L"").ends_with(L"\r\n"));
 }
 
 TEST_F(KestrixDlgCopyTest, AClipboardThatCannotBeHadIsTold)

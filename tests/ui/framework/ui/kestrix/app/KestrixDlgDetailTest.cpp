@@ -105,13 +105,13 @@ TEST_F(KestrixDlgDetailTest, TheArrowKeysUpAndDownFillThePane)
     EXPECT_EQ(TextOf(IDC_INFO_VALUE_0_LINK), L"older");
 }
 
-TEST_F(KestrixDlgDetailTest, OtherKeysAndOtherWindowsDoNot)
+TEST_F(KestrixDlgDetailTest, OtherKeysAndOtherWindowsDoNotByThemselves)
 {
     SelectRow(0);
     ReleaseKey(m_list, VK_LEFT);
     ReleaseKey(m_list, VK_NEXT);
     ReleaseKey(Item(IDC_DATE_LIST), VK_DOWN);
-    EXPECT_EQ(Values(), Texts(7));
+    EXPECT_EQ(Values(), Texts(7)) << "the selection is followed by the next message";
 }
 
 TEST_F(KestrixDlgDetailTest, AnUnknownThreatIsAPlainTextInThePlaceOfTheLink)

@@ -25,14 +25,19 @@ std::wstring ClassOf(HWND window)
     return name.data();
 }
 
-// What a screen reader calls a control: a button's own text, the text right before any other.
+// What a screen reader calls a control: a button's own text, the text right before any other. What is hidden between
+// them is passed over.
 std::wstring AccessibleName(HWND control)
 {
     if (ClassOf(control) == WC_BUTTONW)
     {
         return CWindow(control).GetWindowText();
     }
-    const HWND before = ::GetWindow(control, GW_HWNDPREV);
+    HWND before = ::GetWindow(control, GW_HWNDPREV);
+    while (before != nullptr && (CWindow(before).GetStyle() & WS_VISIBLE) == 0)
+    {
+        before = ::GetWindow(before, GW_HWNDPREV);
+    }
     return before != nullptr && ClassOf(before) == WC_STATICW ? CWindow(before).GetWindowText() : std::wstring();
 }
 
@@ -74,6 +79,8 @@ public:
     }
 
     std::wstring Name() const { return TextOf(&IAccessible::get_accName); }
+
+    std::wstring Value() const { return TextOf(&IAccessible::get_accValue); }
 
     std::wstring AccessKey() const { return TextOf(&IAccessible::get_accKeyboardShortcut); }
 
@@ -139,16 +146,26 @@ TEST_F(LogFormAccessTest, EveryControlThatCanHaveTheFocusHasANameForScreenReader
                     EXPECT_GE(controls.size(), 11u);
                     for (const HWND control : controls)
                     {
-                        if (::GetDlgCtrlID(control) != IDC_FORM_TAB) // has names of its own, and is not shown
+                        if (::GetDlgCtrlID(control) != IDC_FORM_TAB &&         // has names of its own
+                            ::GetDlgCtrlID(control) != IDC_INFO_VALUE_2_WHOLE) // is not shown
                         {
                             EXPECT_NE(AccessibleName(control), L"") << ::GetDlgCtrlID(control);
                         }
                     }
                     EXPECT_EQ(AccessibleName(m_form.Page()->GetDlgItem(IDC_DATE_LIST)), Text(IDS_HEADING_DATES));
                     EXPECT_EQ(AccessibleName(m_form.Page()->GetDlgItem(IDC_RECORD_LIST)), Text(IDS_HEADING_ENTRIES));
-                    EXPECT_EQ(AccessibleName(m_form.Page()->GetDlgItem(IDC_INFO_VALUE_2_WHOLE)),
-                              Text(IDS_LABEL_LOCATION));
                 }});
+}
+
+TEST_F(LogFormAccessTest, TheThirdValueAndItsWholeTextHaveTheirCaptionAsName)
+{
+    WithRecord(
+        [&]
+        {
+            EXPECT_EQ(AccessibleName(PageItem(IDC_INFO_VALUE_2)), Text(IDS_LABEL_LOCATION));
+            m_form.Page()->SendMessage(WM_COMMAND, MAKEWPARAM(IDC_INFO_VALUE_2, STN_CLICKED));
+            EXPECT_EQ(AccessibleName(PageItem(IDC_INFO_VALUE_2_WHOLE)), Text(IDS_LABEL_LOCATION));
+        });
 }
 
 TEST_F(LogFormAccessTest, EveryControlIsOfAClassWhoseRoleTheSystemKnows)
@@ -233,7 +250,10 @@ TEST_F(LogFormAccessTest, ValuesOfTheDetailPaneAreReadAsTheyAreShown)
         [&]
         {
             EXPECT_EQ(Accessible(PageItem(IDC_INFO_VALUE_0_LINK)).Name(), L"alpha");
-            EXPECT_EQ(Accessible(PageItem(IDC_INFO_VALUE_2)).Name(), L"C:\\a");
+            const Accessible location(PageItem(IDC_INFO_VALUE_2));
+            EXPECT_EQ(location.Name(), Text(IDS_LABEL_LOCATION));
+            EXPECT_EQ(location.Value(), L"C:\\a");
+            EXPECT_TRUE(location.Has(STATE_SYSTEM_READONLY | STATE_SYSTEM_FOCUSABLE));
             EXPECT_TRUE(Accessible(PageItem(IDC_INFO_VALUE_0_TEXT)).Has(STATE_SYSTEM_INVISIBLE));
             EXPECT_FALSE(Accessible(PageItem(IDC_INFO_VALUE_0_LINK)).Has(STATE_SYSTEM_INVISIBLE));
         });
@@ -243,20 +263,20 @@ TEST_F(LogFormAccessTest, EveryValueStandsBesideItsCaptionInTheOrderOfReading)
 {
     constexpr std::array captions{IDC_INFO_LABEL_0, IDC_INFO_LABEL_1, IDC_INFO_LABEL_2, IDC_INFO_LABEL_3,
                                   IDC_INFO_LABEL_4, IDC_INFO_LABEL_5, IDC_INFO_LABEL_6};
-    constexpr std::array values{IDC_INFO_VALUE_0_LINK, IDC_INFO_VALUE_1, IDC_INFO_VALUE_2_WHOLE, IDC_INFO_VALUE_3,
+    constexpr std::array values{IDC_INFO_VALUE_0_TEXT, IDC_INFO_VALUE_1, IDC_INFO_VALUE_2, IDC_INFO_VALUE_3,
                                 IDC_INFO_VALUE_4,      IDC_INFO_VALUE_5, IDC_INFO_VALUE_6};
-    m_form.Run({[&]
-                {
-                    for (std::size_t row = 0; row < values.size(); ++row)
-                    {
-                        const HWND before = ::GetWindow(PageItem(values[row]), GW_HWNDPREV);
-                        EXPECT_EQ(::GetDlgCtrlID(before), captions[row]);
-                    }
-                    // The short form of the third value stands before the caption, which names the whole one.
-                    EXPECT_EQ(::GetDlgCtrlID(::GetWindow(PageItem(IDC_INFO_LABEL_2), GW_HWNDPREV)), IDC_INFO_VALUE_2);
-                    EXPECT_EQ(::GetDlgCtrlID(::GetWindow(PageItem(IDC_INFO_VALUE_0_LINK), GW_HWNDNEXT)),
-                              IDC_INFO_VALUE_0_TEXT);
-                }});
+    m_form.Run(
+        {[&]
+         {
+             for (std::size_t row = 0; row < values.size(); ++row)
+             {
+                 const HWND before = ::GetWindow(PageItem(values[row]), GW_HWNDPREV);
+                 EXPECT_EQ(::GetDlgCtrlID(before), captions[row]);
+             }
+             // The link has its own text as name.
+             EXPECT_EQ(::GetDlgCtrlID(::GetWindow(PageItem(IDC_INFO_VALUE_0_LINK), GW_HWNDNEXT)), IDC_INFO_LABEL_0);
+             EXPECT_EQ(::GetDlgCtrlID(::GetWindow(PageItem(IDC_INFO_VALUE_2), GW_HWNDNEXT)), IDC_INFO_VALUE_2_WHOLE);
+         }});
 }
 
 TEST_F(LogFormAccessTest, RowsAndColumnsOfTheListHaveTexts)

@@ -91,12 +91,14 @@ protected:
 
 } // namespace
 
-TEST_F(LogFormFocusTest, TheTabKeyComesToTheLinkAndTheLocationOfARecordAfterTheList)
+TEST_F(LogFormFocusTest, TheTabKeyComesToTheLinkAndTheValuesOfARecordAfterTheList)
 {
     std::vector<int> way;
     m_form.Run({[&] { ShowFirstRecord(); }, [&] { way = WalkTabs(); }});
-    EXPECT_EQ(way, (std::vector<int>{IDC_DATE_LIST, IDC_RECORD_LIST, IDC_INFO_VALUE_0_LINK, IDC_INFO_VALUE_2,
-                                     IDC_LOG_TYPE, IDC_VIEW, IDC_FORM_HELP, IDC_FORM_EXPORT, IDC_FORM_CLOSE}));
+    EXPECT_EQ(way, (std::vector<int>{IDC_DATE_LIST, IDC_RECORD_LIST, IDC_INFO_VALUE_0_LINK, IDC_INFO_VALUE_1,
+                                     IDC_INFO_VALUE_2, IDC_INFO_VALUE_3, IDC_INFO_VALUE_4, IDC_LOG_TYPE, IDC_VIEW,
+                                     IDC_FORM_HELP, IDC_FORM_EXPORT, IDC_FORM_CLOSE}))
+        << "values without a text are passed over";
 }
 
 TEST_F(LogFormFocusTest, SpaceOnTheLinkOpensThePageOfTheThreat)
@@ -167,8 +169,8 @@ TEST_F(LogFormFocusTest, TheFocusLeavesTheWholeLocationThatARefreshHides)
     EXPECT_NE(focus, IDC_INFO_VALUE_2_WHOLE);
 }
 
-// It stays on the page as a plain text, where no key would do anything.
-TEST_F(LogFormFocusTest, TheFocusLeavesALocationThatAnotherLogShowsAsAPlainText)
+// Its place stays on the page without a text, where no key would do anything.
+TEST_F(LogFormFocusTest, TheFocusLeavesALocationThatAnotherLogHasNot)
 {
     OpenDatabase();
     const int focus = FocusAfter(IDC_INFO_VALUE_2,

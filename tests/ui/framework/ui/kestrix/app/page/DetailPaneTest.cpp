@@ -30,14 +30,18 @@ class DetailPaneTest : public ::testing::Test
 protected:
     DetailPaneTest()
     {
-        for (const UINT text : {IDC_INFO_LABEL_0, IDC_INFO_LABEL_1, IDC_INFO_LABEL_2, IDC_INFO_LABEL_6,
-                                IDC_INFO_VALUE_1, IDC_INFO_VALUE_6, IDC_INFO_VALUE_2_WHOLE, IDC_ALLOW_LABEL})
+        for (const UINT text : {IDC_INFO_LABEL_0, IDC_INFO_LABEL_1, IDC_INFO_LABEL_2, IDC_INFO_LABEL_3,
+                                IDC_INFO_LABEL_4, IDC_INFO_LABEL_5, IDC_INFO_LABEL_6, IDC_ALLOW_LABEL})
         {
             m_window.Add(WC_STATICW, text);
         }
         m_window.Add(WC_STATICW, IDC_INFO_VALUE_0_LINK, SS_NOTIFY | WS_DISABLED, FirstPlace);
-        m_window.Add(WC_STATICW, IDC_INFO_VALUE_0_TEXT, 0, FirstPlace);
-        m_window.Add(WC_STATICW, IDC_INFO_VALUE_2, SS_NOTIFY);
+        m_window.Add(WC_EDITW, IDC_INFO_VALUE_0_TEXT, ES_READONLY | ES_MULTILINE, FirstPlace);
+        for (const UINT value : {IDC_INFO_VALUE_1, IDC_INFO_VALUE_2, IDC_INFO_VALUE_3, IDC_INFO_VALUE_4,
+                                 IDC_INFO_VALUE_5, IDC_INFO_VALUE_6, IDC_INFO_VALUE_2_WHOLE})
+        {
+            m_window.Add(WC_EDITW, value, ES_READONLY | ES_AUTOHSCROLL);
+        }
         m_window.Add(WC_BUTTONW, IDC_ALLOW);
         m_tips.Create(&m_window);
         CDataExchange exchange = m_window.Exchange();
@@ -69,6 +73,10 @@ protected:
     }
 
     PartWindow m_window;
+
+    // A value paints its text itself when it is due.
+    void PaintFirstValue() const { m_window.Item(IDC_INFO_VALUE_0_TEXT).UpdateWindow(); }
+
     CToolTipCtrl m_tips;
     CDetailPane m_pane{m_tips};
 };
@@ -192,18 +200,14 @@ TEST_F(DetailPaneTest, TheWholeTextTakesThePlaceOfTheThirdValueUntilThatIsShownA
     EXPECT_FALSE(m_window.Shows(IDC_INFO_VALUE_2_WHOLE));
 }
 
-TEST_F(DetailPaneTest, TheTabKeyComesToTheLinkAndTheLocationOfAKindThatHasThemAlone)
+TEST_F(DetailPaneTest, TheTabKeyComesToTheLinkOfAKindThatHasOneAndToEveryValueWithAText)
 {
-    constexpr LogKind wholeKind{.firstInfo = FirstInfo::Text, .hasWholeInfo = true};
-
     const struct
     {
         const LogKind& kind;
         bool link;
-        bool location;
     } cases[] = {
-        {LinkKind, true, true},       {wholeKind, false, true}, {TextKind, false, false},
-        {TextOnlyKind, false, false}, {TallKind, false, false}, {LinkKind, true, true},
+        {LinkKind, true}, {TextKind, false}, {TextOnlyKind, false}, {TallKind, false}, {LinkKind, true},
     };
 
     for (const auto& expected : cases)
@@ -213,7 +217,8 @@ TEST_F(DetailPaneTest, TheTabKeyComesToTheLinkAndTheLocationOfAKindThatHasThemAl
         m_pane.SetInfoLink(L"threat", {});
         m_pane.SetInfoText(2, L"location", {});
         EXPECT_EQ(IsTabStop(IDC_INFO_VALUE_0_LINK), expected.link);
-        EXPECT_EQ(IsTabStop(IDC_INFO_VALUE_2), expected.location);
+        EXPECT_TRUE(IsTabStop(IDC_INFO_VALUE_2));
+        EXPECT_FALSE(IsTabStop(IDC_INFO_VALUE_3));
     }
 }
 
@@ -248,6 +253,80 @@ TEST_F(DetailPaneTest, AClearedPaneHasNoTextsNoTipsAndNothingOfRules)
         EXPECT_FALSE(m_window.Shows(hidden)) << hidden;
     }
     EXPECT_TRUE(m_window.Shows(IDC_INFO_VALUE_2));
+}
+
+TEST_F(DetailPaneTest, ThereIsNothingToCopyBeforeARecordIsShown)
+{
+    m_pane.SetKind(LinkKind);
+    m_pane.SetInfoRow(0, L"Caption:", true);
+    EXPECT_FALSE(m_pane.HasValues());
+    EXPECT_EQ(m_pane.AllText(), L"");
+}
+
+TEST_F(DetailPaneTest, TheCopyOfAllHasALineOfEachRowThatIsShownWithItsWholeValue)
+{
+    for (std::size_t row = 0; row < CLogInfoPage::InfoRows; ++row)
+    {
+        m_pane.SetInfoRow(row, L"Row " + std::to_wstring(row) + L":", row < 4);
+    }
+    m_pane.SetInfoLink(L"threat", L"threat");
+    m_pane.SetInfoText(1, L"cut...", L"cut no more");
+    m_pane.SetInfoText(3, L"last", {});
+    m_pane.SetInfoText(4, L"hidden", {});
+    EXPECT_TRUE(m_pane.HasValues());
+    EXPECT_EQ(m_pane.AllText(), L"Row 0: threat\r\nRow 1: cut no more\r\nRow 2: \r\nRow 3: last\r\n");
+    m_pane.SetInfoText(0, L"no link", {});
+    EXPECT_TRUE(m_pane.AllText().starts_with(L"Row 0: no link\r\n"));
+}
+
+TEST_F(DetailPaneTest, TheCopyOfAValueIsWhatIsSelectedOrAllOfWhatHasTheKeyboard)
+{
+    m_pane.SetKind(LinkKind);
+    m_pane.SetInfoLink(L"threat", {});
+    m_pane.SetInfoText(1, L"cut...", L"cut no more");
+    m_pane.ShowWholeText(L"opened");
+    EXPECT_EQ(m_pane.TextToCopy(), L"") << "nothing has it";
+
+    const struct
+    {
+        UINT control;
+        std::wstring all;
+        std::wstring part; // from the second to the fourth character
+    } cases[] = {
+        {IDC_INFO_VALUE_0_LINK, L"threat", L"threat"}, // a link is copied as a whole
+        {IDC_INFO_VALUE_1, L"cut no more", L"ut "},
+        {IDC_INFO_VALUE_2_WHOLE, L"opened", L"pen"},
+        {IDC_INFO_VALUE_3, L"", L""},
+    };
+
+    for (const auto& each : cases)
+    {
+        CWindow value = m_window.Item(each.control);
+        value.SetFocus();
+        EXPECT_TRUE(m_pane.IsValue(value)) << each.control;
+        EXPECT_EQ(m_pane.TextToCopy(), each.all) << each.control;
+        value.SendMessage(EM_SETSEL, 1, 4);
+        EXPECT_EQ(m_pane.TextToCopy(), each.part) << each.control;
+    }
+    EXPECT_FALSE(m_pane.IsValue(m_window.Item(IDC_INFO_LABEL_1)));
+    EXPECT_FALSE(m_pane.IsValue(nullptr));
+}
+
+TEST_F(DetailPaneTest, ARuleCanBeMadeWhileTheButtonOfAKindThatHasRulesIsShownAndEnabled)
+{
+    constexpr LogKind ruleKind{.hasAllowRule = true};
+    m_pane.ShowAllowRule(true);
+    EXPECT_FALSE(m_pane.HasAllowRule()) << "there is no log";
+    m_pane.SetKind(ruleKind);
+    EXPECT_TRUE(m_pane.HasAllowRule());
+    EXPECT_TRUE(m_pane.CanAllow());
+    m_pane.DisableAllow();
+    EXPECT_FALSE(m_pane.CanAllow());
+    m_pane.ShowAllowRule(false);
+    EXPECT_FALSE(m_pane.CanAllow());
+    EXPECT_TRUE(m_pane.HasAllowRule());
+    m_pane.SetKind(LinkKind);
+    EXPECT_FALSE(m_pane.HasAllowRule());
 }
 
 TEST_F(DetailPaneTest, ARuleThatIsMadeCannotBeMadeAgain)
@@ -337,6 +416,7 @@ int WINAPI NoteText(HDC, LPCWSTR text, int length, RECT* place, UINT format)
 TEST_F(DetailPaneTest, ATallValueIsDrawnInLinesThatMayGoBelowItsControl)
 {
     m_pane.SetKind(TallKind);
+    PaintFirstValue();
     g_drawn.clear();
     const ImportPatch<decltype(&::DrawTextW)> draw(__imp_DrawTextW, &NoteText);
     m_pane.DrawTallInfo(L"several words", 220);
@@ -355,6 +435,7 @@ TEST_F(DetailPaneTest, ATallValueMayBeHigherThanAnyScreen)
     m_pane.SetKind(TallKind);
     for (const int pixels : {std::numeric_limits<int>::max(), std::numeric_limits<int>::max() - 10})
     {
+        PaintFirstValue();
         g_drawn.clear();
         m_pane.DrawTallInfo(L"text", pixels);
         ASSERT_EQ(g_drawn.size(), 1u);
