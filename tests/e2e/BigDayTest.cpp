@@ -4,6 +4,7 @@
 #include "suite/samples/Month.h"
 #include "tests/e2e/EventLogs.h"
 #include "tests/e2e/Input.h"
+#include "tests/e2e/InstalledFolder.h"
 #include "tests/e2e/SaveDialog.h"
 #include "tests/e2e/Viewer.h"
 #include "tests/support/LanguageFile.h"
@@ -26,20 +27,33 @@ constexpr int Records = 1'000'000;
 constexpr int FewRecords = 10;
 constexpr int Columns = 3;
 constexpr int Switches = 10;
+constexpr DWORD ImportLimit = 60'000; // milliseconds
 
-void WriteDay(const std::wstring& path, int records)
+struct BigDay
 {
-    constexpr std::chrono::year_month_day day{std::chrono::year(2026), std::chrono::November, std::chrono::day(20)};
-    Samples::WriteLines(path, *Samples::FindKind(L"VLG"), day, static_cast<std::uint64_t>(records), 1);
-}
+    std::wstring file; // its name tells the day
+    unsigned dayOfMonth;
+    int records;
+};
+
+// In the order of the list of dates.
+const BigDay Days[] = {{L"20261120.VLG", 20, Records}, {L"20261119.VLG", 19, FewRecords}};
 
 class BigDayTest : public ::testing::Test
 {
 protected:
     BigDayTest()
     {
-        WriteDay(m_path, Records);
-        WriteDay(m_other, FewRecords);
+        for (const auto& [file, dayOfMonth, records] : Days)
+        {
+            const std::chrono::year_month_day day{std::chrono::year(2026), std::chrono::November,
+                                                  std::chrono::day(dayOfMonth)};
+            Samples::WriteLines(m_files.File(file), *Samples::FindKind(L"VLG"), day,
+                                static_cast<std::uint64_t>(records), 1);
+        }
+        const Process import(ProgramFolder() + L"ImportLogs.exe",
+                             L"--database \"" + m_logs.File().wstring() + L"\" \"" + m_files.Path().wstring() + L"\"");
+        EXPECT_EQ(import.ExitCode(ImportLimit), 0u);
     }
 
     HWND List() const { return m_viewer->Item(IDC_RECORD_LIST); }
@@ -81,15 +95,10 @@ protected:
         PostMessageW(List(), WM_LBUTTONUP, 0, MAKELPARAM(target.x, target.y));
     }
 
-    // Puts the other day in the place of this one and chooses the date again.
-    void SwitchDay(int records) const
+    void SwitchDay(int index) const
     {
-        const std::wstring aside = m_folder.File(L"aside");
-        std::filesystem::rename(m_path, aside);
-        std::filesystem::rename(m_other, m_path);
-        std::filesystem::rename(aside, m_other);
-        m_viewer->ChooseDate();
-        ASSERT_EQ(m_viewer->RowCount(), records);
+        m_viewer->ChooseDate(index);
+        ASSERT_EQ(m_viewer->RowCount(), Days[index].records);
     }
 
     double Megabytes() const
@@ -101,9 +110,9 @@ protected:
     }
 
     const LanguageFile m_language;
-    const TemporaryFolder m_folder;
-    const std::wstring m_path = m_folder.File(L"20261120.VLG");
-    const std::wstring m_other = m_folder.File(L"other");
+    const TemporaryFolder m_files;
+    const InstalledFolder m_installed;
+    const EventLogs m_logs{m_installed.Folder()};
     std::unique_ptr<Viewer> m_viewer;
 };
 
@@ -111,7 +120,7 @@ protected:
 
 TEST_F(BigDayTest, AMillionRecordsAreScrolledSortedSelectedExportedSwitchedAndClosed)
 {
-    m_viewer = std::make_unique<Viewer>(FileCommandLine(VirusLog, m_path));
+    m_viewer = std::make_unique<Viewer>(DatabaseCommandLine(VirusLog));
     ASSERT_NE(m_viewer->Form(), nullptr);
     ASSERT_EQ(m_viewer->RowCount(), Records);
     const double atFirst = Megabytes();
@@ -136,7 +145,7 @@ TEST_F(BigDayTest, AMillionRecordsAreScrolledSortedSelectedExportedSwitchedAndCl
     m_viewer->PressKey(VK_DOWN);
     EXPECT_TRUE(WaitUntil([&] { return SelectedRow() == 3; }));
 
-    const std::filesystem::path exported = m_folder.Path() / L"export.txt";
+    const std::filesystem::path exported = m_files.Path() / L"export.txt";
     PostMessageW(m_viewer->Item(IDC_FORM_EXPORT), BM_CLICK, 0, 0);
     {
         const SaveDialog dialog;
@@ -146,11 +155,11 @@ TEST_F(BigDayTest, AMillionRecordsAreScrolledSortedSelectedExportedSwitchedAndCl
         EXPECT_TRUE(WaitUntil([&] { return !dialog.IsOpen() && std::filesystem::exists(exported); }));
     }
     EXPECT_EQ(m_viewer->RowCount(), Records) << "the viewer answers again";
-    EXPECT_GT(std::filesystem::file_size(exported), std::filesystem::file_size(m_path) / 2);
+    EXPECT_GT(std::filesystem::file_size(exported), std::filesystem::file_size(m_files.File(Days[0].file)) / 2);
 
     for (int i = 0; i < Switches; ++i)
     {
-        SwitchDay(i % 2 == 0 ? FewRecords : Records);
+        SwitchDay(i % 2 == 0 ? 1 : 0);
     }
     EXPECT_LT(Megabytes(), atFirst * 1.1);
     EXPECT_EQ(m_viewer->Close(), 0u);
