@@ -60,7 +60,7 @@ std::optional<FocusChange> ChangeOfNotification(const NMHDR& notification)
 
 std::optional<FocusChange> ChangeOf(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_COMMAND && lParam != 0)
+    if (message == WM_COMMAND)
     {
         return ChangeOfCommand(reinterpret_cast<HWND>(lParam), HIWORD(wParam));
     }

@@ -119,6 +119,17 @@ TEST_F(FocusRingTest, TheCodeOfAnotherClassMeansNothing)
     EXPECT_EQ(2, RingWidth(combo, SkinColour::Focus));
 }
 
+// A control may tell late that it has lost the focus, when another one has told that it got it.
+TEST_F(FocusRingTest, StaysWhenAnotherControlTellsThatItHasLostTheFocus)
+{
+    const HWND combo = Add(Kinds[1], 7);
+    Tell(combo, Kinds[1], true);
+    const HWND list = Add(Kinds[0], 8);
+    Tell(list, Kinds[0], false);
+    ::DestroyWindow(list);
+    EXPECT_EQ(2, RingWidth(combo, SkinColour::Focus));
+}
+
 TEST_F(FocusRingTest, AControlThatGoesWithTheFocusTakesItsRingAlong)
 {
     const HWND control = Add(Kinds[0], 7);

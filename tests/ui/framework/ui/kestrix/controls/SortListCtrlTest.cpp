@@ -51,6 +51,15 @@ TEST(SortListCtrlTest, TheEndOfTheWindowLeavesTheObjectWithoutHeader)
     window.m_list.SortHeader().SetArrowImages();
 }
 
+TEST(SortListCtrlTest, AnotherWindowOfTheObjectHasNoRowsOfTheOneBefore)
+{
+    ListWindow window;
+    window.m_list.InsertItem({});
+    window.m_list.DestroyWindow();
+    ASSERT_TRUE(window.m_list.Create(WS_CHILD | LVS_REPORT | LVS_OWNERDATA, {0, 0, 100, 100}, window, 5));
+    EXPECT_EQ(window.m_list.GetItemCount(), 0);
+}
+
 TEST(SortListCtrlTest, ItemDataAndImageAreChangedAndReadBackAndTextsAreRefused)
 {
     ListWindow window;
@@ -88,6 +97,22 @@ TEST(SortListCtrlTest, WhatIsNoRowOrHasNoPlaceIsNotInserted)
     item = {};
     item.iItem = 7;
     EXPECT_EQ(window.m_list.InsertItem(item), 0) << "a place beyond the end is the end";
+}
+
+// The system's list view learns of new rows with the next message, and nobody else may send it one.
+TEST(SortListCtrlTest, ARowThatIsAddedOrChangedHasTheListPainted)
+{
+    ListWindow window;
+    window.m_list.InsertColumn(0, L"column", LVCFMT_LEFT, 100);
+    window.ShowWindow(SW_SHOWNA);
+    ::UpdateWindow(window.m_list);
+    ASSERT_FALSE(::GetUpdateRect(window.m_list, nullptr, FALSE));
+    window.m_list.InsertItem({});
+    EXPECT_TRUE(::GetUpdateRect(window.m_list, nullptr, FALSE));
+    ::UpdateWindow(window.m_list);
+    ASSERT_FALSE(::GetUpdateRect(window.m_list, nullptr, FALSE));
+    window.m_list.SetItemData(0, 5);
+    EXPECT_TRUE(::GetUpdateRect(window.m_list, nullptr, FALSE));
 }
 
 // A log whose order cannot tell must not lose rows, nor what the user has selected.

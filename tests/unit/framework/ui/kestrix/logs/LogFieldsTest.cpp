@@ -46,6 +46,7 @@ TEST_F(LogFieldsTest, StayWhereTheyAreWhileThereIsRoom)
     {
         m_fields.push_back(L"more");
     }
+    m_fields.reserve(10);
     EXPECT_EQ(m_fields.begin(), begin);
     m_fields.reserve(3);
     EXPECT_EQ(m_fields.size(), 10u) << "less room is no wish";

@@ -29,7 +29,7 @@ TEST_F(KeyboardFocusTest, StaysWhereItCanBeUsed)
 TEST_F(KeyboardFocusTest, GoesToTheFallbackFromAWindowThatIsDisabledOrTakesNoKeys)
 {
     m_other.SetFocus();
-    m_other.EnableWindow(false);
+    SetWindowLongPtrW(m_other, GWL_STYLE, m_other.GetStyle() | WS_DISABLED); // it may keep the focus then
     KeepFocusUsable(m_page, m_fallback);
     EXPECT_EQ(GetFocus(), m_fallback.GetSafeHwnd());
 
@@ -49,9 +49,13 @@ TEST_F(KeyboardFocusTest, IsNotTakenFromAnotherWindowNorByAPageThatIsHidden)
         KeepFocusUsable(m_page, m_fallback);
         EXPECT_EQ(GetFocus(), label.GetSafeHwnd());
     }
-    m_other.SetFocus();
-    m_other.EnableWindow(false);
-    ShowWindow(m_page.GetSafeHwnd(), SW_HIDE);
-    KeepFocusUsable(m_page, m_fallback);
-    EXPECT_NE(GetFocus(), m_fallback.GetSafeHwnd());
+    const CWindow page = m_page.Add(L"STATIC", 3);
+    for (const bool isShown : {false, true})
+    {
+        m_other.SetFocus();
+        m_other.EnableWindow(false);
+        ShowWindow(page, isShown ? SW_SHOWNA : SW_HIDE);
+        KeepFocusUsable(page, m_fallback);
+        EXPECT_EQ(GetFocus() == m_fallback, isShown);
+    }
 }
