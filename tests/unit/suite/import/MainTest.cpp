@@ -82,10 +82,11 @@ TEST_F(ImportProgram, HelpEndsWithZero)
 TEST_F(ImportProgram, FilesThatAreAllTakenEndWithZeroAndTheirNumber)
 {
     WriteUtf16(m_folder.File(L"20240301.SKP"), L"1||20240301|120000|0|0\r\n");
+    WriteUtf16(m_folder.File(L"20240302.SKP"), L"1||20240302|120000|0|0\r\n1||20240302|130000|0|0\r\n");
     const Outcome run = Import(L"\"" + m_folder.Path().wstring() + L"\"");
     EXPECT_EQ(run.status, 0u);
-    EXPECT_EQ(run.printed, "1 of 1 files, 1 records are in the database\r\n");
-    EXPECT_EQ(EventLog::EventDatabase::Open(m_database).Days(14), std::vector<EventLog::Day>{20240301});
+    EXPECT_EQ(run.printed, "2 of 2 files, 3 records are in the database\r\n");
+    EXPECT_EQ(EventLog::EventDatabase::Open(m_database).Days(14), (std::vector<EventLog::Day>{20240302, 20240301}));
 }
 
 TEST_F(ImportProgram, AFileThatIsLeftOutEndsWithThreeAndItsReason)

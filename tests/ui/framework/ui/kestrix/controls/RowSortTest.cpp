@@ -163,11 +163,20 @@ TEST_F(RowSortTest, AColumnOfManyTextsTakesNoMoreQuestionsThanAStableSort)
     EXPECT_LE(static_cast<double>(asked), 1.02 * static_cast<double>(askedByStableSort));
 }
 
-// Seldom texts beside a few frequent ones show after the sample has promised few.
+// Of two such parts the second may end with the text with which the first begins.
+TEST_F(RowSortTest, APartThatBelongsBeforeAnotherButForATextOfBothIsMerged)
+{
+    ExpectSorted(Made(1'000, [](std::size_t i) { return static_cast<int>(i < 500 ? i + 500 : i - 499); }), Up);
+}
+
+// Seldom texts beside a few frequent ones show after the sample has promised few, more of them than 16 bits can count.
 TEST_F(RowSortTest, ManyTextsThatTheSampleMissedAreSortedAllTheSame)
 {
-    ExpectSorted(Made(50'000, [](std::size_t i) { return i % 98 == 0 ? 1 : static_cast<int>(i * 7'919 % 50'000); }),
-                 Up);
+    constexpr std::size_t count = 70'000;
+    constexpr std::size_t stepOfTheSample = 137;
+    ExpectSorted(
+        Made(count, [](std::size_t i) { return i % stepOfTheSample == 0 ? 1 : static_cast<int>(i * 7'919 % count); }),
+        Up);
 }
 
 // An order that is none, as of records too short for the column, must not lose a row.

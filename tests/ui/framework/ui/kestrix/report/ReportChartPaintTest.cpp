@@ -94,6 +94,17 @@ TEST_F(ReportChartPaintTest, OneIntervalHasDotsAndNoLines)
     EXPECT_PICTURE(Draw(), "one-interval");
 }
 
+TEST_F(ReportChartPaintTest, TwoIntervalsAreJoinedByALine)
+{
+    m_chart.m_settings.m_nAxisXNumber = 2;
+    SetSeries({{10, 10}});
+    const ReportAxes axes = AxesOf(m_chart);
+    std::vector<POINT> points;
+    SetSeriesPoints(m_chart, axes, m_chart.m_counts.m_vecVirus, points);
+    ASSERT_EQ(points.size(), 2u);
+    EXPECT_EQ(Draw().At((points[0].x + points[1].x) / 2, points[0].y), RGB(0, 0, 255));
+}
+
 TEST_F(ReportChartPaintTest, TenIntervalsStandApart)
 {
     m_chart.m_settings.m_nAxisXNumber = 10;
