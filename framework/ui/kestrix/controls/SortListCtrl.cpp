@@ -181,7 +181,7 @@ LRESULT CSortListCtrl::OnDeleteItem(WPARAM row, LPARAM)
 LRESULT CSortListCtrl::OnDeleteAllItems(WPARAM, LPARAM)
 {
     std::vector<ListRow>().swap(m_arrRow);
-    m_nAnnounced = 0;
+    Announce(); // a list view that still has rows may take them away one by one
     return Default();
 }
 
