@@ -33,7 +33,8 @@ const MessageMap& CValueText::Map()
         On::Message<WM_SETFOCUS, &CValueText::OnSetFocus>, On::Message<WM_KILLFOCUS, &CValueText::OnKillFocus>,
         On::Message<WM_LBUTTONDOWN, &CValueText::OnLButtonDown>,
         On::Message<WM_LBUTTONDBLCLK, &CValueText::OnLButtonDblClk>,
-        On::Message<WM_SETCURSOR, &CValueText::OnSetCursor>, On::Message<WM_NCHITTEST, &CValueText::OnNcHitTest>);
+        On::Message<WM_SETCURSOR, &CValueText::OnSetCursor>, On::Message<WM_NCHITTEST, &CValueText::OnNcHitTest>,
+        On::Message<WM_CONTEXTMENU, &CValueText::OnContextMenu>);
     static constexpr MessageMap map{rows, &CClickText::Map};
     return map;
 }
@@ -48,7 +49,7 @@ void CValueText::PreSubclassWindow()
 void CValueText::SetTexts(const std::wstring& label, const std::wstring& whole)
 {
     const bool isCut = !whole.empty() && whole != label;
-    SetWindowText(isCut && HasFocus() ? whole : label);
+    SetWindowText(isCut && IsOpen() ? whole : label);
     m_strLabel = isCut ? label : std::wstring();
     m_strWhole = isCut ? whole : std::wstring();
 }
@@ -60,14 +61,14 @@ std::wstring CValueText::WholeText() const
 
 std::wstring CValueText::TextToCopy() const
 {
-    const std::wstring selected = HasFocus() ? SelectionIn(*this) : std::wstring();
+    const std::wstring selected = IsOpen() ? SelectionIn(*this) : std::wstring();
     return selected.empty() ? WholeText() : selected;
 }
 
 // As the system paints a label: its parent says with which colours and font.
 void CValueText::OnPaint()
 {
-    if (HasFocus() && !IsClickable())
+    if (IsOpen())
     {
         Default();
         return;
@@ -114,6 +115,10 @@ void CValueText::OnSetFocus(HWND)
         SendMessage(EM_SETSEL, 0, -1);
     }
     Default();
+    if (IsClickable())
+    {
+        ::HideCaret(m_hWnd);
+    }
 }
 
 void CValueText::OnKillFocus(HWND)
@@ -155,4 +160,9 @@ BOOL CValueText::OnSetCursor(HWND, UINT, UINT)
 LRESULT CValueText::OnNcHitTest(WPARAM, LPARAM)
 {
     return IsClickable() || !GetWindowText().empty() ? Default() : HTTRANSPARENT;
+}
+
+void CValueText::OnContextMenu(HWND window, POINT point)
+{
+    ::SendMessageW(GetParent(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), MAKELPARAM(point.x, point.y));
 }

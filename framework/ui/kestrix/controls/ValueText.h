@@ -9,7 +9,8 @@ std::wstring SelectionIn(const CWindow& edit);
 
 // A text whose parts the user can select and copy: a read-only edit, which the class paints as the system paints a
 // label as long as it has not the keyboard. It may show a shorter text then, and shows all of it to whom selects in it.
-// While it is clickable it is painted as a label with the keyboard too, and a press of the mouse is a click.
+// While it is clickable it stays that label with the keyboard too, and a press of the mouse is a click. Its context
+// menu is the parent's.
 class CValueText : public CClickText
 {
 public:
@@ -44,10 +45,12 @@ private:
     void OnLButtonDblClk(UINT keys, POINT point);
     BOOL OnSetCursor(HWND window, UINT hitTest, UINT mouse);
     LRESULT OnNcHitTest(WPARAM, LPARAM);
+    void OnContextMenu(HWND window, POINT point);
 
     void FollowFocus();
 
-    bool HasFocus() const { return ::GetFocus() == m_hWnd; }
+    // Whether the user can select in it now.
+    bool IsOpen() const { return ::GetFocus() == m_hWnd && !IsClickable(); }
 
     UINT m_nLabelFormat = OneLine | DT_END_ELLIPSIS;
     std::wstring m_strLabel; // these two are empty unless they differ

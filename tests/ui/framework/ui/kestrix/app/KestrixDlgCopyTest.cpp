@@ -48,7 +48,7 @@ protected:
     Items VisitMenu(HWND control, std::initializer_list<WORD> keys, POINT point = ByKeyboard)
     {
         const MenuVisit visit(keys);
-        m_page.SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control), MAKELPARAM(point.x, point.y));
+        ::SendMessageW(control, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control), MAKELPARAM(point.x, point.y));
         m_place = visit.Place();
         return visit.Items();
     }

@@ -1,6 +1,10 @@
 // The detail pane: what a click or an arrow key shows in it, and how it looks.
 
+#include "framework/ui/kestrix/controls/Scale.h"
+#include "framework/ui/kestrix/controls/SkinColours.h"
 #include "resource/resource.h"
+#include "tests/support/Picture.h"
+#include "tests/support/StandingScale.h"
 #include "tests/ui/framework/ui/kestrix/app/PageTest.h"
 
 namespace
@@ -158,6 +162,27 @@ TEST_F(KestrixDlgDetailTest, AnArrowKeyAndANewLoadCloseTheWholeTextToo)
     SelectDate(0);
     EXPECT_FALSE(IsShown(IDC_INFO_VALUE_2_WHOLE));
     EXPECT_TRUE(IsShown(IDC_INFO_VALUE_2));
+}
+
+TEST_F(KestrixDlgDetailTest, AValueWithTheKeyboardHasTheRingOfTheDialogAtEveryScale)
+{
+    ClickRow(0);
+    CWindow value = Item(IDC_INFO_VALUE_1);
+    RECT place = value.GetWindowRect();
+    m_page.ScreenToClient(place);
+    for (const int dpi : {96, 192})
+    {
+        const StandingScale scale(dpi);
+        const int width = Scaled(2);
+        const int middle = (place.top + place.bottom) / 2;
+        m_list.SetFocus();
+        EXPECT_NE(PictureOf(m_page).At(place.left - width, middle), SkinColour::Focus) << dpi;
+        value.SetFocus();
+        const Picture page = PictureOf(m_page);
+        EXPECT_EQ(page.At(place.left - width, middle), SkinColour::Focus) << dpi;
+        EXPECT_EQ(page.At(place.right, middle), SkinColour::Focus) << dpi;
+        EXPECT_NE(page.At(place.left - width - 1, middle), SkinColour::Focus) << dpi;
+    }
 }
 
 TEST_F(KestrixDlgDetailTest, CaptionsAreBoldAndValuesAreNot)

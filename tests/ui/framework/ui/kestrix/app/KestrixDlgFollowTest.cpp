@@ -1,7 +1,7 @@
 // The detail pane follows the selection, whoever moves it, and shows no record twice.
 
 #include "resource/resource.h"
-#include "tests/support/HeldKeys.h"
+#include "tests/support/MenuVisit.h"
 #include "tests/support/TraceRecorder.h"
 #include "tests/ui/framework/ui/kestrix/app/PageTest.h"
 
@@ -29,11 +29,11 @@ protected:
         return L"x|" + time + L"|1048576|x|0|0|" + threat + L"|C:\\" + threat + L"|4|1|0|0";
     }
 
-    // Deals with what was posted, as the page's loop does.
+    // Deals with what was posted, as the page's loop does; not with timers, which may be due again and again.
     void Pump()
     {
         MSG message{};
-        while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | PM_QS_POSTMESSAGE))
         {
             const bool isOfPage = message.hwnd == m_page || ::IsChild(m_page, message.hwnd);
             if (!isOfPage || !m_page.PreTranslateMessage(message))
@@ -141,6 +141,24 @@ TEST_F(KestrixDlgFollowTest, AClickShowsItsRecordOnce)
     Pump();
     EXPECT_EQ(Shown(), L"delta");
     EXPECT_EQ(ShownByInput(), 1);
+}
+
+TEST_F(KestrixDlgFollowTest, ARightClickSelectsItsRowAndTheDetailsFollowBeforeTheMenu)
+{
+    PressKey(VK_HOME);
+    RECT row{};
+    row.left = LVIR_LABEL;
+    m_list.SendMessage(LVM_GETITEMRECT, 3, reinterpret_cast<LPARAM>(&row));
+    const LPARAM point = MAKELPARAM(row.left + 5, row.top + 5);
+    const MenuVisit visit({VK_ESCAPE});
+    ::PostMessageW(m_list, WM_RBUTTONDOWN, MK_RBUTTON, point);
+    Pump();
+    ::PostMessageW(m_list, WM_RBUTTONUP, 0, point);
+    Pump();
+    EXPECT_TRUE(visit.HasSeen());
+    EXPECT_EQ(m_list.GetNextItem(-1, LVNI_SELECTED), 3);
+    EXPECT_EQ(Shown(), L"beta");
+    EXPECT_EQ(ShownByInput(), 0);
 }
 
 // The key is let go in another window, which has the keyboard by then.

@@ -207,6 +207,27 @@ TEST_F(ValueTextTest, AClickableOneTellsOfAPressAndIsNotSelectedIn)
     EXPECT_EQ(::GetFocus(), m_value.GetSafeHwnd());
 }
 
+TEST_F(ValueTextTest, AClickableOneStaysALabelWithTheKeyboard)
+{
+    m_value.SetTexts(L"C:\\Users...", LongPath);
+    m_value.SetClickable(true);
+    const Picture label = PictureOf(m_value);
+    Select(0, 4);
+    Focus();
+    EXPECT_EQ(m_value.GetWindowText(), L"C:\\Users...");
+    EXPECT_EQ(m_value.TextToCopy(), LongPath) << "nobody sees what is selected";
+    EXPECT_EQ(PictureOf(m_value), label);
+}
+
+TEST_F(ValueTextTest, ItsContextMenuIsThatOfTheParent)
+{
+    m_ground.m_arrReached.clear();
+    m_value.SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_value.GetSafeHwnd()), MAKELPARAM(-1, -1));
+    ASSERT_EQ(m_ground.CountOf(WM_CONTEXTMENU), 1);
+    EXPECT_EQ(m_ground.FirstOf(WM_CONTEXTMENU).wParam, reinterpret_cast<WPARAM>(m_value.GetSafeHwnd()));
+    EXPECT_EQ(m_ground.FirstOf(WM_CONTEXTMENU).lParam, MAKELPARAM(-1, -1));
+}
+
 TEST_F(ValueTextTest, OnlyAClickableOneIsClickedByTheSpaceKey)
 {
     for (const bool clickable : {true, false})
