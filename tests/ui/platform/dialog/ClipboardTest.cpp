@@ -8,33 +8,38 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <future>
 
 namespace
 {
 
-// Another thread that has the clipboard open, with no window, until it is told to close it.
+// Another thread that has the clipboard open, with no window, for so many milliseconds or until the object goes.
 class OtherUser
 {
 public:
-    // Closes it by itself after so many milliseconds.
-    explicit OtherUser(DWORD milliseconds)
+    explicit OtherUser(unsigned milliseconds)
     {
         std::promise<bool> opened;
         std::future<bool> isOpen = opened.get_future();
         m_done = std::async(std::launch::async,
-                            [milliseconds, opened = std::move(opened)]() mutable
+                            [opened = std::move(opened), end = m_end.get_future(), milliseconds]() mutable
                             {
-                                const bool open = OpenClipboardSoon();
-                                opened.set_value(open);
-                                Sleep(milliseconds);
+                                opened.set_value(OpenClipboardSoon());
+                                end.wait_for(std::chrono::milliseconds(milliseconds));
                                 CloseClipboard();
                             });
         EXPECT_TRUE(isOpen.get());
     }
 
+    ~OtherUser() { m_end.set_value(); }
+
+    OtherUser(const OtherUser&) = delete;
+    OtherUser& operator=(const OtherUser&) = delete;
+
 private:
-    std::future<void> m_done; // waits for the end
+    std::promise<void> m_end;
+    std::future<void> m_done; // its destructor waits for the thread
 };
 
 class ClipboardTest : public ::testing::Test
@@ -83,7 +88,7 @@ TEST_F(ClipboardTest, OneThatAnotherKeepsOpenStaysAsItIsAndTheMemoryIsFreed)
     ASSERT_TRUE(Put(L"before"));
     const long memory = LiveHandles::Of(HandleKind::Memory);
     {
-        const OtherUser other(600);
+        const OtherUser other(60'000);
         EXPECT_FALSE(Put(L"never"));
     }
     EXPECT_EQ(LiveHandles::Of(HandleKind::Memory), memory);

@@ -68,8 +68,8 @@ TEST_F(ExportLineTest, QuotesTabsAndLineEndsAreThoseOfTheFile)
 
 TEST_F(ExportLineTest, NothingIsTracedOrWritten)
 {
-    const TraceRecorder trace;
     Put(L"a|b");
+    const TraceRecorder trace;
     m_log.ExportLine(*m_log.GetLogRecord(0), true);
     EXPECT_EQ(trace.Texts(), std::vector<std::wstring>());
     EXPECT_FALSE(FileExists());
