@@ -1,8 +1,11 @@
 // The viewer on daily files: what a user sees and does.
 
+#include "framework/ui/kestrix/logs/ZPTLogVir.h"
 #include "resource/resource.h"
 #include "tests/e2e/EventLogs.h"
+#include "tests/e2e/Input.h"
 #include "tests/e2e/Viewer.h"
+#include "tests/support/ClipboardText.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -57,6 +60,52 @@ TEST_F(DayFileTest, ShowsTheDayNewestFirstAndTheClickedRowAndClosesByItsButton)
     EXPECT_EQ(viewer.TextOf(IDC_INFO_VALUE_2), L"C:\\gamma.exe");
     EXPECT_EQ(viewer.TextOf(IDC_INFO_VALUE_3), Text(147));
     EXPECT_EQ(viewer.TextOf(IDC_INFO_VALUE_4), Text(800));
+    EXPECT_EQ(viewer.Close(), 0u);
+}
+
+// Keys of the machine may be lost to another window that comes to the front; each may be pressed again.
+TEST_F(DayFileTest, KeysOfTheMachineMoveTheDetailsAndCopyRecordsAndValues)
+{
+    const Viewer viewer(FileCommandLine(VirusLog, WriteDay(m_folder.Path())));
+    ASSERT_NE(viewer.Form(), nullptr);
+    const auto press = [&](std::initializer_list<WORD> keys, const std::function<bool()>& done)
+    {
+        constexpr ULONGLONG patience = 3000; // milliseconds
+        return WaitUntil(
+            [&]
+            {
+                PressKeysOfMachine(viewer.Form(), keys);
+                return WaitUntil(done, patience);
+            });
+    };
+    const auto copies = [&](std::initializer_list<WORD> keys, const std::wstring& text)
+    {
+        ClearClipboard();
+        return press(keys, [&] { return TextOfClipboard() == text; });
+    };
+    CZPTLogVir log;
+    log.m_bUseDBMgr = false;
+    const std::wstring line = Record(L"0900", L"beta");
+    ASSERT_TRUE(log.PutRecode(line.substr(0, line.find(L"\r\n")), CZPTLogBase::AnyLine));
+    const LogRec& beta = *log.GetLogRecord(0);
+
+    viewer.ClickRow(0);
+    ASSERT_TRUE(WaitUntil([&] { return viewer.TextOf(IDC_INFO_VALUE_0_LINK) == L"delta"; }));
+    EXPECT_TRUE(press({VK_END}, [&] { return viewer.TextOf(IDC_INFO_VALUE_0_LINK) == L"beta"; }));
+    EXPECT_TRUE(copies({VK_CONTROL, 'C'}, log.ExportLine(beta, false)));
+    EXPECT_TRUE(copies({VK_CONTROL, VK_SHIFT, 'C'}, log.ExportLine(beta, true)));
+
+    const auto hasMenu = [&] { return viewer.Program().Windows().size() == 2; };
+    EXPECT_TRUE(press({VK_SHIFT, VK_F10}, hasMenu));
+    EXPECT_TRUE(press({'D'}, [&] { return !hasMenu(); }));
+    EXPECT_TRUE(
+        WaitUntil([] { return TextOfClipboard().value_or(L"").find(L" C:\\beta.exe\r\n") != std::wstring::npos; }));
+
+    for (const int next : {IDC_INFO_VALUE_0_LINK, IDC_INFO_VALUE_1})
+    {
+        EXPECT_TRUE(press({VK_TAB}, [&] { return FocusBeside(viewer.Form()) == viewer.Item(next); })) << next;
+    }
+    EXPECT_TRUE(copies({VK_CONTROL, 'C'}, viewer.TextOf(IDC_INFO_VALUE_1)));
     EXPECT_EQ(viewer.Close(), 0u);
 }
 

@@ -1,6 +1,8 @@
 #include "tests/e2e/Input.h"
 
+#include <algorithm>
 #include <stdexcept>
+#include <vector>
 
 namespace
 {
@@ -39,6 +41,23 @@ void PressKeyIn(HWND window, WORD key)
 {
     PostMessageW(window, WM_KEYDOWN, key, KeyIsDown);
     PostMessageW(window, WM_KEYUP, key, KeyIsUp);
+}
+
+void PressKeysOfMachine(HWND window, std::initializer_list<WORD> keys)
+{
+    std::vector<INPUT> presses;
+    for (const WORD key : keys)
+    {
+        INPUT press{};
+        press.type = INPUT_KEYBOARD;
+        press.ki.wVk = key;
+        presses.push_back(press);
+    }
+    std::vector<INPUT> releases(presses.rbegin(), presses.rend());
+    std::ranges::for_each(releases, [](INPUT& release) { release.ki.dwFlags = KEYEVENTF_KEYUP; });
+    presses.insert(presses.end(), releases.begin(), releases.end());
+    SetForegroundWindow(window);
+    SendInput(static_cast<UINT>(presses.size()), presses.data(), sizeof(INPUT));
 }
 
 void PressAltAnd(wchar_t letter, HWND window)

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <initializer_list>
+
 // The hands of a user on the windows of another process.
 
 // The answer of a window; throws std::runtime_error when none comes.
@@ -13,6 +15,9 @@ void ClickOn(HWND window);
 
 // A press and a release of a key.
 void PressKeyIn(HWND window, WORD key);
+
+// Presses these keys of the machine, one while those before are held, in the window in front, which this one becomes.
+void PressKeysOfMachine(HWND window, std::initializer_list<WORD> keys);
 
 // An access key, while the window has the focus.
 void PressAltAnd(wchar_t letter, HWND window);
