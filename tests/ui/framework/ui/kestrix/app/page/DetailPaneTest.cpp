@@ -1,87 +1,12 @@
-#include "framework/ui/kestrix/app/page/DetailPane.h"
+#include "tests/ui/framework/ui/kestrix/app/page/DetailPaneTest.h"
 
-#include "framework/ui/kestrix/logs/LogKinds.h"
-#include "resource/resource.h"
 #include "tests/support/ImportPatch.h"
-#include "tests/ui/framework/ui/kestrix/app/page/PartWindow.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <limits>
 #include <vector>
 
 extern "C" decltype(&::DrawTextW) __imp_DrawTextW;
-
-namespace
-{
-
-constexpr RECT FirstPlace{10, 20, 210, 35};
-constexpr int Width = 200;
-constexpr int Height = 15;
-
-constexpr LogKind LinkKind{.firstInfo = FirstInfo::Link, .hasWholeInfo = true};
-constexpr LogKind TextKind{.firstInfo = FirstInfo::Text};
-constexpr LogKind TextOnlyKind{.firstInfo = FirstInfo::TextOnly};
-constexpr LogKind TallKind{.firstInfo = FirstInfo::TallText};
-
-class DetailPaneTest : public ::testing::Test
-{
-protected:
-    DetailPaneTest()
-    {
-        for (const UINT text : {IDC_INFO_LABEL_0, IDC_INFO_LABEL_1, IDC_INFO_LABEL_2, IDC_INFO_LABEL_3,
-                                IDC_INFO_LABEL_4, IDC_INFO_LABEL_5, IDC_INFO_LABEL_6, IDC_ALLOW_LABEL})
-        {
-            m_window.Add(WC_STATICW, text);
-        }
-        m_window.Add(WC_STATICW, IDC_INFO_VALUE_0_LINK, SS_NOTIFY | WS_DISABLED, FirstPlace);
-        m_window.Add(WC_EDITW, IDC_INFO_VALUE_0_TEXT, ES_READONLY | ES_MULTILINE, FirstPlace);
-        for (const UINT value : {IDC_INFO_VALUE_1, IDC_INFO_VALUE_2, IDC_INFO_VALUE_3, IDC_INFO_VALUE_4,
-                                 IDC_INFO_VALUE_5, IDC_INFO_VALUE_6, IDC_INFO_VALUE_2_WHOLE})
-        {
-            m_window.Add(WC_EDITW, value, ES_READONLY | ES_AUTOHSCROLL);
-        }
-        m_window.Add(WC_BUTTONW, IDC_ALLOW);
-        m_tips.Create(&m_window);
-        CDataExchange exchange = m_window.Exchange();
-        m_pane.DoDataExchange(exchange);
-        m_pane.Start();
-    }
-
-    std::wstring TextOf(UINT control) const { return m_window.Item(control).GetWindowText(); }
-
-    std::wstring TipOf(UINT control) const { return m_tips.GetText(m_window.Item(control)); }
-
-    // Which of the two ways of the first value is to be seen.
-    bool ShowsLink() const { return m_window.Shows(IDC_INFO_VALUE_0_LINK); }
-
-    bool ShowsText() const { return m_window.Shows(IDC_INFO_VALUE_0_TEXT); }
-
-    // Whether the Tab key comes to a value.
-    bool IsTabStop(UINT control) const { return (m_window.Item(control).GetStyle() & WS_TABSTOP) != 0; }
-
-    bool IsLinkEnabled() const { return m_window.Item(IDC_INFO_VALUE_0_LINK).IsWindowEnabled(); }
-
-    void ExpectFirstText(int rows) const
-    {
-        const RECT place = m_window.PlaceOf(IDC_INFO_VALUE_0_TEXT);
-        EXPECT_EQ(place.left, FirstPlace.left);
-        EXPECT_EQ(place.top, FirstPlace.top);
-        EXPECT_EQ(place.right - place.left, Width);
-        EXPECT_EQ(place.bottom - place.top, rows * Height);
-    }
-
-    PartWindow m_window;
-
-    // A value paints its text itself when it is due.
-    void PaintFirstValue() const { m_window.Item(IDC_INFO_VALUE_0_TEXT).UpdateWindow(); }
-
-    CToolTipCtrl m_tips;
-    CDetailPane m_pane{m_tips};
-};
-
-} // namespace
 
 // The template may have the link disabled; no log enables it before it is shown.
 TEST_F(DetailPaneTest, AtTheStartTheLinkIsEnabledAndHidden)
@@ -253,80 +178,6 @@ TEST_F(DetailPaneTest, AClearedPaneHasNoTextsNoTipsAndNothingOfRules)
         EXPECT_FALSE(m_window.Shows(hidden)) << hidden;
     }
     EXPECT_TRUE(m_window.Shows(IDC_INFO_VALUE_2));
-}
-
-TEST_F(DetailPaneTest, ThereIsNothingToCopyBeforeARecordIsShown)
-{
-    m_pane.SetKind(LinkKind);
-    m_pane.SetInfoRow(0, L"Caption:", true);
-    EXPECT_FALSE(m_pane.HasValues());
-    EXPECT_EQ(m_pane.AllText(), L"");
-}
-
-TEST_F(DetailPaneTest, TheCopyOfAllHasALineOfEachRowThatIsShownWithItsWholeValue)
-{
-    for (std::size_t row = 0; row < CLogInfoPage::InfoRows; ++row)
-    {
-        m_pane.SetInfoRow(row, L"Row " + std::to_wstring(row) + L":", row < 4);
-    }
-    m_pane.SetInfoLink(L"threat", L"threat");
-    m_pane.SetInfoText(1, L"cut...", L"cut no more");
-    m_pane.SetInfoText(3, L"last", {});
-    m_pane.SetInfoText(4, L"hidden", {});
-    EXPECT_TRUE(m_pane.HasValues());
-    EXPECT_EQ(m_pane.AllText(), L"Row 0: threat\r\nRow 1: cut no more\r\nRow 2: \r\nRow 3: last\r\n");
-    m_pane.SetInfoText(0, L"no link", {});
-    EXPECT_TRUE(m_pane.AllText().starts_with(L"Row 0: no link\r\n"));
-}
-
-TEST_F(DetailPaneTest, TheCopyOfAValueIsWhatIsSelectedOrAllOfWhatHasTheKeyboard)
-{
-    m_pane.SetKind(LinkKind);
-    m_pane.SetInfoLink(L"threat", {});
-    m_pane.SetInfoText(1, L"cut...", L"cut no more");
-    m_pane.ShowWholeText(L"opened");
-    EXPECT_EQ(m_pane.TextToCopy(), L"") << "nothing has it";
-
-    const struct
-    {
-        UINT control;
-        std::wstring all;
-        std::wstring part; // from the second to the fourth character
-    } cases[] = {
-        {IDC_INFO_VALUE_0_LINK, L"threat", L"threat"}, // a link is copied as a whole
-        {IDC_INFO_VALUE_1, L"cut no more", L"ut "},
-        {IDC_INFO_VALUE_2_WHOLE, L"opened", L"pen"},
-        {IDC_INFO_VALUE_3, L"", L""},
-    };
-
-    for (const auto& each : cases)
-    {
-        CWindow value = m_window.Item(each.control);
-        value.SetFocus();
-        EXPECT_TRUE(m_pane.IsValue(value)) << each.control;
-        EXPECT_EQ(m_pane.TextToCopy(), each.all) << each.control;
-        value.SendMessage(EM_SETSEL, 1, 4);
-        EXPECT_EQ(m_pane.TextToCopy(), each.part) << each.control;
-    }
-    EXPECT_FALSE(m_pane.IsValue(m_window.Item(IDC_INFO_LABEL_1)));
-    EXPECT_FALSE(m_pane.IsValue(nullptr));
-}
-
-TEST_F(DetailPaneTest, ARuleCanBeMadeWhileTheButtonOfAKindThatHasRulesIsShownAndEnabled)
-{
-    constexpr LogKind ruleKind{.hasAllowRule = true};
-    m_pane.ShowAllowRule(true);
-    EXPECT_FALSE(m_pane.HasAllowRule()) << "there is no log";
-    m_pane.SetKind(ruleKind);
-    EXPECT_TRUE(m_pane.HasAllowRule());
-    EXPECT_TRUE(m_pane.CanAllow());
-    m_pane.DisableAllow();
-    EXPECT_FALSE(m_pane.CanAllow());
-    m_pane.ShowAllowRule(false);
-    EXPECT_FALSE(m_pane.CanAllow());
-    EXPECT_TRUE(m_pane.HasAllowRule());
-    m_pane.SetKind(LinkKind);
-    EXPECT_FALSE(m_pane.HasAllowRule());
 }
 
 TEST_F(DetailPaneTest, ARuleThatIsMadeCannotBeMadeAgain)
