@@ -115,6 +115,15 @@ TEST_F(KestrixDlgTypesTest, ATypeWithoutAClassOutlivesEveryNotification)
     }
 }
 
+// The firewall writes a mark in the place of this machine's address, which the command line tells.
+TEST_F(KestrixDlgTypesTest, TheFirewallLogShowsTheAddressOfThisMachine)
+{
+    m_page.m_nLogType = LogTypeFirewall;
+    m_page.m_strLocalIp = L"192.0.2.7";
+    OpenDay({L"080000|4|0|2||6|2|LIP|49152|192.0.2.20|443|||C:\\a.exe|rule|message"});
+    EXPECT_EQ(Cells(0), (Texts{L"08:00:00", L"TCP", L"192.0.2.7"}));
+}
+
 TEST_F(KestrixDlgTypesTest, TheHostKnowsThePage)
 {
     OpenInForm({L"x|0900|1048576|x|0|0|beta|C:\\b|4|1|0|0"});
