@@ -87,7 +87,7 @@ def write_installer(files, version, icon, idl, path):
     code = content_identifier(version, files, idl, *made_by)
     rows = settings()
     wxs = path.with_suffix(".wxs")
-    text = source.Source(wxs, version, code, files, icon)
+    text = source.Source(wxs, version, files, icon)
     text.add_program_folder()
     text.add_data_folder()
     text.add_registry("Settings", "HKLM", registry_rows(rows))
@@ -105,6 +105,9 @@ def write_installer(files, version, icon, idl, path):
                   *tables.versions(version, programs)]
     queries = [word for statement in statements for word in ("-q", statement)]
     subprocess.run(["msibuild", path, *queries], check=True)
+    # wixl makes an identifier up, whatever its source says.
+    subprocess.run(["msibuild", path, "-s", f"{product.NAME} {version}", product.MAKER, "x64;1033", f"{{{code}}}"],
+                   check=True)
 
 
 def main(stage, output, version, icon, idl):

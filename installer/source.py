@@ -41,13 +41,13 @@ class Source:
     """files: names in the package, with the paths that they are taken from; they reach the installer's maker from the
     folder of the source, since it takes no absolute ones."""
 
-    def __init__(self, path, version, package_code, files, icon):
+    def __init__(self, path, version, files, icon):
         self._path = path
         self._files = files
         self._root = tree.Element("Wix", xmlns="http://schemas.microsoft.com/wix/2006/wi")
         self._product = add(self._root, "Product", Id=product.product_code(version), Name=product.NAME, Language=1033,
                             Version=version, Manufacturer=product.MAKER, UpgradeCode=product.UPGRADE_CODE)
-        add(self._product, "Package", Id=package_code, InstallerVersion=500, Compressed="yes",
+        add(self._product, "Package", Id="*", InstallerVersion=500, Compressed="yes",
             InstallScope="perMachine", Description=f"{product.NAME} {version}", Manufacturer=product.MAKER,
             Languages=1033)
         add(self._product, "Media", Id=1, Cabinet="files.cab", EmbedCab="yes")

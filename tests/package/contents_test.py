@@ -1,7 +1,10 @@
 """What the package holds, read without installing it."""
 
 import hashlib
+import pathlib
+import re
 import subprocess
+import tempfile
 import unittest
 import zipfile
 
@@ -13,6 +16,11 @@ def table(name, package=kit.INSTALLER):
     lines = text.splitlines()
     columns = lines[0].split("\t")
     return [dict(zip(columns, line.split("\t"))) for line in lines[3:]]
+
+
+def identifier(package):
+    text = subprocess.run(["msiinfo", "suminfo", package], capture_output=True, text=True, check=True).stdout
+    return re.search(r"Revision number \(UUID\): (\S+)", text)[1]
 
 
 def archived():
@@ -51,6 +59,16 @@ class Contents(unittest.TestCase):
         properties = {row["Property"]: row["Value"] for row in table("Property")}
         self.assertEqual(properties["ProductVersion"], kit.VERSION)
         self.assertEqual(properties["ALLUSERS"], "1")
+
+    # What made the installer had given it another one each time.
+    def test_the_same_files_make_an_installer_of_the_same_identifier(self):
+        with tempfile.TemporaryDirectory() as folder:
+            with zipfile.ZipFile(kit.ARCHIVE) as archive:
+                archive.extractall(folder)
+            again = pathlib.Path(folder) / "again"
+            subprocess.run(["python3", "-B", "installer/make.py", f"{folder}/Kestrix-{kit.VERSION}", again, kit.VERSION,
+                            "build/release/resource/art/kestrix.ico", "common/VdFrwk.idl"], cwd=kit.ROOT, check=True)
+            self.assertEqual(identifier(again.with_suffix(".msi")), identifier(kit.INSTALLER))
 
     def test_only_the_data_and_the_purge_settings_are_open_to_all_users(self):
         rows = {(row["Table"], row["LockObject"]): row["SDDLText"] for row in table("MsiLockPermissionsEx")}
