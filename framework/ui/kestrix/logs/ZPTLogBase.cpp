@@ -4,6 +4,7 @@
 #include "framework/ui/kestrix/controls/RichColorImageList.h"
 #include "framework/ui/kestrix/controls/Scale.h"
 #include "framework/ui/kestrix/controls/SortListCtrl.h"
+#include "framework/ui/kestrix/logs/ShownTexts.h"
 #include "platform/dialog/DialogFramework.h"
 #include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
@@ -25,6 +26,31 @@ int ComparePlain(LPARAM first, LPARAM second, LPARAM column)
     const auto& right = reinterpret_cast<const LogRec*>(second)->strData;
     const auto field = static_cast<std::size_t>(column);
     return field >= left.size() || field >= right.size() ? 0 : left[field].compare(right[field]);
+}
+
+std::size_t FieldsNeeded(const LogInfoRow& row)
+{
+    switch (row.field)
+    {
+    case NoField:
+        return 0;
+    case LastField:
+        return 1;
+    default:
+        return row.field + 1;
+    }
+}
+
+// What stands in the row; throws std::out_of_range when the record is too short.
+std::wstring_view RowText(const LogRec& record, const LogInfoRow& row)
+{
+    const std::wstring_view text = row.field == LastField ? record.LastField() : record.Field(row.field);
+    return text.empty() && row.whenEmpty != 0 ? std::wstring_view(LoadText(row.whenEmpty)) : text;
+}
+
+bool IsUnknownThreat(std::wstring_view name)
+{
+    return name == LoadText(IDS_UNKNOWN_THREAT_NAME);
 }
 
 } // namespace
@@ -59,6 +85,7 @@ void CZPTLogBase::Setup(const LogLayout& layout)
     {
         m_arrInfoLabel.push_back(row.caption == 0 ? std::wstring() : LoadText(row.caption));
         m_arrInfoVisible.push_back(row.visible ? 1 : 0);
+        m_nInfoFields = std::max(m_nInfoFields, FieldsNeeded(row));
     }
     if (layout.iconBitmap != 0)
     {
@@ -177,7 +204,47 @@ void CZPTLogBase::GetColumnText(const LogRec* record, std::wstring& text, int co
     }
     else if (const auto number = static_cast<std::size_t>(column); number < m_pLayout->columns.size())
     {
-        text = record->Field(m_pLayout->columns[number].field);
+        text = record->Field(ColumnField(*record, number));
+    }
+}
+
+std::size_t CZPTLogBase::ColumnField(const LogRec&, std::size_t column) const
+{
+    return m_pLayout->columns[column].field;
+}
+
+void CZPTLogBase::GetShownTexts(const LogRec& record, ShownTexts& texts) const
+{
+    texts.Clear();
+    if (m_pLayout != nullptr)
+    {
+        AddColumnTexts(record, texts);
+        AddInfoTexts(record, texts);
+    }
+}
+
+void CZPTLogBase::AddColumnTexts(const LogRec& record, ShownTexts& texts) const
+{
+    for (std::size_t column = 0; column < m_pLayout->columns.size(); ++column)
+    {
+        texts.Add(record.FieldOrEmpty(ColumnField(record, column)));
+    }
+}
+
+void CZPTLogBase::AddInfoTexts(const LogRec& record, ShownTexts& texts) const
+{
+    if (record.strData.size() < m_nInfoFields)
+    {
+        return;
+    }
+    for (const LogInfoRow& row : m_pLayout->infoRows)
+    {
+        if (row.field != NoField)
+        {
+            const std::wstring_view text = RowText(record, row);
+            const bool isUnknown = row.how == InfoText::Threat && IsUnknownThreat(text);
+            texts.Add(isUnknown ? std::wstring_view(LoadText(IDS_UNKNOWN_THREAT)) : text);
+        }
     }
 }
 
@@ -199,11 +266,7 @@ void CZPTLogBase::SetLogInfo(LogRec* record)
 void CZPTLogBase::ShowInfoRow(const LogRec& record, std::size_t row)
 {
     const LogInfoRow& layout = m_pLayout->infoRows[row];
-    std::wstring text(layout.field == LastField ? record.LastField() : record.Field(layout.field));
-    if (text.empty() && layout.whenEmpty != 0)
-    {
-        text = LoadText(layout.whenEmpty);
-    }
+    const std::wstring text(RowText(record, layout));
     if (row == WholeInfoRow)
     {
         m_strInfoText = text;
@@ -227,13 +290,13 @@ void CZPTLogBase::ShowInfoRow(const LogRec& record, std::size_t row)
 
 void CZPTLogBase::ShowThreat(const std::wstring& name)
 {
-    if (name != LoadText(IDS_UNKNOWN_THREAT_NAME))
+    if (IsUnknownThreat(name))
     {
-        m_pInfoDlg->SetInfoLink(name, name);
+        m_pInfoDlg->SetInfoText(0, LoadText(IDS_UNKNOWN_THREAT), {});
     }
     else
     {
-        m_pInfoDlg->SetInfoText(0, LoadText(IDS_UNKNOWN_THREAT), {});
+        m_pInfoDlg->SetInfoLink(name, name);
     }
 }
 

@@ -24,6 +24,7 @@ class CSortListCtrl;
 class ExportStream;
 class ExportWriter;
 class IDBManagerProvider;
+class ShownTexts;
 struct OrlLogEntry;
 template <class Entry>
 struct OrlVector;
@@ -113,6 +114,11 @@ public:
     // Shows the record in the detail pane. Nothing happens without a record or a page.
     virtual void SetLogInfo(LogRec* record);
 
+    // Puts in place of the texts those that the list and the detail pane show of the record. Nothing changes of the log
+    // or the record, and nothing is traced: a search asks for every record. Throws std::out_of_range where
+    // GetColumnText does.
+    void GetShownTexts(const LogRec& record, ShownTexts& texts) const;
+
     // The whole text of the third value, which the detail pane may show cut.
     const std::wstring& GetInfoText() const { return m_strInfoText; }
 
@@ -151,6 +157,14 @@ protected:
     // and finds them again in its operations.
     virtual LogRec* NewRecord(RecordMemory& memory) const;
 
+    // The field that a column of the layout shows of the record.
+    virtual std::size_t ColumnField(const LogRec& record, std::size_t column) const;
+
+    // Add the texts that a class shows: those of its columns, where it overrides GetColumnText, and those of its detail
+    // rows, where it overrides SetLogInfo.
+    virtual void AddColumnTexts(const LogRec& record, ShownTexts& texts) const;
+    virtual void AddInfoTexts(const LogRec& record, ShownTexts& texts) const;
+
     // The plain compare pair: the field numbered as the column, by code units.
     static int CALLBACK CompareFuncUp(LPARAM first, LPARAM second, LPARAM column);
     static int CALLBACK CompareFuncDn(LPARAM first, LPARAM second, LPARAM column);
@@ -185,5 +199,6 @@ private:
 
     const LogLayout* m_pLayout = nullptr;      // null before Setup
     std::vector<std::wstring_view> m_arrToken; // of the line being parsed; kept for its room
+    std::size_t m_nInfoFields = 0;             // that a record needs for its detail rows; shorter ones show none
     std::size_t m_nFieldCount = 0;             // fields of the last record, the room that the next one starts with
 };

@@ -2,6 +2,7 @@
 
 #include "common/VdCommon/VdComn_Number.h"
 #include "framework/ui/kestrix/logs/ColumnOrder.h"
+#include "framework/ui/kestrix/logs/ShownTexts.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
 #include "platform/dialog/ResourceText.h"
 #include "resource/WebAndTaskTexts.h"
@@ -167,16 +168,15 @@ std::wstring_view CZPTLogPhish::CategoryText(const LogRec& record) const
                                : TextOf(Categories, record.Field(FieldCategory), IDS_PHISHING_CATEGORY_OTHER);
 }
 
-void CZPTLogPhish::GetColumnText(const LogRec* record, std::wstring& text, int column) const
+std::size_t CZPTLogPhish::ColumnField(const LogRec& record, std::size_t column) const
 {
-    if (column == AddressColumn && IsDangerous(*record))
-    {
-        text = record->Field(FieldRelated);
-    }
-    else
-    {
-        CZPTLogBase::GetColumnText(record, text, column);
-    }
+    return column == AddressColumn && IsDangerous(record) ? FieldRelated : CZPTLogBase::ColumnField(record, column);
+}
+
+void CZPTLogPhish::AddInfoTexts(const LogRec& record, ShownTexts& texts) const
+{
+    texts.Add(record.FieldOrEmpty(FieldCategory));
+    texts.Add(record.FieldOrEmpty(FieldRisk));
 }
 
 void CZPTLogPhish::SetLogInfo(LogRec* record)
@@ -185,11 +185,9 @@ void CZPTLogPhish::SetLogInfo(LogRec* record)
     {
         return;
     }
-    const auto& fields = record->strData;
-    if (fields.size() > FieldRisk)
+    if (record->strData.size() > FieldRisk)
     {
-        m_pInfoDlg->SetInfoText(RiskRow, std::wstring(fields[FieldRisk]), {});
+        m_pInfoDlg->SetInfoText(RiskRow, std::wstring(record->Field(FieldRisk)), {});
     }
-    m_pInfoDlg->DrawTallInfo(std::wstring(fields.size() > FieldCategory ? fields[FieldCategory] : std::wstring_view()),
-                             TallPixels());
+    m_pInfoDlg->DrawTallInfo(std::wstring(record->FieldOrEmpty(FieldCategory)), TallPixels());
 }

@@ -5,6 +5,7 @@
 #include "framework/ui/kestrix/logs/BehaviorRecord.h"
 #include "framework/ui/kestrix/logs/ColumnOrder.h"
 #include "framework/ui/kestrix/logs/KeptTokens.h"
+#include "framework/ui/kestrix/logs/ShownTexts.h"
 #include "framework/ui/kestrix/logs/ThreatSources.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
 #include "platform/dialog/ResourceText.h"
@@ -112,6 +113,19 @@ std::wstring_view ProxyActionText(std::uint32_t action, std::uint32_t result)
     const auto row = std::ranges::find(ProxyActions, action, &ProxyAction::code);
     return row == std::end(ProxyActions) ? std::wstring_view()
                                          : std::wstring_view(LoadText(result == ResultDone ? row->done : row->failed));
+}
+
+// The two questions are about records that are as long as the detail pane needs.
+
+bool HasUnknownType(const LogRec& record)
+{
+    return record.Field(FieldType).empty() && record.Field(FieldThreat) == LoadText(IDS_UNKNOWN_THREAT_NAME);
+}
+
+// Whether the folder names the object as well.
+bool HoldsItsObject(const LogRec& record)
+{
+    return record.Field(FieldFolder).find(record.Field(FieldObject)) != std::wstring_view::npos;
 }
 
 } // namespace
@@ -326,10 +340,30 @@ void CZPTLogSpyware::ShowNothing()
     }
 }
 
+void CZPTLogSpyware::AddInfoTexts(const LogRec& record, ShownTexts& texts) const
+{
+    if (record.strData.size() < ShownFields)
+    {
+        return;
+    }
+    CZPTLogBase::AddInfoTexts(record, texts);
+    texts.Add(HasUnknownType(record) ? std::wstring_view(LoadText(IDS_SPYWARE_UNKNOWN_TYPE)) : record.Field(FieldType));
+    const std::wstring_view folder = record.Field(FieldFolder);
+    if (HoldsItsObject(record))
+    {
+        texts.Add(folder);
+    }
+    else
+    {
+        const bool isParted = folder.empty() || folder.back() == L'\\';
+        texts.AddMade(folder, isParted ? L"" : L"\\", record.Field(FieldObject));
+    }
+}
+
 void CZPTLogSpyware::ShowType(const LogRec& record)
 {
     std::wstring type(record.Field(FieldType));
-    if (type.empty() && record.Field(FieldThreat) == LoadText(IDS_UNKNOWN_THREAT_NAME))
+    if (HasUnknownType(record))
     {
         type = LoadText(IDS_SPYWARE_UNKNOWN_TYPE);
         m_pInfoDlg->DrawInfoText(TypeRow, TruncateText(type), type);
@@ -342,16 +376,15 @@ void CZPTLogSpyware::ShowType(const LogRec& record)
 
 void CZPTLogSpyware::ShowPath(LogRec& record)
 {
-    const std::wstring_view object = record.Field(FieldObject);
     std::wstring path(record.Field(FieldFolder));
-    if (path.find(object) == path.npos)
+    if (!HoldsItsObject(record))
     {
         if (!path.empty() && path.back() != L'\\')
         {
             path += L'\\';
             record.strData[FieldFolder] = record.Keep(path); // an export and the next click find it there
         }
-        path += object;
+        path += record.Field(FieldObject);
     }
     m_pInfoDlg->SetInfoText(PathRow, TruncateText(path), path);
     m_strInfoText = path;

@@ -20,6 +20,8 @@ public:
     virtual void MakeRecodeVdProxy(std::size_t index, std::wstring_view token, LogRec& record);
 
 protected:
+    void AddInfoTexts(const LogRec& record, ShownTexts& texts) const override;
+
     // The values of the record being parsed, texts cut as their writer's buffers are. Nothing is reset between records
     // but the source.
     std::uint32_t m_nSource = 0; // 0 between records

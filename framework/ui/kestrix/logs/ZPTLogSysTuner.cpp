@@ -4,6 +4,7 @@
 #include "common/VdCommon/VdComn_Number.h"
 #include "framework/ui/kestrix/logs/CodeTexts.h"
 #include "framework/ui/kestrix/logs/ColumnOrder.h"
+#include "framework/ui/kestrix/logs/ShownTexts.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
 #include "platform/dialog/OleDateTime.h"
 #include "platform/dialog/ResourceText.h"
@@ -26,6 +27,7 @@ enum Field : std::size_t
 };
 
 constexpr int StepColumn = 1;
+constexpr std::wstring_view BeforeItem = L" - "; // in that column
 
 constexpr LogColumn Columns[] = {
     {IDS_COLUMN_TIME, 100, FieldTime, FieldTime},
@@ -279,6 +281,14 @@ void CZPTLogSysTuner::GetColumnText(const LogRec* record, std::wstring& text, in
     CZPTLogBase::GetColumnText(record, text, column);
     if (column == StepColumn && record->Field(FieldItem) != NoItem)
     {
-        text.append(L" - ").append(record->Field(FieldItem));
+        text.append(BeforeItem).append(record->Field(FieldItem));
     }
+}
+
+void CZPTLogSysTuner::AddColumnTexts(const LogRec& record, ShownTexts& texts) const
+{
+    const std::wstring_view step = record.FieldOrEmpty(FieldStep);
+    const std::wstring_view item = record.FieldOrEmpty(FieldItem);
+    texts.Add(record.FieldOrEmpty(FieldTime));
+    item == NoItem ? texts.Add(step) : texts.AddMade(step, BeforeItem, item);
 }

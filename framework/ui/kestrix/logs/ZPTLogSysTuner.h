@@ -21,6 +21,8 @@ public:
     void GetColumnText(const LogRec* record, std::wstring& text, int column) const override;
 
 protected:
+    void AddColumnTexts(const LogRec& record, ShownTexts& texts) const override;
+
     // Turns a date in the form YYYY/MM/DD into the short date of the user's region, with whatever stands after it. A
     // text that does not begin with a date stays as it is.
     void FormatLastAccessDate(std::wstring& text);

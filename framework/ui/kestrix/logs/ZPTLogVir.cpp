@@ -60,10 +60,14 @@ constexpr LogLayout Layout = {
     .exportLabels = ExportLabels,
 };
 
+Field ResultField(const LogRec& record)
+{
+    return record.Field(FieldAction2).empty() ? FieldAction1 : FieldAction2;
+}
+
 std::wstring_view ResultText(const LogRec& record)
 {
-    const std::wstring_view second = record.Field(FieldAction2);
-    return second.empty() ? record.Field(FieldAction1) : second;
+    return record.Field(ResultField(record));
 }
 
 int CompareUp(LPARAM first, LPARAM second, LPARAM column)
@@ -242,16 +246,9 @@ bool CZPTLogVir::SetListLog()
     return true;
 }
 
-void CZPTLogVir::GetColumnText(const LogRec* record, std::wstring& text, int column) const
+std::size_t CZPTLogVir::ColumnField(const LogRec& record, std::size_t column) const
 {
-    if (column == ResultColumn)
-    {
-        text = ResultText(*record);
-    }
-    else
-    {
-        CZPTLogBase::GetColumnText(record, text, column);
-    }
+    return column == ResultColumn ? ResultField(record) : CZPTLogBase::ColumnField(record, column);
 }
 
 int CALLBACK CZPTLogVir::CompareFuncUp(LPARAM first, LPARAM second, LPARAM column)

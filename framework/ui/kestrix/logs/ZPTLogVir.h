@@ -13,7 +13,9 @@ public:
     void MakeRecode(std::size_t index, std::wstring_view token, LogRec& record) override;
     void MakeRecodeEOL(LogRec& record) override;
     bool SetListLog() override;
-    void GetColumnText(const LogRec* record, std::wstring& text, int column) const override;
+
+protected:
+    std::size_t ColumnField(const LogRec& record, std::size_t column) const override;
 
 private:
     static int CALLBACK CompareFuncUp(LPARAM first, LPARAM second, LPARAM column);
