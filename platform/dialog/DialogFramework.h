@@ -34,6 +34,7 @@
 #include "platform/dialog/Dialog.h"
 #include "platform/dialog/Exceptions.h"
 #include "platform/dialog/FileDialog.h"
+#include "platform/dialog/FindTextDialog.h"
 #include "platform/dialog/GdiObjects.h"
 #include "platform/dialog/IconResource.h"
 #include "platform/dialog/ImageList.h"

@@ -86,9 +86,11 @@ HWND AfxGetModalOwner() noexcept
 {
     const CWinApp* const app = AfxGetApp();
     const HWND main = app != nullptr && app->m_pMainWnd != nullptr ? app->m_pMainWnd->GetSafeHwnd() : nullptr;
-    if (main == nullptr)
+    // What stands modal above the main window has disabled it. The dialog that asks for a text to find stands beside
+    // it.
+    if (main == nullptr || ::IsWindowEnabled(main))
     {
-        return nullptr;
+        return main;
     }
     // The last popup may be a dialog that is hidden already and not yet gone.
     const HWND popup = ::GetLastActivePopup(main);

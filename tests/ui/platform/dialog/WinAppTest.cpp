@@ -132,6 +132,21 @@ TEST(WinAppTest, TheModalOwnerIsTheMainWindow)
     EXPECT_EQ(window.Get(), AfxGetModalOwner());
 }
 
+// The dialog that asks for a text to find is such a window: a box that belonged to it would leave the main window free.
+TEST(WinAppTest, AWindowBesideTheMainWindowOwnsNothingAndOneModalAboveItDoes)
+{
+    RecordingApp app;
+    CWnd main;
+    app.m_pMainWnd = &main;
+    ASSERT_TRUE(main.CWnd::Create(L"STATIC", {}, WS_POPUP | WS_VISIBLE, {0, 0, 200, 100}, nullptr, 0));
+    CWnd beside;
+    ASSERT_TRUE(beside.CWnd::Create(L"STATIC", {}, WS_POPUP | WS_VISIBLE, {0, 0, 100, 50}, main, 0));
+    ::SetActiveWindow(beside);
+    EXPECT_EQ(AfxGetModalOwner(), main.GetSafeHwnd());
+    main.EnableWindow(false);
+    EXPECT_EQ(AfxGetModalOwner(), beside.GetSafeHwnd());
+}
+
 TEST(WaitCursorTest, NestedCursorsGiveBackWhatStoodBefore)
 {
     const HCURSOR before = LoadCursorW(nullptr, IDC_CROSS);
