@@ -1,4 +1,5 @@
-// Names of the texts of the report and of the dialogs for settings and deletion, as resource.h has those of the rest.
+// Names of the texts of the report, of the dialogs for settings and deletion and of searches, as resource.h has those
+// of the rest.
 #pragma once
 
 // Texts: settings and deletion
@@ -11,6 +12,12 @@
 #define IDS_DELETE_HEADING 620
 #define IDS_DELETE_QUESTION 66
 #define IDS_DELETE_SIZE 67
+
+// Texts: where a search has ended
+#define IDS_SEARCH_NOTHING 840
+#define IDS_SEARCH_NO_OTHER 841
+#define IDS_SEARCH_FROM_TOP 842
+#define IDS_SEARCH_FROM_BOTTOM 843
 
 // Texts: the report page
 #define IDS_REPORT_PAGE_TITLE 576

@@ -75,6 +75,7 @@
 #define IDC_HEADING_DATES 1042
 #define IDC_HEADING_ENTRIES 1043
 #define IDC_HEADING_DETAILS 1044
+#define IDC_SEARCH_NOTE 1065
 #define IDC_DETAIL_FRAME 1053
 #define IDC_ALLOW 1064
 #define IDC_ALLOW_LABEL 1037
@@ -136,6 +137,8 @@
 #define IDS_KEYS_COPY 1334
 #define IDS_KEYS_COPY_WITH_HEADINGS 1335
 #define IDS_CLIPBOARD_IN_USE 1336
+#define IDS_MENU_FIND 1337
+#define IDS_KEYS_FIND 1338
 
 // Texts: entries of the log choice that are not the title of the log
 #define IDS_CHOICE_VIRUS 157

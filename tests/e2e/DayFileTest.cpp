@@ -1,15 +1,19 @@
 // The viewer on daily files: what a user sees and does.
 
 #include "framework/ui/kestrix/logs/ZPTLogVir.h"
+#include "resource/DialogTexts.h"
 #include "resource/resource.h"
 #include "tests/e2e/EventLogs.h"
 #include "tests/e2e/Input.h"
 #include "tests/e2e/Viewer.h"
+#include "tests/e2e/ViewerDialog.h"
 #include "tests/support/ClipboardText.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
+
+#include <dlgs.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -117,6 +121,31 @@ TEST_F(DayFileTest, AClickOnAHeaderSortsAndASecondTurnsTheOrder)
     EXPECT_TRUE(WaitUntil([&] { return viewer.Column(2) == (Texts{L"alpha", L"beta", L"delta", L"gamma"}); }));
     viewer.ClickHeader(2);
     EXPECT_TRUE(WaitUntil([&] { return viewer.Column(2) == (Texts{L"gamma", L"delta", L"beta", L"alpha"}); }));
+    EXPECT_EQ(viewer.Close(), 0u);
+}
+
+TEST_F(DayFileTest, F3AsksForATextGoesFromRecordToRecordAndSaysWhenTheSearchHasGoneRound)
+{
+    const Viewer viewer(FileCommandLine(VirusLog, WriteDay(m_folder.Path())));
+    ASSERT_NE(viewer.Form(), nullptr);
+    const auto isFound = [&](const wchar_t* threat)
+    { return WaitUntil([&] { return viewer.TextOf(IDC_INFO_VALUE_0_LINK) == threat; }); };
+    viewer.PressKey(VK_F3);
+    const ViewerDialog dialog(viewer, edt1);
+    for (const WORD key : {WORD{'T'}, WORD{'A'}, WORD{VK_RETURN}})
+    {
+        dialog.Press(key);
+    }
+    EXPECT_TRUE(isFound(L"delta"));
+    dialog.Press(VK_RETURN);
+    EXPECT_TRUE(isFound(L"beta"));
+    EXPECT_FALSE(IsWindowVisible(viewer.Item(IDC_SEARCH_NOTE)));
+    dialog.Press(VK_ESCAPE);
+    EXPECT_TRUE(dialog.WaitUntilClosed());
+    viewer.PressKey(VK_F3);
+    EXPECT_TRUE(isFound(L"delta"));
+    EXPECT_TRUE(WaitUntil([&] { return IsWindowVisible(viewer.Item(IDC_SEARCH_NOTE)) != FALSE; }));
+    EXPECT_EQ(viewer.TextOf(IDC_SEARCH_NOTE), Text(IDS_SEARCH_FROM_TOP));
     EXPECT_EQ(viewer.Close(), 0u);
 }
 

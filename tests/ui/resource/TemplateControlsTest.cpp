@@ -50,6 +50,7 @@ constexpr std::array PageControls{
     Control{IDC_HEADING_ENTRIES, Static, Shown},
     Control{IDC_RECORD_LIST, ListView,
             Shown | Stop | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS | LVS_OWNERDATA},
+    Control{IDC_SEARCH_NOTE, Static, SS_NOPREFIX},
     Control{IDC_DETAIL_FRAME, Static, Shown | SS_NOPREFIX},
     Control{IDC_HEADING_DETAILS, Static, Shown | SS_NOPREFIX},
     Control{IDC_INFO_VALUE_0_LINK, Static, Shown | SS_NOPREFIX | SS_ENDELLIPSIS | SS_NOTIFY},

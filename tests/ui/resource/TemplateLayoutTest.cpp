@@ -29,11 +29,12 @@ bool Overlap(const RECT& one, const RECT& other)
     return IntersectRect(&common, &one, &other) != FALSE;
 }
 
-// Pairs that may overlap: the two forms of a value, and a frame with what it surrounds.
+// Pairs that may overlap: the two forms of a value, a heading with the note in it, and a frame with what it surrounds.
 bool MayOverlap(int one, int other)
 {
     static const std::set<std::pair<int, int>> pairs{{IDC_INFO_VALUE_0_LINK, IDC_INFO_VALUE_0_TEXT},
-                                                     {IDC_INFO_VALUE_2, IDC_INFO_VALUE_2_WHOLE}};
+                                                     {IDC_INFO_VALUE_2, IDC_INFO_VALUE_2_WHOLE},
+                                                     {IDC_HEADING_ENTRIES, IDC_SEARCH_NOTE}};
     static const std::set<int> frames{IDC_DETAIL_FRAME, IDC_REPORT_FRAME};
     return frames.contains(one) || frames.contains(other) || pairs.contains(std::minmax(one, other));
 }

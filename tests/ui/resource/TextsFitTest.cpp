@@ -226,6 +226,19 @@ TEST_P(TextsFitTest, HeadingsFit)
                       VdCommon::String::FormatText(Text(IDS_REPORT_PAGE_TITLE), {Product}));
 }
 
+TEST_P(TextsFitTest, NotesOfASearchFitBesideTheHeadingInWhichTheyStand)
+{
+    const RECT heading = m_page.Place(IDC_HEADING_ENTRIES);
+    const RECT note = m_page.Place(IDC_SEARCH_NOTE);
+    EXPECT_TRUE(Holds(heading, note));
+    const int room = note.left - heading.left - 2 * 4; // pixels, without the frame of the heading
+    EXPECT_LE(HeadingTextSize(WithoutMark(Text(IDS_HEADING_ENTRIES)), FW_BOLD).cx, room);
+    for (const unsigned text : {IDS_SEARCH_NOTHING, IDS_SEARCH_NO_OTHER, IDS_SEARCH_FROM_TOP, IDS_SEARCH_FROM_BOTTOM})
+    {
+        ExpectHeadingFits(m_page, IDC_SEARCH_NOTE, Text(text));
+    }
+}
+
 TEST_P(TextsFitTest, EntriesOfTheChoicesFit)
 {
     for (const LogKind& kind : LogKinds())

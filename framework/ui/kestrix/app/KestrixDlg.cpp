@@ -4,7 +4,6 @@
 #include "framework/ui/kestrix/app/ProductName.h"
 #include "framework/ui/kestrix/app/PushButtonSkin.h"
 #include "framework/ui/kestrix/app/page/PageHost.h"
-#include "framework/ui/kestrix/app/page/PageKeys.h"
 #include "framework/ui/kestrix/app/page/PurgeFlow.h"
 #include "framework/ui/kestrix/controls/SkinColours.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
@@ -19,7 +18,8 @@ CKestrixDlg::~CKestrixDlg() = default;
 const MessageMap& CKestrixDlg::Map()
 {
     static constexpr auto rows =
-        MessageRows(On::Control<LBN_SELCHANGE, IDC_DATE_LIST, &CKestrixDlg::OnSelchangeLogDate>,
+        MessageRows(On::Message<WM_SHOWWINDOW, &CKestrixDlg::OnShowWindow>,
+                    On::Control<LBN_SELCHANGE, IDC_DATE_LIST, &CKestrixDlg::OnSelchangeLogDate>,
                     On::Notify<LVN_GETDISPINFOW, IDC_RECORD_LIST, &CKestrixDlg::OnGetDispInfoLogList>,
                     On::Notify<NM_CLICK, IDC_RECORD_LIST, &CKestrixDlg::OnClickLogList>,
                     On::Notify<LVN_ITEMCHANGED, IDC_RECORD_LIST, &CKestrixDlg::OnItemChangedLogList>,
@@ -45,6 +45,7 @@ void CKestrixDlg::DoDataExchange(CDataExchange& exchange)
     DDX_Control(exchange, IDC_VIEW, m_ViewButton);
     DDX_Control(exchange, IDC_SETTING, m_SettingButton);
     m_Headings.DoDataExchange(exchange);
+    m_Finder.DoDataExchange(exchange);
 }
 
 BOOL CKestrixDlg::OnInitDialog()
@@ -56,6 +57,7 @@ BOOL CKestrixDlg::OnInitDialog()
     m_SolidBrush.CreateSolidBrush(SkinColour::Ground);
     m_bSolidBackground = true;
     m_Headings.Start();
+    m_Finder.Start();
     SetSkin(m_ViewButton, true);
     SetSkin(m_SettingButton, true);
     SetFonts();
@@ -140,6 +142,7 @@ void CKestrixDlg::OnSelchangeLogDate()
     VD_TRACE(Flow, L"[Enter]CKestrixDlg::OnSelchangeLogDate() ");
     const CWaitCursor wait;
     m_RecordList.ForgetClicks();
+    m_Finder.Forget();
     if (Log() == nullptr)
     {
         return;

@@ -7,7 +7,9 @@
 #include "framework/ui/kestrix/app/page/LogOperations.h"
 #include "framework/ui/kestrix/app/page/PageCommands.h"
 #include "framework/ui/kestrix/app/page/PageHeadings.h"
+#include "framework/ui/kestrix/app/page/PageKeys.h"
 #include "framework/ui/kestrix/app/page/PageMenus.h"
+#include "framework/ui/kestrix/app/page/RecordFinder.h"
 #include "framework/ui/kestrix/app/page/RecordList.h"
 #include "framework/ui/kestrix/app/page/SelectionFollower.h"
 #include "framework/ui/kestrix/app/page/ShownLog.h"
@@ -67,6 +69,12 @@ public:
     // Takes the keyboard to the list of records when what has it in the form has gone, is disabled or takes no keys.
     void KeepFocusUsable() { ::KeepFocusUsable(*this, m_RecordList); }
 
+    // Does what a key does that is pressed beside the page; false for one that does nothing there.
+    bool RunKeyBeside(const MSG& message) { return IsWindowVisible() && RunPageKey(message, m_Commands); }
+
+    // While the form waits for a modal dialog, the dialog that asks for a text to find waits as well.
+    void EnableFinder(bool enable) { m_Finder.Enable(enable); }
+
     // Lends the page the form's buttons, which it enables while there is something to export or delete.
     void SetFormButtons(HWND exportButton, HWND deleteButton)
     {
@@ -93,9 +101,20 @@ protected:
 
     const MessageMap& GetMessageMap() const override { return Map(); }
 
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        return m_Finder.Take(message, lParam) ? 0 : CBitmapDialog::WindowProc(message, wParam, lParam);
+    }
+
     void DoDataExchange(CDataExchange& exchange) override;
 
 private:
+    LRESULT OnShowWindow(WPARAM shown, LPARAM)
+    {
+        m_Finder.NotePageShown(shown != 0);
+        return Default();
+    }
+
     void OnGetDispInfoLogList(NMLVDISPINFOW& info);
 
     void OnClickLogList(NMITEMACTIVATE&) { m_Follower.ShowNow(); }
@@ -148,7 +167,8 @@ private:
     CRecordList m_RecordList;
     CDetailPane m_DetailPane{m_ToolTip};
     CSelectionFollower m_Follower{m_RecordList, m_ShownLog};
-    CPageCommands m_Commands{m_ShownLog, m_RecordList, m_DetailPane, [this] { OnBnClickedBtnAddRule(); }};
+    CRecordFinder m_Finder{m_RecordList, m_ShownLog};
+    CPageCommands m_Commands{m_ShownLog, m_RecordList, m_DetailPane, m_Finder, [this] { OnBnClickedBtnAddRule(); }};
     CLogChoice m_TypeCombo;
     CExtendButton m_ViewButton;
     CExtendButton m_SettingButton;

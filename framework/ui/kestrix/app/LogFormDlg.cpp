@@ -61,6 +61,7 @@ const MessageMap& CLogFormDlg::Map()
     static constexpr auto rows = MessageRows(
         On::Message<WM_PAINT, &CLogFormDlg::OnPaint>, On::Message<WM_QUERYDRAGICON, &CLogFormDlg::OnQueryDragIcon>,
         On::Message<WM_ACTIVATE, &CLogFormDlg::OnActivate>, On::Message<WM_HELP, &CLogFormDlg::OnHelpKey>,
+        On::Message<WM_ENABLE, &CLogFormDlg::OnEnable>,
         On::Command<IDC_FORM_MINIMISE, &CLogFormDlg::OnBnClickedMinimise>,
         On::Command<IDC_FORM_CLOSE_BOX, &CLogFormDlg::OnCancel>, On::Command<IDC_FORM_CLOSE, &CLogFormDlg::OnCancel>,
         On::Command<ID_HELP, &CLogFormDlg::OnHelp>, On::Command<IDC_FORM_HELP, &CLogFormDlg::OnBnClickedBtnHelp>,
@@ -264,6 +265,13 @@ LRESULT CLogFormDlg::OnActivate(WPARAM how, LPARAM)
     return result;
 }
 
+// A modal dialog has come or gone.
+void CLogFormDlg::OnEnable(bool enabled)
+{
+    Default();
+    m_LogPage.EnableFinder(enabled);
+}
+
 // F1
 LRESULT CLogFormDlg::OnHelpKey(WPARAM, LPARAM)
 {
@@ -311,7 +319,7 @@ void CLogFormDlg::extHtmlHelp(UINT id)
 
 BOOL CLogFormDlg::PreTranslateMessage(MSG& message)
 {
-    if (message.message == WM_KEYDOWN && TranslateKeyDown(message))
+    if (m_LogPage.RunKeyBeside(message) || (message.message == WM_KEYDOWN && TranslateKeyDown(message)))
     {
         return TRUE;
     }

@@ -50,6 +50,7 @@ private:
     void OnPaint();
     HCURSOR OnQueryDragIcon();
     LRESULT OnActivate(WPARAM how, LPARAM other);
+    void OnEnable(bool enabled);
     void OnBnClickedMinimise();
     LRESULT OnHelpKey(WPARAM, LPARAM);
     void OnHelp();

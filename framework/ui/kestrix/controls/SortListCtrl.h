@@ -22,6 +22,9 @@ public:
 
     int InsertItem(const LVITEMW& item) override;
 
+    // What GetItemData returns, without a message for it: a search asks for the data of a million rows.
+    LPARAM RowData(int row) const { return HasRow(row) ? m_arrRow[static_cast<std::size_t>(row)].data : 0; }
+
 protected:
     static const MessageMap& Map();
 

@@ -1,6 +1,7 @@
 #include "framework/ui/kestrix/app/page/PageCommands.h"
 
 #include "framework/ui/kestrix/app/page/DetailPane.h"
+#include "framework/ui/kestrix/app/page/RecordFinder.h"
 #include "framework/ui/kestrix/app/page/RecordList.h"
 #include "framework/ui/kestrix/app/page/ShownLog.h"
 #include "platform/dialog/Clipboard.h"
@@ -21,11 +22,15 @@ constexpr CPageCommands::Row CPageCommands::Rows[] = {
     {PageCommand::CopyEntryWithHeadings, &CPageCommands::HasEntry, &CPageCommands::CopyEntryWithHeadings},
     {PageCommand::CopyValue, &CPageCommands::HasValue, &CPageCommands::CopyValue},
     {PageCommand::CopyDetails, &CPageCommands::HasDetails, &CPageCommands::CopyDetails},
+    {PageCommand::Find, &CPageCommands::Always, &CPageCommands::Find},
+    {PageCommand::FindNext, &CPageCommands::Always, &CPageCommands::FindNext},
+    {PageCommand::FindPrevious, &CPageCommands::Always, &CPageCommands::FindPrevious},
     {PageCommand::AllowProgram, &CPageCommands::CanAllow, &CPageCommands::AllowProgram},
 };
 
-CPageCommands::CPageCommands(CShownLog& log, CRecordList& list, CDetailPane& details, std::function<void()> allow)
-    : m_log(log), m_list(list), m_details(details), m_allow(std::move(allow))
+CPageCommands::CPageCommands(CShownLog& log, CRecordList& list, CDetailPane& details, CRecordFinder& finder,
+                             std::function<void()> allow)
+    : m_log(log), m_list(list), m_details(details), m_finder(finder), m_allow(std::move(allow))
 {
 }
 
@@ -99,6 +104,21 @@ void CPageCommands::CopyValue()
 void CPageCommands::CopyDetails()
 {
     Copy(m_details.AllText());
+}
+
+void CPageCommands::Find()
+{
+    m_finder.Ask();
+}
+
+void CPageCommands::FindNext()
+{
+    m_finder.GoOn(false);
+}
+
+void CPageCommands::FindPrevious()
+{
+    m_finder.GoOn(true);
 }
 
 void CPageCommands::AllowProgram()

@@ -6,6 +6,7 @@
 #include <string>
 
 class CDetailPane;
+class CRecordFinder;
 class CRecordList;
 class CShownLog;
 
@@ -16,6 +17,9 @@ enum class PageCommand
     CopyEntryWithHeadings, // the same below the line of labels
     CopyValue,             // what is selected in the value of the detail pane that has the keyboard
     CopyDetails,           // the captions and values of the detail pane
+    Find,                  // asks for a text and finds the records that show it
+    FindNext,              // the next of them in the direction that the user has chosen
+    FindPrevious,          // in the other direction
     AllowProgram,          // what the button of the detail pane does
 };
 
@@ -32,7 +36,8 @@ class CPageCommands
 {
 public:
     // What the commands are about, which outlives the object, and what the button does that allows a program.
-    CPageCommands(CShownLog& log, CRecordList& list, CDetailPane& details, std::function<void()> allow);
+    CPageCommands(CShownLog& log, CRecordList& list, CDetailPane& details, CRecordFinder& finder,
+                  std::function<void()> allow);
 
     CPageCommands(const CPageCommands&) = delete;
     CPageCommands& operator=(const CPageCommands&) = delete;
@@ -55,6 +60,8 @@ private:
     static const Row Rows[];
     static const Row& RowOf(PageCommand command);
 
+    bool Always() const { return true; }
+
     bool HasEntry() const;
     bool HasDetails() const;
     bool HasValue() const;
@@ -63,11 +70,15 @@ private:
     void CopyEntryWithHeadings();
     void CopyValue();
     void CopyDetails();
+    void Find();
+    void FindNext();
+    void FindPrevious();
     void AllowProgram();
     void Copy(const std::wstring& text) const;
 
     CShownLog& m_log;
     CRecordList& m_list;
     CDetailPane& m_details;
+    CRecordFinder& m_finder;
     const std::function<void()> m_allow;
 };

@@ -4,18 +4,21 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 namespace
 {
 
 constexpr UINT Ctrl = MOD_CONTROL;
 constexpr UINT Shift = MOD_SHIFT;
+constexpr UINT Nothing = 0;
+constexpr std::nullopt_t Anywhere = std::nullopt;
 
 struct PageKey
 {
     UINT held; // these of Ctrl, Shift and Alt, and no others
     WPARAM key;
-    PagePlace place;
+    std::optional<PagePlace> place; // none: wherever the keyboard is
     PageCommand command;
 };
 
@@ -25,6 +28,9 @@ constexpr PageKey Keys[] = {
     {Ctrl | Shift, 'C', PagePlace::Entries, PageCommand::CopyEntryWithHeadings},
     {Ctrl, 'C', PagePlace::Details, PageCommand::CopyValue},
     {Ctrl, VK_INSERT, PagePlace::Details, PageCommand::CopyValue},
+    {Ctrl, 'F', Anywhere, PageCommand::Find},
+    {Nothing, VK_F3, Anywhere, PageCommand::FindNext},
+    {Shift, VK_F3, Anywhere, PageCommand::FindPrevious},
 };
 
 UINT IfDown(int key, UINT held)
@@ -48,7 +54,8 @@ bool RunPageKey(const MSG& message, CPageCommands& commands)
     const PagePlace place = commands.PlaceOf(message.hwnd);
     const UINT held = KeysHeld();
     const auto found = std::ranges::find_if(
-        Keys, [&](const PageKey& row) { return row.held == held && row.key == message.wParam && row.place == place; });
+        Keys, [&](const PageKey& row)
+        { return row.held == held && row.key == message.wParam && row.place.value_or(place) == place; });
     if (found == std::end(Keys))
     {
         return false;

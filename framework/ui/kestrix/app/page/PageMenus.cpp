@@ -23,6 +23,7 @@ constexpr MenuItem EntryMenu[] = {
     {PageCommand::CopyEntry, IDS_MENU_COPY, IDS_KEYS_COPY, false},
     {PageCommand::CopyEntryWithHeadings, IDS_MENU_COPY_WITH_HEADINGS, IDS_KEYS_COPY_WITH_HEADINGS, false},
     {PageCommand::CopyDetails, IDS_MENU_COPY_DETAILS, 0, false},
+    {PageCommand::Find, IDS_MENU_FIND, IDS_KEYS_FIND, true},
     {PageCommand::AllowProgram, IDS_MENU_ALLOW, 0, true},
 };
 

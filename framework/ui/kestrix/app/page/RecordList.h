@@ -38,6 +38,9 @@ public:
     // Sorts by the column: upwards at first, the other way at each further click on it.
     void SortByClick(int column);
 
+    // The record of a row; null when there is none.
+    LogRec* RecordAt(int row) const { return reinterpret_cast<LogRec*>(RowData(row)); }
+
     // The record of the first selected row; null when there is none.
     LogRec* SelectedRecord() const;
 

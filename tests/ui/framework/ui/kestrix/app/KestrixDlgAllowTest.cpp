@@ -144,7 +144,7 @@ TEST_F(KestrixDlgAllowTest, TheMenuOfTheListAllowsWhenTheButtonDoes)
     {
         const MenuVisit visit(keys);
         m_page.SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_list.GetSafeHwnd()), MAKELPARAM(-1, -1));
-        return visit.Items().size() == 5 ? visit.Items()[4] : SeenItem{};
+        return visit.Items().size() == 7 ? visit.Items()[6] : SeenItem{};
     };
     EXPECT_EQ(allowItem({'A'}), (SeenItem{Text(IDS_MENU_ALLOW), true}));
     EXPECT_EQ(AllowedProgram(), L"C:\\a.exe");

@@ -119,7 +119,9 @@ TEST_F(KestrixDlgCopyTest, TheMenuOfTheListOffersWhatCanBeDone)
     {
         return Items{{L"&Copy\tCtrl+C", hasEntry},
                      {L"Copy with &headings\tCtrl+Shift+C", hasEntry},
-                     {L"Copy &details", hasDetails}};
+                     {L"Copy &details", hasDetails},
+                     {L"-", false},
+                     {L"&Find...\tCtrl+F", true}};
     };
     EXPECT_EQ(VisitMenu(m_list, {VK_ESCAPE}), items(false, false));
     ClickRow(0);

@@ -16,6 +16,20 @@ protected:
         ::PostMessageW(target, WM_KEYUP, key, 1);
     }
 
+    // Offers a message to the windows, as the message loop does. True: it is dealt with.
+    static bool IsTranslated(MSG& message)
+    {
+        for (HWND window = message.hwnd; window != nullptr; window = ::GetParent(window))
+        {
+            CWnd* const object = CWnd::FromHandlePermanent(window);
+            if (object != nullptr && object->PreTranslateMessage(message))
+            {
+                return true;
+            }
+        }
+        return false;
+    }
+
     static bool TakesKeys(HWND control)
     {
         const CWindow window(control);

@@ -61,19 +61,6 @@ protected:
         }
     }
 
-    static bool IsTranslated(MSG& message)
-    {
-        for (HWND window = message.hwnd; window != nullptr; window = ::GetParent(window))
-        {
-            CWnd* const object = CWnd::FromHandlePermanent(window);
-            if (object != nullptr && object->PreTranslateMessage(message))
-            {
-                return true;
-            }
-        }
-        return false;
-    }
-
     // The log loses its last day while the button has the focus.
     void ExpectToLeave(UINT button)
     {
