@@ -46,6 +46,7 @@ Figures BenchDays();
 Figures BenchList();
 Figures BenchSort();
 Figures BenchClear();
+Figures BenchFind();
 Figures BenchDay();
 Figures BenchClose();
 Figures BenchExport();

@@ -1,8 +1,10 @@
-// The rows of a log in the page's list, beside what a program does that has the records alone: sorting and freeing
-// them.
+// The rows of a log in the page's list, beside what a program does that has the records alone: sorting them, freeing
+// them and looking at their texts.
 
 #include "framework/ui/kestrix/app/LogFactory.h"
+#include "framework/ui/kestrix/app/page/RecordSearch.h"
 #include "framework/ui/kestrix/logs/ZPTLogBase.h"
+#include "platform/dialog/FindTextDialog.h"
 #include "tests/bench/Bench.h"
 #include "tests/bench/BenchFile.h"
 #include "tests/bench/Timing.h"
@@ -11,6 +13,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace
@@ -19,6 +22,7 @@ namespace
 constexpr double ListBudget = 1.5;
 constexpr double SortBudget = 1.2;
 constexpr double ClearBudget = 1.5;
+constexpr double FindBudget = 2;
 constexpr std::uint64_t FirewallRecords = 100'000; // which are sorted by addresses too
 constexpr int SortRounds = 3;                      // a sort takes seconds, and what it has to do is the same each time
 
@@ -129,7 +133,46 @@ void SortByAll(ShownLog& log, const std::string& name, Figures& figures)
     }
 }
 
+// One pass over the texts: each character of each field is looked at once, in the order of the rows.
+void PassOverTexts(const std::vector<LPARAM>& records)
+{
+    for (const LPARAM record : records)
+    {
+        for (const std::wstring_view text : reinterpret_cast<const LogRec*>(record)->strData)
+        {
+            Require(text.find(L'\n') == text.npos, "a text of the log has a line end");
+        }
+    }
+}
+
+// A text that begins as many do, and that no record has.
+void FindNothing(ShownLog& log)
+{
+    CRecordSearch search(log.Log(), {.text = L"trojan.that.is.nowhere"});
+    const auto isWanted = [&](int row)
+    { return search.IsIn(reinterpret_cast<const LogRec*>(log.List().RowData(row))); };
+    Require(FindRow(static_cast<int>(log.Count()), FoundRow::None, true, isWanted).row == FoundRow::None,
+            "a record has the text");
+}
+
+Figure Find(const LogKind& kind)
+{
+    ShownLog log(kind.type, BenchFile::Records);
+    log.Fill();
+    const std::vector<LPARAM> records = log.Records();
+    const std::vector<double> times = MedianTimes({
+        {[&] { PassOverTexts(records); }},
+        {[&] { FindNothing(log); }},
+    });
+    return {"find: nothing in a million " + Narrow(kind.extension) + " records", times[1], "ms", times[0], FindBudget};
+}
+
 } // namespace
+
+Figures BenchFind()
+{
+    return {Find(*FindLogKind(LogTypeVirus)), Find(*FindLogKind(LogTypeSpyware)), Find(*FindLogKind(LogTypeFirewall))};
+}
 
 Figures BenchList()
 {

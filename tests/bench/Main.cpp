@@ -25,9 +25,9 @@ struct Bench
 
 constexpr Bench Benches[] = {
     {L"read", &BenchRead},   {L"memory", &BenchMemory}, {L"database", &BenchDatabase}, {L"days", &BenchDays},
-    {L"list", &BenchList},   {L"sort", &BenchSort},     {L"clear", &BenchClear},       {L"day", &BenchDay},
-    {L"close", &BenchClose}, {L"export", &BenchExport}, {L"trace", &BenchTrace},       {L"start", &BenchStart},
-    {L"rules", &BenchRules}, {L"delete", &BenchDelete}, {L"report", &BenchReport},
+    {L"list", &BenchList},   {L"sort", &BenchSort},     {L"clear", &BenchClear},       {L"find", &BenchFind},
+    {L"day", &BenchDay},     {L"close", &BenchClose},   {L"export", &BenchExport},     {L"trace", &BenchTrace},
+    {L"start", &BenchStart}, {L"rules", &BenchRules},   {L"delete", &BenchDelete},     {L"report", &BenchReport},
 };
 
 constexpr int OverBudget = 1;
