@@ -74,7 +74,7 @@ class TopicsTest(unittest.TestCase):
 
     def test_a_title_that_the_compiler_would_misread(self):
         self.in_topics("Export entries", "Export & more")
-        self.assertEqual(self.violations(), ["topics.tsv:4: the title 'Export & more' is not of letters, digits, blanks"
+        self.assertEqual(self.violations(), ["topics.tsv:5: the title 'Export & more' is not of letters, digits, blanks"
                                              " and hyphens alone"])
 
     def test_a_topic_that_the_index_lacks(self):
@@ -83,12 +83,12 @@ class TopicsTest(unittest.TestCase):
 
     def test_a_topic_that_follows_none(self):
         self.in_topics("firewall\t\tallow", "walls\t\tallow")
-        with self.assertRaisesRegex(topics.MalformedTable, "topics.tsv:10: there is no topic 'walls' before this one"):
+        with self.assertRaisesRegex(topics.MalformedTable, "topics.tsv:11: there is no topic 'walls' before this one"):
             self.violations()
 
     def test_a_line_with_a_column_too_few(self):
         self.in_topics("export\tExport entries\t", "export\tExport entries")
-        with self.assertRaisesRegex(topics.MalformedTable, "topics.tsv:4: 4 columns instead of 5"):
+        with self.assertRaisesRegex(topics.MalformedTable, "topics.tsv:5: 4 columns instead of 5"):
             self.violations()
 
     def test_a_context_that_is_no_number(self):
@@ -148,7 +148,7 @@ class TopicsTest(unittest.TestCase):
 
     def test_a_title_for_no_topic(self):
         self.replace(self.folder / "topics/de-DE/titles.tsv", "scans\t", "scan\t")
-        with self.assertRaisesRegex(topics.MalformedTable, "titles.tsv:22: there is no topic 'scan'"):
+        with self.assertRaisesRegex(topics.MalformedTable, "titles.tsv:23: there is no topic 'scan'"):
             self.violations("de-DE")
 
     def test_a_language_without_its_folder_or_its_row(self):
