@@ -39,10 +39,11 @@ namespace
 {
 
 // InitInstance and Run; an exception of either is reported and returns -1.
-int RunApplication(CWinApp& app)
+int RunApplication(CWinApp& app, const wchar_t* commandLine)
 {
     try
     {
+        app.m_strCmdLine = commandLine != nullptr ? commandLine : L"";
         return app.InitInstance() ? app.Run() : 0;
     }
     catch (...)
@@ -74,9 +75,8 @@ int AfxWinMain(HINSTANCE, const wchar_t* commandLine, int show)
     {
         return -1;
     }
-    app->m_strCmdLine = commandLine != nullptr ? commandLine : L"";
     app->m_nShow = show;
-    app->m_nExitCode = RunApplication(*app);
+    app->m_nExitCode = RunApplication(*app, commandLine);
     const int exitCode = EndApplication(*app);
     AfxOleTerm();
     return exitCode;
