@@ -4,7 +4,7 @@
 #include "framework/ui/kestrix/logs/EventLogKey.h"
 
 #include <algorithm>
-#include <cwchar>
+#include <cstdlib>
 
 namespace
 {
@@ -52,6 +52,14 @@ constexpr Setting Settings[] = {
     Number(L"ArrowYTitleYOffset", 20, &ReportSettings::m_nArrowYTitleYOffset),
 };
 
+// As wcstod reads it, which some run-time libraries have write a copy of the text into memory that they may lack.
+double FractionOf(const std::wstring& text)
+{
+    std::string narrow(text.size(), '\0');
+    std::ranges::transform(text, narrow.begin(), [](wchar_t c) { return c < 0x80 ? static_cast<char>(c) : '\0'; });
+    return std::strtod(narrow.c_str(), nullptr);
+}
+
 } // namespace
 
 ReportSettings ReadReportSettings()
@@ -64,7 +72,7 @@ ReportSettings ReadReportSettings()
         {
             const std::wstring text =
                 QueryValue(HKEY_LOCAL_MACHINE, EventLogKey, setting.name, setting.fractionDefault);
-            settings.*setting.fraction = std::wcstod(text.c_str(), nullptr);
+            settings.*setting.fraction = FractionOf(text);
         }
         else
         {
