@@ -19,6 +19,20 @@ using ValueAlternatives = std::variant<bool, std::uint8_t, std::uint16_t, std::u
 struct Value : ValueAlternatives
 {
     using ValueAlternatives::ValueAlternatives;
+
+    // The library's own copying calls whatever it finds when memory runs out in it: it destroys an alternative that was
+    // never there, since those of this variant count as always there.
+    Value(const Value& other)
+        : ValueAlternatives(std::visit([](const auto& part) { return ValueAlternatives(part); },
+                                       static_cast<const ValueAlternatives&>(other)))
+    {
+    }
+
+    Value(Value&&) = default;
+
+    Value& operator=(const Value& other) { return *this = Value(other); }
+
+    Value& operator=(Value&&) = default;
 };
 
 // What names a value: its type and sub type.
