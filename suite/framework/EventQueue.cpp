@@ -20,7 +20,7 @@ bool EventQueue::Push(const CommandEvent& event)
     const bool isFull = m_events.size() == MostWaiting;
     if (isFull)
     {
-        m_events.pop_front();
+        m_events.erase(m_events.begin());
     }
     m_events.push_back(event);
     return !isFull;
@@ -29,7 +29,7 @@ bool EventQueue::Push(const CommandEvent& event)
 CommandEvent EventQueue::Pop()
 {
     const CommandEvent oldest = m_events.front();
-    m_events.pop_front();
+    m_events.erase(m_events.begin());
     return oldest;
 }
 

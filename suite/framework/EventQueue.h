@@ -2,7 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
+#include <vector>
 
 namespace Framework
 {
@@ -26,6 +26,8 @@ class EventQueue
 public:
     static constexpr std::size_t MostWaiting = 32;
 
+    EventQueue() { m_events.reserve(MostWaiting); } // so that no event is lost for want of memory
+
     // Puts the event at the end, in place of one that waits and tells of the same: all but the first word is the same,
     // which says how it went this time. When MostWaiting others wait the oldest of them is lost; false then.
     bool Push(const CommandEvent& event);
@@ -36,7 +38,7 @@ public:
     CommandEvent Pop();
 
 private:
-    std::deque<CommandEvent> m_events;
+    std::vector<CommandEvent> m_events;
 };
 
 } // namespace Framework

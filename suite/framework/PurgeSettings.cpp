@@ -14,14 +14,30 @@ constexpr wchar_t Key[] = L"Software\\Veldrane\\Zeptara\\17\\ServiceFramework\\E
 constexpr wchar_t DaysName[] = L"EventLogPurgeFre";
 constexpr wchar_t FlagName[] = L"EventLogPurgeFlag";
 
+// Whether the system has answered that there is no such number, and not failed to answer.
+bool IsMissing(LSTATUS status)
+{
+    return status == ERROR_FILE_NOT_FOUND || status == ERROR_UNSUPPORTED_TYPE || status == ERROR_MORE_DATA ||
+           status == ERROR_INVALID_DATA;
+}
+
+void Require(LSTATUS status, const char* failure)
+{
+    if (status != ERROR_SUCCESS)
+    {
+        throw std::system_error(static_cast<int>(status), std::system_category(), failure);
+    }
+}
+
 void Read(const wchar_t* name, std::uint32_t& number)
 {
     DWORD value = 0;
     DWORD size = sizeof value;
-    if (RegGetValueW(HKEY_LOCAL_MACHINE, Key, name, RRF_RT_REG_DWORD, nullptr, &value, &size) == ERROR_SUCCESS &&
-        size == sizeof value)
+    const LSTATUS status = RegGetValueW(HKEY_LOCAL_MACHINE, Key, name, RRF_RT_REG_DWORD, nullptr, &value, &size);
+    if (!IsMissing(status))
     {
-        number = value;
+        Require(status, "the purge settings cannot be read");
+        number = size == sizeof value ? value : number;
     }
 }
 
@@ -38,13 +54,9 @@ LSTATUS Store(const wchar_t* name, std::uint32_t number)
     return RegSetKeyValueW(HKEY_LOCAL_MACHINE, Key, name, REG_DWORD, &value, sizeof value);
 }
 
-void Require(LSTATUS status)
+void RequireStored(LSTATUS status)
 {
-    if (status != ERROR_SUCCESS)
-    {
-        throw std::system_error(static_cast<int>(status), std::system_category(),
-                                "the purge settings cannot be stored");
-    }
+    Require(status, "the purge settings cannot be stored");
 }
 
 } // namespace
@@ -66,13 +78,13 @@ void WritePurgeSettings(const PurgeSettings& settings)
     const bool isOff = settings.flag == 0;
     const Change& first = isOff ? flag : days;
     const Change& second = isOff ? days : flag;
-    Require(Store(first.name, first.after));
+    RequireStored(Store(first.name, first.after));
     const LSTATUS status = Store(second.name, second.after);
     if (status != ERROR_SUCCESS)
     {
         Store(first.name, first.before);
     }
-    Require(status);
+    RequireStored(status);
 }
 
 } // namespace Framework

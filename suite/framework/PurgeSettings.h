@@ -21,7 +21,8 @@ constexpr bool AreSensible(const PurgeSettings& settings)
     return settings.days >= 1 && settings.days <= hundredYears && settings.flag <= 1;
 }
 
-// A value that is missing, or no number, has its default.
+// A value that is missing, or no number, has its default. Throws std::system_error when the registry cannot be read:
+// by the defaults events are deleted that somebody may want to keep.
 PurgeSettings ReadPurgeSettings();
 
 // Throws std::system_error, and the settings are then what they were. A process that ends between the two values leaves

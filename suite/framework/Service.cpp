@@ -2,6 +2,7 @@
 
 #include "suite/database/LogKinds.h"
 #include "suite/framework/Caller.h"
+#include "suite/framework/ComObject.h"
 #include "suite/framework/Day.h"
 #include "suite/framework/Shape.h"
 #include "suite/framework/Trace.h"
@@ -69,7 +70,8 @@ HRESULT Service::DoCommand(const ValueKey& command, const List& list)
     m_worker.Post(
         [this, purge = *purge, caller = Caller(), lock = ServiceLock(m_objects)]
         {
-            const HRESULT result = PurgeByOrder(purge, caller.Name()) ? Success : E_FAIL;
+            const HRESULT done = WithoutExceptions([&] { return PurgeByOrder(purge, caller.Name()); });
+            const HRESULT result = SUCCEEDED(done) ? Success : E_FAIL;
             m_events.Raise(
                 {CompletionEvent, Purge.type, Purge.subType, static_cast<std::uint32_t>(result), purge.kind});
         });
@@ -83,24 +85,36 @@ void Service::RaiseExit()
 
 void Service::PurgeIfDue()
 {
-    const PurgeSettings settings = m_profile.Purging();
-    if (const auto due = DuePurge(settings, m_lastTry, m_calendar.Today()))
-    {
-        m_lastTry = due;
-        Post({*due, settings.days});
-    }
+    WithoutExceptions(
+        [this]
+        {
+            const PurgeSettings settings = m_profile.Purging();
+            if (const auto due = DuePurge(settings, m_lastTry, m_calendar.Today()))
+            {
+                Post({*due, settings.days});
+                m_lastTry = due;
+            }
+            return Success;
+        });
 }
 
-bool Service::PurgeByOrder(const PurgeCommand& purge, const std::string& caller)
+HRESULT Service::PurgeByOrder(const PurgeCommand& purge, const std::string& caller)
 {
     // The order stands there first, so that it is found also when the process ends in the middle.
     m_journal.Write(NameOf(purge) + ": deletion ordered by " + caller);
     const std::optional<std::uint64_t> deleted = Delete(purge);
-    if (deleted)
+    if (!deleted)
     {
-        m_journal.Write(NameOf(purge) + ": " + std::to_string(*deleted) + " entries deleted, by order of " + caller);
+        return E_FAIL;
     }
-    return deleted.has_value();
+    WithoutExceptions(
+        [&]
+        {
+            m_journal.Write(NameOf(purge) + ": " + std::to_string(*deleted) + " entries deleted, by order of " +
+                            caller);
+            return Success;
+        });
+    return Success; // they are gone, whether the journal has it or not
 }
 
 // Each kind is work of its own, so that an order that comes meanwhile waits for one of them at most.

@@ -61,8 +61,8 @@ public:
     void RaiseExit();
 
     // Starts the scheduled purge of all kinds when it is due (PurgeSchedule.h) by the settings of the moment. A failed
-    // one is tried again by the next process or on the next day. Raises no event: no client asked. To be called at
-    // start and once a minute, by one thread.
+    // one is tried again by the next process or on the next day, one that cannot be begun by the next call. Raises no
+    // event: no client asked. To be called at start and once a minute, by one thread.
     void PurgeIfDue();
 
 private:
@@ -75,7 +75,7 @@ private:
         bool isDone = true; // so far
     };
 
-    bool PurgeByOrder(const PurgeCommand& purge, const std::string& caller);
+    HRESULT PurgeByOrder(const PurgeCommand& purge, const std::string& caller);
     void Post(const Pass& pass);
     void PurgeBySchedule(Pass pass);
     void Note(const ScheduledPurge& purge);

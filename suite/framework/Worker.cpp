@@ -1,5 +1,7 @@
 #include "suite/framework/Worker.h"
 
+#include "suite/framework/ComObject.h"
+
 #include <utility>
 
 namespace Framework
@@ -39,7 +41,7 @@ void Worker::Run()
         std::function<void()> work = std::move(m_queue.front());
         m_queue.pop_front();
         lock.unlock();
-        work();
+        WithoutExceptions([&work] { return work(), S_OK; });
         work = nullptr; // what it holds goes before the next wait
         lock.lock();
     }

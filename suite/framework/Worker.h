@@ -9,8 +9,8 @@
 namespace Framework
 {
 
-// A thread that does one piece of work after the other, in the order in which they were posted. Work lets no exception
-// out. The destructor returns when all is done.
+// A thread that does one piece of work after the other, in the order in which they were posted. An exception ends the
+// piece of work that throws it. The destructor returns when all is done.
 class Worker
 {
 public:

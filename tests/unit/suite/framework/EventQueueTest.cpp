@@ -1,6 +1,7 @@
 #include "suite/framework/EventQueue.h"
 
 #include "suite/database/LogKinds.h"
+#include "tests/support/AllocationWatch.h"
 
 #include <gtest/gtest.h>
 
@@ -85,4 +86,19 @@ TEST(EventQueueTest, BeyondTheBoundTheOldestIsLost)
     ASSERT_EQ(left.size(), EventQueue::MostWaiting);
     EXPECT_EQ(left.front(), Purged(2));
     EXPECT_EQ(left.back(), Exit);
+}
+
+// The event of a purge got lost, and its client waited for it.
+TEST(EventQueueTest, TakesEventsWhenMemoryHasRunOut)
+{
+    EventQueue queue;
+    {
+        AllocationWatch memory;
+        memory.FailAbove(0);
+        for (std::uint32_t kind = 1; kind <= EventQueue::MostWaiting; ++kind)
+        {
+            queue.Push(Purged(kind));
+        }
+    }
+    EXPECT_EQ(TakeAll(queue).size(), EventQueue::MostWaiting);
 }
