@@ -9,6 +9,7 @@
 #include <memory>
 #include <new>
 #include <set>
+#include <utility>
 #include <vector>
 
 namespace Framework
@@ -136,16 +137,17 @@ void ObjectTable::Add(HeldObject& object)
 {
     const DWORD process = CallingProcess();
     const std::lock_guard guard(m_mutex);
-    std::unique_ptr<Client>& client = m_clients[process];
-    if (!client)
+    auto place = m_clients.find(process);
+    if (place == m_clients.end())
     {
-        client = std::make_unique<Client>();
+        auto client = std::make_unique<Client>();
         if (process != GetCurrentProcessId())
         {
             client->Watch(process, Changed());
         }
+        place = m_clients.emplace(process, std::move(client)).first;
     }
-    client->objects.insert(&object);
+    place->second->objects.insert(&object);
     m_bWasUsed = true;
     CountOneMore();
 }
