@@ -34,11 +34,11 @@ std::optional<std::string> ReadWhole(const std::filesystem::path& path)
     }
     LARGE_INTEGER size{};
     DWORD read = 0;
-    std::string bytes;
-    if (GetFileSizeEx(file.get(), &size))
+    if (!GetFileSizeEx(file.get(), &size))
     {
-        bytes.resize(static_cast<std::size_t>(size.QuadPart));
+        ThrowLastError("the stored values cannot be read");
     }
+    std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
     if (!ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr))
     {
         ThrowLastError("the stored values cannot be read");
