@@ -3,11 +3,9 @@
 #include "tests/fuzz/Harness.h"
 
 #include "suite/common/KernelHandle.h"
+#include "tests/support/CrashWatch.h"
 
-#include <atomic>
-#include <chrono>
 #include <filesystem>
-#include <thread>
 
 namespace Fuzz
 {
@@ -26,22 +24,15 @@ public:
     // Before an input is read. It must stay as it is until the next call.
     void Begin(std::string_view input);
 
-    // What the watched input did.
-    [[noreturn]] void Tell(const char* what);
-
 private:
-    void AwaitHang();
+    void Tell(const char* what) const;
     void TakeLastCrash() const;
-
-    using Clock = std::chrono::steady_clock;
 
     const Harness& m_harness;
     const std::filesystem::path m_crashPath; // of the bare bytes
     Suite::KernelHandle m_crashFile;
     std::string_view m_input{};
-    std::atomic<Clock::rep> m_since;
-    std::atomic<bool> m_bEnds = false;
-    std::thread m_thread;
+    CrashWatch m_watch{[this](const char* what) { Tell(what); }};
 };
 
 } // namespace Fuzz
