@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/VdFrwk.h"
+#include "tests/support/FaultPoints.h"
 
 #include <atomic>
 #include <functional>
@@ -32,6 +33,7 @@ public:
     STDMETHODIMP OnCommandEvent(ULONG event, ULONG messageType, ULONG messageSubType, ULONG word1, ULONG, ULONG, ULONG,
                                 VdFrwkBlock, VdFrwkBlock, LPSAFEARRAY) override
     {
+        const FaultPoints::Pause pause;
         m_nLastWord = word1;
         return m_take(std::to_string(event) + " " + std::to_string(static_cast<long>(messageType)) + " " +
                       std::to_string(messageSubType));

@@ -1,5 +1,7 @@
 #include "tests/support/ControllerDouble.h"
 
+#include "tests/support/FaultPoints.h"
+
 #include <stdexcept>
 
 namespace
@@ -80,6 +82,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override
     {
+        const FaultPoints::Pause pause;
         HRESULT result = S_OK;
         if (m_owner.Ends(Step::Advise, L"Advise " + NameOf(m_nCookie), result))
         {
@@ -98,6 +101,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override
     {
+        const FaultPoints::Pause pause;
         HRESULT result = S_OK;
         if (m_owner.Ends(Step::Unadvise, L"Unadvise " + NameOf(m_nCookie) + L" " + std::to_wstring(cookie), result))
         {
@@ -137,6 +141,7 @@ public:
     HRESULT STDMETHODCALLTYPE QueryValue(ULONG type, ULONG subType, ULONG zero, ULONG zeroToo, ULONG* word,
                                          LPSAFEARRAY* array) override
     {
+        const FaultPoints::Pause pause;
         HRESULT result = S_OK;
         if (this->m_owner.Ends(Step::Query, CallOf(L"QueryValue", type, subType, zero, zeroToo, *word, *array), result))
         {
@@ -148,6 +153,7 @@ public:
     HRESULT STDMETHODCALLTYPE SetValue(ULONG type, ULONG subType, ULONG zero, ULONG zeroToo, ULONG* word, ULONG*,
                                        LPSAFEARRAY array) override
     {
+        const FaultPoints::Pause pause;
         return this->m_owner.Take(Step::Set, CallOf(L"SetValue", type, subType, zero, zeroToo, *word, array), type,
                                   array);
     }
@@ -160,6 +166,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override
     {
+        const FaultPoints::Pause pause;
         *object = nullptr;
         if (id == __uuidof(IConnectionPointContainer))
         {
@@ -189,6 +196,7 @@ public:
     HRESULT STDMETHODCALLTYPE DoCommand(ULONG type, ULONG subType, ULONG zero, ULONG zeroToo, ULONG* word, ULONG*,
                                         LPSAFEARRAY array) override
     {
+        const FaultPoints::Pause pause;
         return m_owner.Take(Step::Command, CallOf(L"DoCommand", type, subType, zero, zeroToo, *word, array), type,
                             array);
     }
@@ -223,6 +231,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID id, IConnectionPoint** point) override
     {
+        const FaultPoints::Pause pause;
         *point = nullptr;
         const DWORD cookie = CookieOf(id);
         HRESULT result = S_OK;
@@ -243,6 +252,7 @@ private:
     template <class Interface>
     HRESULT Give(Step step, const std::wstring& call, Interface** values)
     {
+        const FaultPoints::Pause pause;
         *values = nullptr;
         HRESULT result = S_OK;
         if (m_owner.Ends(step, call, result))
@@ -284,6 +294,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID id, void** object) override
     {
+        const FaultPoints::Pause pause;
         *object = nullptr;
         HRESULT result = S_OK;
         if (m_owner.Ends(Step::Create, L"CreateInstance", result))
@@ -344,6 +355,11 @@ bool ControllerDouble::Ends(Step step, const std::wstring& call, HRESULT& result
     if (m_onCall)
     {
         m_onCall(call);
+    }
+    if (FaultPoints::CallFails(FaultKind::Com))
+    {
+        result = E_OUTOFMEMORY;
+        return true;
     }
     const auto found = m_failures.find(step);
     if (found == m_failures.end())

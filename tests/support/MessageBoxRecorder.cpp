@@ -1,5 +1,7 @@
 #include "tests/support/MessageBoxRecorder.h"
 
+#include "tests/support/FaultPoints.h"
+
 extern "C" decltype(&::MessageBoxW) __imp_MessageBoxW;
 
 MessageBoxRecorder* MessageBoxRecorder::s_current = nullptr;
@@ -16,6 +18,7 @@ MessageBoxRecorder::~MessageBoxRecorder()
 
 int WINAPI MessageBoxRecorder::Record(HWND owner, LPCWSTR text, LPCWSTR caption, UINT flags)
 {
+    const FaultPoints::Pause pause;
     s_current->m_arrBox.push_back({text, caption, flags, owner});
     if (s_current->m_onBox)
     {

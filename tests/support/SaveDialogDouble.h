@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/support/FaultPoints.h"
 #include "tests/support/ImportPatch.h"
 
 #include <windows.h>
@@ -52,7 +53,11 @@ public:
     std::function<void()> m_whileOpen = [] {};
 
 private:
-    static BOOL WINAPI Show(OPENFILENAMEW* choice) { return s_current->Answered(*choice); }
+    static BOOL WINAPI Show(OPENFILENAMEW* choice)
+    {
+        const FaultPoints::Pause pause;
+        return s_current->Answered(*choice);
+    }
 
     static std::wstring TextOf(const wchar_t* text) { return text != nullptr ? text : L""; }
 

@@ -7,6 +7,7 @@
 #include "tests/support/ImportPatch.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/MessageBoxRecorder.h"
+#include "tests/support/OnTheLoop.h"
 #include "tests/support/OrlRecorder.h"
 #include "tests/support/RegistrySandbox.h"
 #include "tests/support/TemporaryFolder.h"
@@ -33,43 +34,6 @@ constexpr auto Refused = static_cast<HRESULT>(0x80040299);
 constexpr wchar_t MaxCount[] = L"[InitInstance] Executing Log UI reached to Max count.";
 constexpr wchar_t BoxExists[] = L"[InitInstance] message-box has already existed.";
 constexpr wchar_t Terminated[] = L"***Kestrix.exe was terminated.";
-
-// Runs a step on the thread's loop, again and again until it says that it is done.
-class OnTheLoop
-{
-public:
-    explicit OnTheLoop(std::function<bool()> step) : m_step(std::move(step))
-    {
-        s_current = this;
-        m_nTimer = SetTimer(nullptr, 0, 20, &Tick);
-    }
-
-    ~OnTheLoop()
-    {
-        KillTimer(nullptr, m_nTimer);
-        s_current = nullptr;
-    }
-
-    OnTheLoop(const OnTheLoop&) = delete;
-    OnTheLoop& operator=(const OnTheLoop&) = delete;
-
-    bool IsDone() const { return m_bDone; }
-
-private:
-    static void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD)
-    {
-        if (s_current != nullptr && !s_current->m_bDone)
-        {
-            s_current->m_bDone = s_current->m_step();
-        }
-    }
-
-    static inline OnTheLoop* s_current = nullptr;
-
-    std::function<bool()> m_step;
-    UINT_PTR m_nTimer = 0;
-    bool m_bDone = false;
-};
 
 class ApplicationTest : public ::testing::Test
 {

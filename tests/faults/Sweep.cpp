@@ -1,0 +1,162 @@
+#include "tests/faults/Sweep.h"
+
+#include "tests/support/LiveHandles.h"
+#include "tests/support/Seed.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <random>
+#include <ranges>
+#include <set>
+
+namespace
+{
+
+constexpr const char* KindNames[] = {"none", "allocation", "file", "registry", "GDI", "COM", "SQLite"};
+
+// How many calls of a kind are tried in an operation.
+int MostPoints()
+{
+    constexpr int inEveryTest = 3;
+    const char* const wanted = std::getenv("KESTRIX_FAULTS");
+    return wanted == nullptr ? inEveryTest : std::atoi(wanted);
+}
+
+// The numbers of the calls that fail, one at a time: all, or else the first and some that are drawn.
+std::set<int> PointsOf(int calls)
+{
+    static std::mt19937 random(Seed());
+    std::set<int> points;
+    for (int number = 1; number <= calls && calls <= MostPoints(); ++number)
+    {
+        points.insert(number);
+    }
+    while (static_cast<int>(points.size()) < std::min(calls, MostPoints()))
+    {
+        points.insert(points.empty() ? 1 : std::uniform_int_distribution(1, calls)(random));
+    }
+    return points;
+}
+
+int WindowCount()
+{
+    int count = 0;
+    const WNDENUMPROC all = [](HWND window, LPARAM to)
+    {
+        ++*reinterpret_cast<int*>(to);
+        EnumChildWindows(
+            window,
+            [](HWND, LPARAM sum)
+            {
+                ++*reinterpret_cast<int*>(sum);
+                return TRUE;
+            },
+            to);
+        return TRUE;
+    };
+    EnumThreadWindows(GetCurrentThreadId(), all, reinterpret_cast<LPARAM>(&count));
+    return count;
+}
+
+} // namespace
+
+struct Sweep::State
+{
+    std::wstring outcome;
+    std::set<std::wstring> boxes; // their texts
+    decltype(LiveHandles::All()) handles;
+    int windows;
+};
+
+Sweep::Sweep()
+    : m_watch(
+          [this](const char* what)
+          {
+              std::printf("%s: %s\n", m_strPoint.c_str(), what);
+              std::fflush(stdout);
+          })
+{
+}
+
+void Sweep::TraceAnew()
+{
+    m_trace.reset();
+    m_trace.emplace();
+}
+
+void Sweep::Try(const Operation& operation, std::initializer_list<FaultKind> kinds)
+{
+    Run(operation, FaultKind::None, 0); // what is kept for good is there now
+    for (const FaultKind kind : kinds)
+    {
+        TryKind(operation, kind);
+    }
+}
+
+void Sweep::TryKind(const Operation& operation, FaultKind kind)
+{
+    Counts counts;
+    const std::size_t before = m_boxes.Boxes().size();
+    counts.calls = Run(operation, kind, 0);
+    const State usual{operation.outcome(), BoxesSince(before), LiveHandles::All(), WindowCount()};
+    for (const int number : PointsOf(counts.calls))
+    {
+        SCOPED_TRACE(m_strPoint = std::string(operation.name) + ", " + KindNames[static_cast<int>(kind)] + " call " +
+                                  std::to_string(number));
+        const std::size_t boxes = m_boxes.Boxes().size();
+        if (Run(operation, kind, number) < number)
+        {
+            continue; // the calls of this run were fewer, so that none failed
+        }
+        ++counts.tried;
+        const bool isTold = !std::ranges::includes(usual.boxes, BoxesSince(boxes)) || operation.isTold();
+        const bool isDone = operation.outcome() == usual.outcome;
+        ++(isDone ? counts.done : isTold ? counts.told : !m_trace->Errors().empty() ? counts.traced : counts.silent);
+        EXPECT_TRUE(operation.isWhole());
+        Run(operation, FaultKind::None, 0);
+        EXPECT_EQ(operation.outcome(), usual.outcome);
+        EXPECT_EQ(LiveHandles::All(), usual.handles);
+        EXPECT_EQ(WindowCount(), usual.windows);
+    }
+    Write(operation, kind, counts);
+}
+
+// The texts of the boxes after so many.
+std::set<std::wstring> Sweep::BoxesSince(std::size_t count) const
+{
+    std::set<std::wstring> texts;
+    for (const MessageBoxRecorder::Box& box : m_boxes.Boxes() | std::views::drop(count))
+    {
+        texts.insert(box.text);
+    }
+    return texts;
+}
+
+int Sweep::Run(const Operation& operation, FaultKind kind, int number)
+{
+    m_watch.Begin();
+    operation.prepare();
+    m_trace->Clear();
+    m_kind = kind;
+    m_nNumber = number;
+    GoOn();
+    operation.run();
+    return m_faults.Disarm();
+}
+
+void Sweep::Write(const Operation& operation, FaultKind kind, const Counts& counts) const
+{
+    std::ostringstream row;
+    row << operation.name << '\t' << KindNames[static_cast<int>(kind)] << '\t' << counts.calls << '\t' << counts.tried
+        << '\t' << counts.done << '\t' << counts.told << '\t' << counts.traced << '\t' << counts.silent << '\n';
+    std::cout << row.str() << std::flush;
+    if (std::getenv("KESTRIX_FAULTS") != nullptr)
+    {
+        std::ofstream(KESTRIX_FAULT_RESULTS, std::ios::app | std::ios::binary) << row.str();
+    }
+}

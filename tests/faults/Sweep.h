@@ -1,0 +1,69 @@
+#pragma once
+
+#include "tests/support/CrashWatch.h"
+#include "tests/support/FaultPoints.h"
+#include "tests/support/MessageBoxRecorder.h"
+#include "tests/support/TraceRecorder.h"
+
+#include <functional>
+#include <initializer_list>
+#include <optional>
+#include <set>
+#include <string>
+
+// What a user can start.
+struct Operation
+{
+    const char* name;
+    std::function<void()> prepare; // brings everything to where it begins; nothing fails in it
+    std::function<void()> run;
+    std::function<std::wstring()> outcome;               // what is there after it
+    std::function<bool()> isWhole = [] { return true; }; // whether the data is, whatever became of the operation
+    std::function<bool()> isTold = [] { return false; }; // in another way than by a box or a trace
+};
+
+// Runs operations with their n-th call failing, n from 1 until nothing fails any more. KESTRIX_FAULTS in the
+// environment says how many n are tried, 3 without it. After each, the data is whole, as many handles and windows are
+// there as before, and the same operation in which nothing fails has its usual outcome. What became of the operations
+// is printed, and with KESTRIX_FAULTS goes into a table of the build folder.
+class Sweep
+{
+public:
+    Sweep();
+
+    void Try(const Operation& operation, std::initializer_list<FaultKind> kinds);
+
+    // For operations that are a part of what they run: nothing fails until GoOn, which counts from 1 again.
+    void Hold() { m_faults.Disarm(); }
+
+    void GoOn() { m_faults.Arm(m_kind, m_nNumber); }
+
+    // Traces anew, after an operation that ends tracing.
+    void TraceAnew();
+
+private:
+    struct Counts
+    {
+        int calls = 0;
+        int tried = 0;
+        int done = 0;
+        int told = 0;
+        int traced = 0;
+        int silent = 0;
+    };
+
+    struct State; // what is to be the same after all
+
+    void TryKind(const Operation& operation, FaultKind kind);
+    int Run(const Operation& operation, FaultKind kind, int number);
+    std::set<std::wstring> BoxesSince(std::size_t count) const;
+    void Write(const Operation& operation, FaultKind kind, const Counts& counts) const;
+
+    MessageBoxRecorder m_boxes{IDYES};
+    std::optional<TraceRecorder> m_trace{std::in_place};
+    FaultPoints m_faults;
+    FaultKind m_kind = FaultKind::None;
+    int m_nNumber = 0;
+    std::string m_strPoint; // that is tried
+    CrashWatch m_watch;
+};
