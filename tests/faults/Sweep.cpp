@@ -1,5 +1,7 @@
 #include "tests/faults/Sweep.h"
 
+#include "platform/dialog/DeviceContext.h"
+#include "platform/dialog/FrameworkState.h"
 #include "tests/support/LiveHandles.h"
 #include "tests/support/Seed.h"
 
@@ -81,6 +83,8 @@ Sweep::Sweep()
               std::fflush(stdout);
           })
 {
+    // The framework keeps some for good, as many as were there at once.
+    const std::array<CMemoryDC, std::tuple_size_v<decltype(FrameworkState::spareMemoryDCs)>> spares;
 }
 
 void Sweep::TraceAnew()
