@@ -1,20 +1,17 @@
 // The firewall rules of the service: what is left of them when it is killed, and what a person sees and changes.
 
-#include "suite/framework/Apartment.h"
 #include "suite/framework/RuleText.h"
 #include "suite/framework/ValueSource.h"
+#include "tests/e2e/ClientThread.h"
 #include "tests/e2e/Process.h"
 #include "tests/e2e/RuleList.h"
 #include "tests/e2e/ServiceFixture.h"
 #include "tests/support/DebugScale.h"
 #include "tests/unit/suite/framework/RandomRules.h"
 
-#include <atomic>
 #include <filesystem>
 #include <functional>
 #include <random>
-#include <stdexcept>
-#include <thread>
 
 namespace
 {
@@ -24,62 +21,15 @@ using Framework::List;
 
 constexpr int RandomMoments = 2;
 
-// A client in a thread of its own that sets rules; its call has begun when the constructor returns.
-class Setter
-{
-public:
-    explicit Setter(const RuleList& rules) : m_thread([this, &rules] { Run(rules); })
-    {
-        WaitUntil([this] { return m_bCalls.load(); });
-    }
-
-    ~Setter() { m_thread.join(); }
-
-    Setter(const Setter&) = delete;
-    Setter& operator=(const Setter&) = delete;
-
-    // What the service answered, or the system when it was gone.
-    HRESULT Result() const
-    {
-        WaitUntil([this] { return m_result != E_PENDING; });
-        return m_result;
-    }
-
-private:
-    void Run(const RuleList& rules)
-    {
-        const Framework::Apartment apartment;
-        const auto controller = Connect();
-        m_bCalls = true;
-        m_result = TrySet(*controller.Get(), rules);
-    }
-
-    static HRESULT TrySet(IVdFrwkLocalController& controller, const RuleList& rules)
-    {
-        try
-        {
-            return rules.Set(controller);
-        }
-        catch (const std::runtime_error&)
-        {
-            return E_FAIL;
-        }
-    }
-
-    std::atomic<bool> m_bCalls = false;
-    std::atomic<HRESULT> m_result = E_PENDING;
-    std::thread m_thread; // last, since it uses the others
-};
-
 class RuleStoreTest : public ServiceFixture
 {
 protected:
     std::wstring File(const wchar_t* name) const { return m_service.Installed().File(name); }
 
     // Sets the rules and kills the service at the moment for which the function waits. Whether they are stored.
-    bool AreStoredAfterKill(const RuleList& rules, const std::function<void(Setter&)>& waitForMoment)
+    bool AreStoredAfterKill(const RuleList& rules, const std::function<void(ClientThread&)>& waitForMoment)
     {
-        Setter setter(rules);
+        ClientThread setter([&](IVdFrwkLocalController& controller) { return rules.Set(controller); });
         waitForMoment(setter);
         Service::Kill();
         const bool areStored = rules.AreStored(m_service);
@@ -95,25 +45,26 @@ TEST_F(RuleStoreTest, AServiceThatIsKilledLeavesTheOldOrTheNewRules)
     const List rules[] = {RandomRules(Scaled(5000), 1), RandomRules(Scaled(5000), 2)};
     const RuleList lists[] = {RuleList(rules[0]), RuleList(rules[1])};
     const ULONGLONG start = GetTickCount64();
-    EXPECT_TRUE(AreStoredAfterKill(lists[0], [](Setter& setter) { EXPECT_EQ(setter.Result(), Framework::Success); }))
+    EXPECT_TRUE(
+        AreStoredAfterKill(lists[0], [](ClientThread& setter) { EXPECT_EQ(setter.Result(), Framework::Success); }))
         << "after the write";
     const auto duration = static_cast<unsigned>(GetTickCount64() - start);
 
     int stored = 0;
-    const auto expectOldOrNew = [&](const std::string& moment, const std::function<void(Setter&)>& waitForMoment)
+    const auto expectOldOrNew = [&](const std::string& moment, const std::function<void(ClientThread&)>& waitForMoment)
     {
         stored = AreStoredAfterKill(lists[1 - stored], waitForMoment) ? 1 - stored : stored;
         EXPECT_TRUE(lists[stored].AreStored(m_service)) << moment;
     };
-    expectOldOrNew("before the service has the list", [](Setter&) {});
+    expectOldOrNew("before the service has the list", [](ClientThread&) {});
     const std::filesystem::path beside = File(L"Framework.new");
     remove(beside); // which a service that was killed may have left
-    expectOldOrNew("during the write", [&](Setter&) { WaitUntil([&] { return exists(beside); }, 30'000, 0); });
+    expectOldOrNew("during the write", [&](ClientThread&) { WaitUntil([&] { return exists(beside); }, 30'000, 0); });
     std::random_device random;
     for (int i = 0; i < RandomMoments; ++i)
     {
         const DWORD moment = random() % (duration + 1);
-        expectOldOrNew("after " + std::to_string(moment) + " ms", [&](Setter&) { Sleep(moment); });
+        expectOldOrNew("after " + std::to_string(moment) + " ms", [&](ClientThread&) { Sleep(moment); });
     }
     EXPECT_TRUE(QueryProfile(*Connect().Get(), FirewallRules) == rules[stored]) << "as the next process reads it";
 }
