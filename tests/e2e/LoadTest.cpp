@@ -1,0 +1,225 @@
+// The viewer, six other clients of the service and of the database, and a feeder at once: who looks sees all that was
+// done before and nothing by halves, nobody waits for ever, and neither the viewer nor the service grows.
+
+#include "suite/database/LogKinds.h"
+#include "suite/database/LogLine.h"
+#include "suite/framework/FirewallRules.h"
+#include "suite/framework/ValueSource.h"
+#include "tests/e2e/EventLogs.h"
+#include "tests/e2e/ServiceFixture.h"
+#include "tests/e2e/Viewer.h"
+#include "tests/e2e/Worker.h"
+#include "tests/support/EventRows.h"
+#include "tests/support/LanguageFile.h"
+#include "tests/unit/suite/framework/RandomRules.h"
+
+#include <psapi.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <list>
+#include <map>
+#include <stdexcept>
+
+namespace
+{
+
+using EventLog::EventDatabase;
+using Framework::List;
+
+constexpr EventLog::Day Day = 20261120;
+constexpr int PartLines = 50;          // that are fed at once
+constexpr int Parts = 40;              // of a day; then it is fed anew
+constexpr ULONGLONG Patience = 60'000; // milliseconds until a step that is not over is taken for one that got stuck
+constexpr SIZE_T Growth = 2048;        // kilobytes, beside a tenth
+
+void Require(bool condition, const char* what)
+{
+    if (!condition)
+    {
+        throw std::runtime_error(what);
+    }
+}
+
+std::wstring NumberedThreat(int round, int number)
+{
+    return std::to_wstring(round) + L"-" + std::to_wstring(number);
+}
+
+// Kilobytes that a process has for itself alone.
+SIZE_T PrivateMemory(DWORD id)
+{
+    const UniqueKernelHandle process(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id));
+    PROCESS_MEMORY_COUNTERS counters{};
+    counters.cb = sizeof counters;
+    EXPECT_TRUE(GetProcessMemoryInfo(process.get(), &counters, sizeof counters));
+    return counters.PagefileUsage / 1024;
+}
+
+SIZE_T Median(const std::vector<SIZE_T>& samples, std::size_t from, std::size_t to)
+{
+    std::vector<SIZE_T> part(samples.begin() + from, samples.begin() + std::max(to, from + 1));
+    std::ranges::sort(part);
+    return part[part.size() / 2];
+}
+
+class LoadTest : public ServiceFixture
+{
+protected:
+    EventDatabase Database() const { return EventDatabase::Create(m_logs.File()); }
+
+    void Feed(int step)
+    {
+        std::vector<std::wstring> lines;
+        const int part = step % Parts;
+        for (int i = 0; i < PartLines; ++i)
+        {
+            lines.push_back(VirusLine(L"103015", NumberedThreat(step / Parts, part * PartLines + i)));
+        }
+        part == 0 ? Database().ReplaceDay(VirusSubType, Day, lines) : Database().Append(VirusSubType, Day, lines);
+        m_fed = step;
+    }
+
+    // All that was fed before is there, in its order and in whole parts.
+    void Read()
+    {
+        const int before = m_fed;
+        int round = 0;
+        int count = 0;
+        for (const std::wstring& line : m_logs.VirusLines(Day))
+        {
+            const std::wstring threat(EventLog::TokensOf(line)[6]);
+            round = count == 0 ? std::stoi(threat) : round;
+            Require(threat == NumberedThreat(round, count++), "a record is lost, or is there twice");
+        }
+        Require(count % PartLines == 0, "a part of a transaction is there");
+        Require(round * Parts + count / PartLines > before, "what was fed is not there");
+    }
+
+    static void SetAndQuery(const Framework::ValueKey& key, const List& list)
+    {
+        const auto controller = Connect();
+        Require(SetProfile(*controller.Get(), key, list) == Framework::Success, "a value is not taken");
+        Require(QueryProfile(*controller.Get(), key) == list, "a value is another one afterwards");
+    }
+
+    void Purge()
+    {
+        Database().Append(SpywareSubType, Day, std::vector{VirusLine(L"103015", L"purged")});
+        ServiceSession session;
+        const std::uint32_t type = EventLog::FindKindOfSubType(SpywareSubType)->purgeType;
+        Require(OrderPurge(session.Controller(), type, Day) == Framework::Success, "a purge is refused");
+        Require(PumpUntil([&] { return !session.events.empty(); }), "the event of a purge does not come");
+        Require(Database().Days(SpywareSubType).empty(), "a purge left what it was to take");
+    }
+
+    void View(int step) const
+    {
+        m_viewer->ChooseDate(0);
+        m_viewer->ClickHeader(step % 3);
+        const auto isWhole = [this](int rows) { return rows > 0 && rows % PartLines == 0; };
+        Require(WaitUntil([&] { return isWhole(m_viewer->RowCount()); }), "the viewer shows a part of a transaction");
+    }
+
+    // The events that the client in a process of its own has had, after its line "ready".
+    auto Heard() const
+    {
+        std::ifstream file{std::filesystem::path(m_heard)};
+        return std::count(std::istreambuf_iterator<char>(file), {}, '\n') - 1;
+    }
+
+    void Start()
+    {
+        Feed(0);
+        m_listener.emplace(ProgramFolder() + L"..\\tests\\e2e\\ServiceClient.exe", L"listen \"" + m_heard + L"\"");
+        ASSERT_TRUE(WaitUntil([&] { return Heard() == 0; }));
+        m_viewer.emplace(DatabaseCommandLine(VirusLog));
+        ASSERT_NE(m_viewer->Form(), nullptr);
+        m_workers.emplace_back("feeder", [this](int step) { Feed(step + 1); });
+        m_workers.emplace_back("reader", [this](int) { Read(); });
+        m_workers.emplace_back("other reader", [this](int) { Read(); });
+        m_workers.emplace_back("client with values",
+                               [](int step) {
+                                   SetAndQuery({112, 1}, List{static_cast<std::uint32_t>(step), 1u, 0u});
+                               });
+        m_workers.emplace_back("client with rules",
+                               [this](int step) { SetAndQuery(Framework::FirewallRules, m_rules[step % 2]); });
+        m_workers.emplace_back("client that purges", [this](int) { Purge(); });
+        m_workers.emplace_back("viewer", [this](int step) { View(step); });
+    }
+
+    // Samples the memory each second until the time is over or somebody is not at work any more.
+    void Watch(ULONGLONG milliseconds)
+    {
+        const std::map<const char*, DWORD> processes{{"viewer's memory", m_viewer->Program().Id()},
+                                                     {"service's memory", Service::Processes().at(0)}};
+        const ULONGLONG end = GetTickCount64() + milliseconds;
+        const auto isOver = [&]
+        {
+            for (const auto& [name, id] : processes)
+            {
+                m_memory[name].push_back(PrivateMemory(id));
+            }
+            return GetTickCount64() > end || std::ranges::any_of(m_workers, [](const Worker& each)
+                                                                 { return each.hasEnded || each.InStep() > Patience; });
+        };
+        WaitUntil(isOver, 2 * milliseconds, 1000);
+    }
+
+    void Stop()
+    {
+        std::ranges::for_each(m_workers, [](Worker& each) { each.stops = true; });
+        WaitUntil([&] { return std::ranges::all_of(m_workers, &Worker::hasEnded); }, Patience);
+        for (const Worker& each : m_workers)
+        {
+            EXPECT_TRUE(each.hasEnded) << each.name << " got stuck " << each.InStep() / 1000
+                                       << " s ago: in a call that Wine has lost, or in a lock";
+            EXPECT_EQ(each.hasEnded ? each.fault : "", "") << each.name;
+            std::cout << "load\t" << each.name << "\t" << each.steps << "\t" << each.longest << "\t\t\n";
+        }
+        std::cout << "load\tclient that listens\t" << Heard() << "\t\t\t\n";
+        for (const auto& [name, samples] : m_memory)
+        {
+            const SIZE_T first = Median(samples, samples.size() / 10, samples.size() / 5);
+            const SIZE_T last = Median(samples, samples.size() * 9 / 10, samples.size());
+            EXPECT_LT(last, first + first / 10 + Growth) << name;
+            std::cout << "load\t" << name << "\t\t\t" << first << "\t" << last << "\n";
+        }
+    }
+
+    const LanguageFile m_language;
+    const EventLogs m_logs{m_service.Installed()};
+    const std::wstring m_heard = m_service.Installed().File(L"heard.txt");
+    const List m_rules[2] = {RandomRules(200, 1), RandomRules(200, 2)};
+    std::atomic<int> m_fed = 0; // the last step of the feeder that is over
+    std::map<const char*, std::vector<SIZE_T>> m_memory;
+    std::optional<Process> m_listener;
+    std::optional<Viewer> m_viewer;
+    std::list<Worker> m_workers;
+};
+
+} // namespace
+
+TEST_F(LoadTest, TheViewerSixClientsAndAFeederAtOnceLoseNothingWaitForNobodyAndStaySmall)
+{
+    const char* const given = std::getenv("KESTRIX_LOAD_SECONDS");
+    Start();
+    Watch(1000 * std::strtoul(given == nullptr ? "10" : given, nullptr, 10));
+    Stop();
+    if (!std::ranges::all_of(m_workers, &Worker::hasEnded))
+    {
+        std::cout.flush();
+        std::_Exit(EXIT_FAILURE); // who is stuck cannot be waited for
+    }
+    const auto heard = Heard();
+    Purge();
+    EXPECT_TRUE(WaitUntil([&] { return Heard() > heard; })) << "the client that listens hears of the last purge";
+    Read();
+    m_viewer->ChooseDate(0);
+    EXPECT_EQ(m_viewer->RowCount(), (m_fed % Parts + 1) * PartLines);
+    EXPECT_TRUE(IsIntact(m_logs.File()));
+    EXPECT_EQ(m_viewer->Close(), 0u);
+    m_listener.reset();
+    EXPECT_TRUE(Service::HasEnded());
+}
