@@ -10,6 +10,7 @@
 #include "tests/e2e/SaveDialog.h"
 #include "tests/e2e/ServiceFixture.h"
 #include "tests/e2e/ViewerDialog.h"
+#include "tests/support/DebugScale.h"
 #include "tests/support/EventRows.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/Seed.h"
@@ -18,6 +19,7 @@
 #include <algorithm>
 #include <array>
 #include <iostream>
+#include <map>
 #include <random>
 
 namespace
@@ -27,7 +29,8 @@ using Framework::List;
 using Lines = std::vector<std::wstring>;
 
 constexpr EventLog::Day Day = 20261118;
-constexpr int Records = 20'000;
+constexpr int Records = static_cast<int>(Scaled(20'000));
+constexpr std::size_t Rules = Scaled(2000);
 constexpr char OldExport[] = "an older export";
 
 enum Outcome
@@ -58,7 +61,7 @@ protected:
     {
         std::string_view killed;
         const char* during;
-        DWORD longest;                // milliseconds from its begin until it is killed
+        DWORD duration;               // in milliseconds, for the first kill; the others know that of the work before
         void (KillsTest::*prepare)(); // makes the old state
         void (KillsTest::*begin)();   // returns when nothing is left but the work itself
         Outcome (KillsTest::*look)();
@@ -199,11 +202,14 @@ protected:
         return m_answer == Framework::Success && outcome != New ? Broken : outcome;
     }
 
-    Outcome Complete(const Operation& operation)
+    // The duration is that of the work, in milliseconds.
+    Outcome Complete(const Operation& operation, ULONGLONG& duration)
     {
         (this->*operation.begin)();
+        const ULONGLONG start = GetTickCount64();
         const HRESULT answer = m_client ? m_client->Result() : S_OK;
         const bool isDone = WaitUntil([&] { return (this->*operation.look)() == New; });
+        duration = GetTickCount64() - start + 1;
         EXPECT_EQ(isDone && m_viewer ? m_viewer->Close() : 0, 0u);
         EXPECT_TRUE(isDone) << "a call was lost or refused: " << answer;
         End(isDone ? "viewer" : "service");
@@ -226,7 +232,7 @@ protected:
     }
 
     // One kill, and what the next program makes of what is left.
-    Outcome Try(const Operation& operation, DWORD moment)
+    Outcome Try(const Operation& operation, DWORD moment, ULONGLONG& duration)
     {
         try
         {
@@ -234,7 +240,8 @@ protected:
             (this->*operation.prepare)();
             const Outcome outcome = KillAt(moment, operation);
             EXPECT_NE(outcome, Broken);
-            EXPECT_EQ(Complete(operation), New) << "the next one";
+            ULONGLONG unused = 0;
+            EXPECT_EQ(Complete(operation, outcome == Old ? duration : unused), New) << "the next one";
             return outcome;
         }
         catch (const std::runtime_error& error)
@@ -249,7 +256,7 @@ protected:
     const EventLogs m_logs{m_service.Installed()};
     const std::wstring m_file = m_service.Installed().File(L"20261118.VLG");
     const std::wstring m_export = m_service.Installed().File(L"export.txt");
-    const std::array<List, 2> m_rules{RandomRules(2000, 1), RandomRules(2000, 2)}; // old and new
+    const std::array<List, 2> m_rules{RandomRules(Rules, 1), RandomRules(Rules, 2)}; // old and new
     std::array<Lines, 2> m_lines;
     std::optional<Viewer> m_viewer;
     std::optional<Process> m_import;
@@ -277,13 +284,15 @@ TEST_F(KillsTest, AProgramThatIsKilledLeavesTheOldOrTheNewAndTheNextOneDoesItsWo
     const int kills = given == nullptr ? 6 : std::atoi(given);
     std::mt19937 random(Seed());
     std::array<std::array<int, Outcomes>, std::size(Operations)> counts{};
+    std::map<std::size_t, ULONGLONG> durations;
     for (int i = 0; i < kills; ++i)
     {
         const std::size_t row = i % std::size(Operations);
         const Operation& operation = Operations[row];
-        const DWORD moment = random() % operation.longest;
+        ULONGLONG& duration = durations.try_emplace(row, operation.duration).first->second;
+        const DWORD moment = static_cast<DWORD>(random() % duration);
         SCOPED_TRACE(std::string(operation.killed) + ", " + operation.during + ", " + std::to_string(moment) + " ms");
-        ++counts[row][Try(operation, moment)];
+        ++counts[row][Try(operation, moment, duration)];
     }
     for (std::size_t row = 0; row < std::size(Operations); ++row)
     {
