@@ -132,10 +132,10 @@ TEST_F(DayFileTest, F3AsksForATextGoesFromRecordToRecordAndSaysWhenTheSearchHasG
     { return WaitUntil([&] { return viewer.TextOf(IDC_INFO_VALUE_0_LINK) == threat; }); };
     viewer.PressKey(VK_F3);
     const ViewerDialog dialog(viewer, edt1);
-    for (const WORD key : {WORD{'T'}, WORD{'A'}, WORD{VK_RETURN}})
-    {
-        dialog.Press(key);
-    }
+    dialog.Press('T');
+    dialog.Press('A');
+    EXPECT_TRUE(WaitUntil([&] { return Ask(dialog.Item(edt1), WM_GETTEXTLENGTH) == 2; })); // which comes by messages
+    dialog.Press(VK_RETURN);
     EXPECT_TRUE(isFound(L"delta"));
     dialog.Press(VK_RETURN);
     EXPECT_TRUE(isFound(L"beta"));
