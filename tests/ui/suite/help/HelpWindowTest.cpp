@@ -111,7 +111,7 @@ TEST_F(HelpWindowTest, TheContentsHoldEveryTopic)
 {
     const std::vector<LRESULT> sizes = TreeSizes(Open(HH_HELP_CONTEXT, 211));
     ASSERT_FALSE(sizes.empty());
-    constexpr std::ptrdiff_t topicsOfNoLog = 10;
+    constexpr std::ptrdiff_t topicsOfNoLog = 11;
     EXPECT_EQ(sizes.front(), std::ssize(LogKinds()) + topicsOfNoLog);
 }
 
