@@ -28,7 +28,24 @@ UINT NoteOf(const FoundRow& found, int from, bool down)
 
 void CRecordFinder::Ask()
 {
-    m_dialog.Open(m_list.GetParent());
+    const bool isThere = m_dialog.GetSafeHwnd() != nullptr;
+    if (m_dialog.Open(m_list.GetParent()) && !isThere)
+    {
+        PlaceDialog();
+    }
+}
+
+// Above the heading of the list, so that it covers nothing that is found or said, and on the screen in any case.
+void CRecordFinder::PlaceDialog()
+{
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    ::GetMonitorInfoW(::MonitorFromWindow(m_list, MONITOR_DEFAULTTONEAREST), &monitor);
+    const RECT dialog = m_dialog.GetWindowRect();
+    const LONG height = dialog.bottom - dialog.top;
+    const LONG top = std::max(m_note.GetWindowRect().top - height, monitor.rcWork.top);
+    m_dialog.SetWindowPos(nullptr, {dialog.left, top, dialog.right, top + height},
+                          SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void CRecordFinder::GoOn(bool back)
@@ -84,8 +101,14 @@ void CRecordFinder::Find(bool down)
     {
         Show(found.row);
     }
-    const UINT note = NoteOf(found, from, down);
-    note == NoNote ? m_note.Clear() : m_note.Tell(LoadText(note));
+    if (const UINT note = NoteOf(found, from, down); note != NoNote)
+    {
+        m_note.Tell(LoadText(note));
+    }
+    else
+    {
+        m_note.Clear();
+    }
 }
 
 void CRecordFinder::Show(int row)

@@ -38,6 +38,7 @@ public:
     void NotePageShown(bool isShown);
 
 private:
+    void PlaceDialog();
     void Find(bool down);
     void Show(int row);
 

@@ -22,6 +22,30 @@ TEST_F(LogFormFindDialogTest, CtrlAndFOpenTheDialogBesideTheForm)
         });
 }
 
+TEST_F(LogFormFindDialogTest, ItOpensAboveTheHeadingOfTheEntriesAndStaysWhereTheUserMovesIt)
+{
+    Run(
+        [&]
+        {
+            m_form.SetWindowPos(nullptr, {40, 200, 0, 0}, SWP_NOSIZE | SWP_NOZORDER);
+            CWindow dialog(OpenDialog().Window());
+            EXPECT_EQ(dialog.GetWindowRect().bottom, Note().GetWindowRect().top);
+            dialog.SetWindowPos(nullptr, {100, 300, 0, 0}, SWP_NOSIZE | SWP_NOZORDER);
+            OpenDialog();
+            EXPECT_EQ(dialog.GetWindowRect().top, 300);
+        });
+}
+
+TEST_F(LogFormFindDialogTest, AtTheTopOfTheScreenItOpensAllTheSameOnTheScreen)
+{
+    Run(
+        [&]
+        {
+            m_form.SetWindowPos(nullptr, {40, -100, 0, 0}, SWP_NOSIZE | SWP_NOZORDER);
+            EXPECT_EQ(CWindow(OpenDialog().Window()).GetWindowRect().top, 0);
+        });
+}
+
 TEST_F(LogFormFindDialogTest, TheMenuOfTheListOpensTheDialogToo)
 {
     Run(
