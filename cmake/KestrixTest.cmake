@@ -55,10 +55,16 @@ execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libstdc++.a
 execute_process(COMMAND ${CMAKE_OBJCOPY} --wildcard --set-section-flags .pdata$*=alloc,load,readonly,data
   ${library} ${lld_libraries}/libstdc++.a COMMAND_ERROR_IS_FATAL ANY)
 
+# kestrix_begin_early(TEST...): tests that take long begin before the others, so that nobody waits for them in the end.
+function(kestrix_begin_early)
+  set_tests_properties(${ARGN} PROPERTIES COST 100)
+endfunction()
+
 # kestrix_needs_desktop(TEST...): tests that get a desktop for themselves, since it has one foreground window, one pointer
 # and one window that a second viewer looks for. ./test opens some; without it such tests are to run one by one.
 function(kestrix_needs_desktop)
   set_tests_properties(${ARGN} PROPERTIES RESOURCE_GROUPS desktops:1)
+  kestrix_begin_early(${ARGN})
 endfunction()
 
 # All programs of the unit tests, with what they need to run.
