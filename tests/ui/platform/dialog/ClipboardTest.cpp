@@ -61,6 +61,16 @@ TEST_F(ClipboardTest, TheTextTakesThePlaceOfTheOneBefore)
     EXPECT_EQ(TextOfClipboard(), L"\"\u65E5\u672C\"\t\"\xD83D\xDE00\"\r\n");
 }
 
+TEST_F(ClipboardTest, NothingElseStaysBesideTheText)
+{
+    const UINT format = RegisterClipboardFormatW(L"Kestrix.Test");
+    ASSERT_TRUE(OpenClipboardSoon());
+    EXPECT_NE(SetClipboardData(format, GlobalAlloc(GMEM_MOVEABLE, 1)), nullptr);
+    CloseClipboard();
+    EXPECT_TRUE(Put(L"a text"));
+    EXPECT_FALSE(IsClipboardFormatAvailable(format));
+}
+
 TEST_F(ClipboardTest, AnEmptyTextIsATextToo)
 {
     EXPECT_TRUE(Put({}));

@@ -116,6 +116,35 @@ TEST_F(KestrixDlgFollowTest, ManyChangesAreFollowedOnce)
     EXPECT_EQ(Shown(), L"beta");
 }
 
+TEST_F(KestrixDlgFollowTest, ARecordThatIsShownAlreadyIsNotShownAgain)
+{
+    SelectRow(0);
+    Pump();
+    m_page.SetDlgItemText(IDC_INFO_VALUE_0_LINK, L"as it was");
+    ListView_SetItemState(m_list, 0, 0, LVIS_SELECTED);
+    SelectRow(0);
+    Pump();
+    EXPECT_EQ(Shown(), L"as it was");
+}
+
+TEST_F(KestrixDlgFollowTest, APressThatIsDraggedAwayIsFollowedWhenTheButtonIsLetGo)
+{
+    const auto note = [this](HWND window, UINT message)
+    {
+        MSG input{};
+        input.hwnd = window;
+        input.message = message;
+        m_page.PreTranslateMessage(input);
+    };
+    note(m_list, WM_LBUTTONDOWN);
+    SelectRow(1);
+    Pump();
+    EXPECT_EQ(Shown(), L"") << "the button is still down";
+    note(m_page.GetDlgItem(IDC_DATE_LIST), WM_LBUTTONUP);
+    Pump();
+    EXPECT_EQ(Shown(), L"delta");
+}
+
 TEST_F(KestrixDlgFollowTest, AnArrowKeyShowsItsRecordOnceWhenItIsLetGo)
 {
     PressKey(VK_HOME);

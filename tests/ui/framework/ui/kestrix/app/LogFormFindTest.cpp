@@ -102,6 +102,18 @@ TEST_F(LogFormFindTest, TheKeysWorkWhereverTheKeyboardIsInThePage)
         });
 }
 
+TEST_F(LogFormFindTest, F3TakesTheKeyboardToTheEntries)
+{
+    Run(
+        [&]
+        {
+            FindOnce(L"a");
+            ::SetFocus(PageItem(IDC_DATE_LIST));
+            Press(PageItem(IDC_DATE_LIST), VK_F3);
+            EXPECT_EQ(::GetFocus(), List());
+        });
+}
+
 TEST_F(LogFormFindTest, ASearchThatGoesRoundTheEndSaysSoWithoutABox)
 {
     Run(

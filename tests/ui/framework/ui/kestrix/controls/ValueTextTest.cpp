@@ -123,6 +123,15 @@ TEST_F(ValueTextTest, TextsThatComeWhileItHasTheKeyboardAreShownWholeToo)
     EXPECT_EQ(m_value.GetWindowText(), L"after");
 }
 
+TEST_F(ValueTextTest, TheSelectionGoesWithTheKeyboard)
+{
+    m_value.SetWindowText(LongPath);
+    Focus();
+    Select(3, 8);
+    Blur();
+    EXPECT_EQ(Selection(), std::make_pair(DWORD{0}, DWORD{0}));
+}
+
 TEST_F(ValueTextTest, ATextFromElsewhereIsAWholeOne)
 {
     m_value.SetTexts(L"C:\\Users...", LongPath);
