@@ -21,22 +21,24 @@ if(KESTRIX_PRECOMPILED_HEADERS)
   target_precompile_headers(kestrix_test_headers PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/CommonHeaders.h)
 endif()
 
-# kestrix_compile_as_test(TARGET): a target that is a test's own code.
-function(kestrix_compile_as_test target)
-  target_compile_options(${target} PRIVATE ${KESTRIX_TEST_OPTIONS})
-  if(TARGET kestrix_test_headers)
-    target_precompile_headers(${target} REUSE_FROM kestrix_test_headers)
-  endif()
-endfunction()
-
-# The sources of a test program are compiled eight at a time, each eight as one: what they all include and instantiate
-# costs as much as they do. A source is whole by itself all the same; switched off, the build finds what is missing.
-option(KESTRIX_UNITY_TESTS "Compile the sources of a test program in groups" ON)
+# The sources of a target of the tests are compiled eight at a time, each eight as one: what they all include and
+# instantiate costs as much as they do. A source is whole by itself all the same; switched off, the build finds what is
+# missing.
+option(KESTRIX_UNITY_TESTS "Compile the sources of the tests in groups" ON)
 function(kestrix_compile_in_groups target)
   if(KESTRIX_UNITY_TESTS)
     set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
     # A fixture in the unnamed namespace of a source is no mistake because another source includes it.
     target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wno-subobject-linkage>)
+  endif()
+endfunction()
+
+# kestrix_compile_as_test(TARGET): a target that is a test's own code.
+function(kestrix_compile_as_test target)
+  target_compile_options(${target} PRIVATE ${KESTRIX_TEST_OPTIONS})
+  kestrix_compile_in_groups(${target})
+  if(TARGET kestrix_test_headers)
+    target_precompile_headers(${target} REUSE_FROM kestrix_test_headers)
   endif()
 endfunction()
 
@@ -54,6 +56,12 @@ execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libstdc++.a
   OUTPUT_VARIABLE library OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 execute_process(COMMAND ${CMAKE_OBJCOPY} --wildcard --set-section-flags .pdata$*=alloc,load,readonly,data
   ${library} ${lld_libraries}/libstdc++.a COMMAND_ERROR_IS_FATAL ANY)
+
+# kestrix_link_as_test(TARGET): a program of the tests.
+function(kestrix_link_as_test target)
+  target_link_options(${target} PRIVATE -municode -wrapper ${PROJECT_SOURCE_DIR}/cmake/lld -L${lld_libraries})
+  set_target_properties(${target} PROPERTIES LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/lld)
+endfunction()
 
 # kestrix_begin_early(TEST...): tests that take long begin before the others, so that nobody waits for them in the end.
 function(kestrix_begin_early)
@@ -81,11 +89,8 @@ function(kestrix_test name)
   endif()
   add_executable(${name} ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/resource/Manifest.rc)
   kestrix_compile_as_test(${name})
-  kestrix_compile_in_groups(${name})
-  target_link_options(${name} PRIVATE -municode -wrapper ${PROJECT_SOURCE_DIR}/cmake/lld -L${lld_libraries})
-  set_target_properties(${name} PROPERTIES
-    LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/lld
-    CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/tests/support/run-test)
+  kestrix_link_as_test(${name})
+  set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/tests/support/run-test)
   target_link_libraries(${name} PRIVATE kestrix_live_handles kestrix_test_support ${arg_LINKS})
   add_test(NAME ${name} COMMAND ${name} ${arg_ARGUMENTS} WORKING_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
   set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_SECONDS})
