@@ -168,6 +168,20 @@ TEST_F(KestrixDlgCopyTest, TheMenuStandsAtThePointerOrBelowTheFocusedRowOrAtTheC
     EXPECT_EQ(m_place.top, list.top + 30);
 }
 
+TEST_F(KestrixDlgCopyTest, TheFocusedRowComesIntoSightForTheMenuOfTheKeyboard)
+{
+    RECT row{};
+    row.left = LVIR_BOUNDS;
+    m_list.SendMessage(LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&row));
+    ::SetWindowPos(m_list, nullptr, 0, 0, row.right, row.bottom + (row.bottom - row.top) / 2,
+                   SWP_NOMOVE | SWP_NOZORDER); // room for one row
+    ClickRow(0);
+    m_list.EnsureVisible(1);
+    ASSERT_EQ(m_list.GetTopIndex(), 1);
+    VisitMenu(m_list, {VK_ESCAPE});
+    EXPECT_EQ(m_list.GetTopIndex(), 0);
+}
+
 TEST_F(KestrixDlgCopyTest, OtherControlsHaveNoMenuOfThePage)
 {
     for (const UINT control : {IDC_DATE_LIST, IDC_INFO_LABEL_0, IDC_VIEW})
