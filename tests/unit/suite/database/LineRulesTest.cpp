@@ -159,9 +159,12 @@ TEST(LineRulesTest, AFaultNamesTheTokenAndWhatItShouldBe)
          L"has \"kind\" as token 4 (kind), which is to be a number of 32 bits in hexadecimal"},
         {L"SKP", L"1||20260201|120000|0|3", L"has \"3\" as token 6 (reason), which is to be a number from 0 to 2"},
         {L"SPG", L"20260201|120000|0|", L"has the source \"0\", which no record of this log has"},
-        {L"VLG", L"20260201|120000|-|",
+        {L"SCG", L"20260201|120000|-|",
          L"has \"-\" as token 3 (source), which is to be a number of 32 bits, in decimal or as 0x and hexadecimal "
          L"digits"},
+        // The log of viruses reads its sources in decimal, so this would be another one, with a token more.
+        {L"VLG", L"20260201|120000|0x1||threat|file|subject|1|1|0|0|",
+         L"has \"0x1\" as token 3 (source), which is to be a whole number of 32 bits"},
         {L"VLG", L"20260201|" + std::wstring(50, L'1'),
          L"has \"" + std::wstring(40, L'1') +
              L"...\" as token 2 (time), which is to be a time of day as HHMM or HHMMSS"},
