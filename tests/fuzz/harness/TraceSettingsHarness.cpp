@@ -1,9 +1,10 @@
-// What an administrator has set about tracing, in the registry.
+// What an administrator has set about tracing, in the registry or in an INI file.
 
 #include "common/VdCommon/VdComn_DebugLogSettings.h"
 #include "common/VdCommon/VdComn_Storage.h"
 #include "tests/fuzz/harness/Harnesses.h"
 #include "tests/support/RegistrySandbox.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <cstring>
 
@@ -19,11 +20,16 @@ using VdCommon::DebugLogSettings;
 
 constexpr wchar_t SettingsKey[] = L"Software\\Fuzz";
 constexpr wchar_t SessionKey[] = L"Software\\Fuzz\\InteractiveSession";
+constexpr wchar_t Section[] = L"InteractiveSession";
 
 constexpr const wchar_t* Names[] = {L"Enable",    L"Level",   L"LogProcess",   L"LogUnitType", L"LogFolder",
                                     L"LogPrefix", L"LogFile", L"LogExtension", L"Robust",      L"Debugger"};
 
-constexpr std::wstring_view Words = L"40 10 11 20 70 30 B0 00 C:\\Trace 10zpt"sv;
+constexpr std::wstring_view Words =
+    L"40 10 11 20 70 30 B0 00 C:\\Trace 10zpt [InteractiveSession]\n [ServiceSession]\n "
+    L"Enable= Level= \nLogFolder= LogPrefix= Robust= =0x11 =-1 =4294967296 =\"a\" ;"sv;
+
+constexpr DWORD MostCharacters = 0x10000; // of an INI file
 
 // A value of the registry as a line of an input tells it: a digit for its type, one for the bytes that its last
 // character lacks, and its bytes.
@@ -92,6 +98,32 @@ DebugLogSettings PlainSettings(const std::vector<std::optional<Value>>& values)
     return settings;
 }
 
+// What the file says, with the defaults of what is not in it. The system is asked with room for any text.
+DebugLogSettings PlainSettings(const std::wstring& path)
+{
+    const auto number = [&](const wchar_t* name, int usual)
+    { return GetPrivateProfileIntW(Section, name, usual, path.c_str()); };
+    const auto take = [&](const wchar_t* name, const wchar_t* usual, auto& room)
+    {
+        std::wstring text(MostCharacters, L'\0');
+        GetPrivateProfileStringW(Section, name, usual, text.data(), MostCharacters, path.c_str());
+        text.copy(room, std::size(room) - 1);
+    };
+    DebugLogSettings settings;
+    DebugLogConfig& config = settings.config;
+    settings.enabled = number(L"Enable", 0) != 0;
+    settings.levelMask = number(L"Level", 256);
+    config.logProcess = number(L"LogProcess", 0);
+    config.logUnitType = number(L"LogUnitType", 0);
+    take(L"LogFolder", L"", config.logFolder);
+    take(L"LogPrefix", L"zpt", config.logPrefix);
+    take(L"LogFile", L"", config.logFile);
+    take(L"LogExtension", L"log", config.logExtension);
+    config.robust = number(L"Robust", 0) != 0;
+    config.debugger = number(L"Debugger", 0) != 0;
+    return settings;
+}
+
 class TraceSettingsReader : public TextReader
 {
     std::vector<std::wstring> Texts() const override
@@ -99,10 +131,27 @@ class TraceSettingsReader : public TextReader
         return {
             std::wstring(
                 L"40\1\0\n40\x0111\0\n40\3\0\n40\4\0\n10C:\\Trace\0\n10pre\0\n20file\0\n70txt\0\0\n40\1\0\n40\0\0", 60),
-            std::wstring(L"40\1\0\n40\x10\0\n40\0\0\n40\0\0\n11unterminated\n10\n", 45)};
+            std::wstring(L"40\1\0\n40\x10\0\n40\0\0\n40\0\0\n11unterminated\n10\n", 45),
+            L"[InteractiveSession]\nEnable=1\nLevel=17\nLogProcess=0x3\nLogUnitType=-4\nLogFolder=C:\\Trace\n"
+            L"LogPrefix=pre\nLogFile=\"a file\"\nLogExtension=txt\nRobust=1\nDebugger=0\n",
+            L"[InteractiveSession]\nLogFile=" + std::wstring(255, L'x') + L"\nLogPrefix=" + std::wstring(511, L'x')};
     }
 
+    // A text that begins with a section is an INI file.
     std::size_t ReadText(std::wstring_view text) override
+    {
+        return text.starts_with(L'[') ? 1000 + ReadFile(text) : ReadRegistry(text);
+    }
+
+    std::size_t ReadFile(std::wstring_view text) const
+    {
+        const std::wstring path = m_folder.File(L"trace.ini");
+        WriteUtf16(path, text);
+        const std::wstring folder = m_folder.Path().wstring();
+        return ExpectSettings(VdCommon::Storage::Key::InIniFile(folder.c_str(), L"trace.ini"), PlainSettings(path));
+    }
+
+    std::size_t ReadRegistry(std::wstring_view text) const
     {
         RegDeleteTreeW(m_registry.Root(), SettingsKey);
         m_registry.MakeKey(SessionKey);
@@ -118,10 +167,14 @@ class TraceSettingsReader : public TextReader
                                values.back()->bytes.size());
             }
         }
+        return ExpectSettings(VdCommon::Storage::Key::InRegistry(HKEY_LOCAL_MACHINE, SettingsKey),
+                              PlainSettings(values));
+    }
+
+    static std::size_t ExpectSettings(const VdCommon::Storage::Key& key, const DebugLogSettings& expected)
+    {
         DebugLogSettings settings;
-        const auto key = VdCommon::Storage::Key::InRegistry(HKEY_LOCAL_MACHINE, SettingsKey);
         Expect(VdCommon::ReadDebugLogSettings(key, L"Fuzz", settings), "the settings are not read");
-        const DebugLogSettings expected = PlainSettings(values);
         ExpectSame(settings.enabled, expected.enabled, "whether tracing is on");
         ExpectSame(settings.levelMask, expected.levelMask, "the levels");
         return ExpectConfig(settings.config, expected.config) * 2 + settings.enabled;
@@ -143,15 +196,16 @@ class TraceSettingsReader : public TextReader
     }
 
     const RegistrySandbox m_registry;
+    const TemporaryFolder m_folder;
 };
 
 } // namespace
 
 constinit const Harness TraceSettingsHarness{.name = "tracesettings",
-                                             .reads = "settings of the trace in the registry",
+                                             .reads = "settings of the trace in the registry and in an INI file",
                                              .form = Form::Utf16,
                                              .inputs = 1'500,
-                                             .separators = L"\n",
+                                             .separators = L"\n=",
                                              .words = Words,
                                              .make = &Make<TraceSettingsReader>};
 
