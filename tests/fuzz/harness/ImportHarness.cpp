@@ -1,11 +1,15 @@
 // The files that are taken into the database. What the import takes, the log of the kind must show.
 
 #include "framework/ui/kestrix/app/LogFactory.h"
+#include "framework/ui/kestrix/logs/ZPTLogBase.h"
 #include "suite/database/LineRules.h"
 #include "suite/database/LogKinds.h"
 #include "suite/database/LogLine.h"
 #include "suite/import/DailyFile.h"
-#include "tests/fuzz/harness/LogHarness.h"
+#include "tests/fuzz/harness/Harnesses.h"
+#include "tests/support/CategoryService.h"
+#include "tests/support/LanguageFile.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <algorithm>
 #include <map>

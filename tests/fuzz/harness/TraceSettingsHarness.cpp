@@ -6,15 +6,16 @@
 #include "tests/support/RegistrySandbox.h"
 #include "tests/support/TemporaryFolder.h"
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
+#include <tuple>
 
 namespace Fuzz
 {
 
 namespace
 {
-
-using namespace std::string_view_literals;
 
 using VdCommon::DebugLogSettings;
 
@@ -24,10 +25,6 @@ constexpr wchar_t Section[] = L"InteractiveSession";
 
 constexpr const wchar_t* Names[] = {L"Enable",    L"Level",   L"LogProcess",   L"LogUnitType", L"LogFolder",
                                     L"LogPrefix", L"LogFile", L"LogExtension", L"Robust",      L"Debugger"};
-
-constexpr std::wstring_view Words =
-    L"40 10 11 20 70 30 B0 00 C:\\Trace 10zpt [InteractiveSession]\n [ServiceSession]\n "
-    L"Enable= Level= \nLogFolder= LogPrefix= Robust= =0x11 =-1 =4294967296 =\"a\" ;"sv;
 
 constexpr DWORD MostCharacters = 0x10000; // of an INI file
 
@@ -124,6 +121,14 @@ DebugLogSettings PlainSettings(const std::wstring& path)
     return settings;
 }
 
+auto Parts(const DebugLogSettings& settings)
+{
+    const DebugLogConfig& config = settings.config;
+    return std::tuple(settings.enabled, settings.levelMask, config.logProcess, config.logUnitType,
+                      std::wstring(config.logFolder), std::wstring(config.logPrefix), std::wstring(config.logFile),
+                      std::wstring(config.logExtension), config.robust, config.debugger);
+}
+
 class TraceSettingsReader : public TextReader
 {
     std::vector<std::wstring> Texts() const override
@@ -155,16 +160,15 @@ class TraceSettingsReader : public TextReader
     {
         RegDeleteTreeW(m_registry.Root(), SettingsKey);
         m_registry.MakeKey(SessionKey);
+        std::vector<std::wstring> lines = Pieces(text, L'\n');
+        lines.resize(std::size(Names));
         std::vector<std::optional<Value>> values;
-        for (const wchar_t* const name : Names)
+        std::ranges::transform(lines, std::back_inserter(values), &ValueOf);
+        for (std::size_t i = 0; i < values.size(); ++i)
         {
-            const std::wstring_view line = text.substr(0, text.find(L'\n'));
-            text.remove_prefix(std::min(text.size(), line.size() + 1));
-            values.push_back(ValueOf(line));
-            if (values.back())
+            if (values[i])
             {
-                m_registry.Set(SessionKey, name, values.back()->type, values.back()->bytes.data(),
-                               values.back()->bytes.size());
+                m_registry.Set(SessionKey, Names[i], values[i]->type, values[i]->bytes.data(), values[i]->bytes.size());
             }
         }
         return ExpectSettings(VdCommon::Storage::Key::InRegistry(HKEY_LOCAL_MACHINE, SettingsKey),
@@ -175,24 +179,10 @@ class TraceSettingsReader : public TextReader
     {
         DebugLogSettings settings;
         Expect(VdCommon::ReadDebugLogSettings(key, L"Fuzz", settings), "the settings are not read");
-        ExpectSame(settings.enabled, expected.enabled, "whether tracing is on");
-        ExpectSame(settings.levelMask, expected.levelMask, "the levels");
-        return ExpectConfig(settings.config, expected.config) * 2 + settings.enabled;
-    }
-
-    // Returns which of the texts are not empty.
-    static std::size_t ExpectConfig(const DebugLogConfig& found, const DebugLogConfig& expected)
-    {
-        ExpectSame(found.logProcess, expected.logProcess, "LogProcess");
-        ExpectSame(found.logUnitType, expected.logUnitType, "LogUnitType");
-        ExpectSame(std::wstring(found.logFolder), std::wstring(expected.logFolder), "LogFolder");
-        ExpectSame(std::wstring(found.logPrefix), std::wstring(expected.logPrefix), "LogPrefix");
-        ExpectSame(std::wstring(found.logFile), std::wstring(expected.logFile), "LogFile");
-        ExpectSame(std::wstring(found.logExtension), std::wstring(expected.logExtension), "LogExtension");
-        ExpectSame(found.robust, expected.robust, "Robust");
-        ExpectSame(found.debugger, expected.debugger, "Debugger");
-        return (*found.logFolder != 0) + 2U * (*found.logPrefix != 0) + 4U * (*found.logFile != 0) +
-               8U * (*found.logExtension != 0) + 16U * found.robust + 32U * found.debugger;
+        ExpectSame(Parts(settings), Parts(expected), "the settings");
+        const DebugLogConfig& config = settings.config;
+        return 1 + settings.enabled + 2U * config.robust + 4U * config.debugger + 8U * (*config.logFolder != 0) +
+               16U * (*config.logPrefix != 0) + 32U * (*config.logFile != 0) + 64U * (*config.logExtension != 0);
     }
 
     const RegistrySandbox m_registry;
@@ -201,12 +191,14 @@ class TraceSettingsReader : public TextReader
 
 } // namespace
 
-constinit const Harness TraceSettingsHarness{.name = "tracesettings",
-                                             .reads = "settings of the trace in the registry and in an INI file",
-                                             .form = Form::Utf16,
-                                             .inputs = 1'500,
-                                             .separators = L"\n=",
-                                             .words = Words,
-                                             .make = &Make<TraceSettingsReader>};
+constinit const Harness TraceSettingsHarness{
+    .name = "tracesettings",
+    .reads = "settings of the trace in the registry and in an INI file",
+    .form = Form::Utf16,
+    .inputs = 1'500,
+    .separators = L"\n=",
+    .words = L"40 10 11 20 70 30 B0 00 C:\\Trace 10zpt [InteractiveSession]\n [ServiceSession]\n "
+             L"Enable= Level= \nLogFolder= LogPrefix= Robust= =0x11 =-1 =4294967296 =\"a\" ;",
+    .make = &Make<TraceSettingsReader>};
 
 } // namespace Fuzz
