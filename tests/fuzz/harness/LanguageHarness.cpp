@@ -91,6 +91,25 @@ private:
     std::string_view m_image;
 };
 
+// A bitmap of the smallest form, so that a change often comes to its end.
+std::string SmallBitmap()
+{
+    const BITMAPINFOHEADER info{sizeof info, 4, 4, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    return std::string(reinterpret_cast<const char*>(&info), sizeof info) +
+           std::string(4 * 4 * sizeof(RGBQUAD), '\x5A');
+}
+
+// The bytes that a bitmap has by what its header says, which is there.
+std::uint64_t PlainSize(std::string_view input)
+{
+    BITMAPINFOHEADER info{};
+    std::memcpy(&info, input.data(), sizeof info);
+    const std::uint64_t table = info.biClrUsed != 0 ? info.biClrUsed : info.biBitCount <= 8 ? 1U << info.biBitCount : 0;
+    const std::uint64_t masks = info.biCompression == BI_BITFIELDS && info.biSize == sizeof info ? 3 : 0;
+    const std::uint64_t row = (static_cast<std::uint64_t>(info.biWidth) * info.biBitCount + 31) / 32;
+    return info.biSize + sizeof(DWORD) * (table + masks + row * static_cast<std::uint64_t>(info.biHeight));
+}
+
 class LanguageReader : public Reader
 {
     std::vector<std::string> Samples() const override
@@ -102,6 +121,7 @@ class LanguageReader : public Reader
                 Sample('1', IDD_LOG_FORM, RT_DIALOG),
                 Sample('1', IDD_DELETE, RT_DIALOG),
                 Sample('2', IDB_LOG_ICONS, RT_BITMAP),
+                "2" + SmallBitmap(),
                 "4" + m_language.Cursor(),
                 "3" + std::string(reinterpret_cast<const char*>(&configuration), sizeof configuration)};
     }
@@ -173,6 +193,7 @@ class LanguageReader : public Reader
     {
         const OneResource resource(input);
         const BitmapResource bitmap(1U);
+        Expect(bitmap.IsEmpty() || PlainSize(input) <= input.size(), "a bitmap that goes beyond its end");
         const SIZE size = bitmap.GetSize();
         const CMemoryDC dc;
         bitmap.Draw(dc, {0, 0, 16, 16}, {0, 0, size.cx, size.cy});

@@ -76,6 +76,11 @@ private:
             }
             texts.push_back(text);
         }
+        for (std::size_t kind = 0; kind < LogKinds().size(); ++kind)
+        {
+            texts.push_back(static_cast<wchar_t>(FirstKind + kind) +
+                            std::wstring(L"|||||||\n|||||||\n")); // short lines
+        }
         return texts;
     }
 
