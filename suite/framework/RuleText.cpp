@@ -7,6 +7,7 @@
 #include "suite/framework/Utf8.h"
 
 #include <algorithm>
+#include <set>
 #include <vector>
 
 namespace Framework
@@ -170,7 +171,8 @@ void ReadElement(List& rule, std::size_t element, const std::wstring& word, Numb
     rule[element] = std::move(*value);
 }
 
-void ReadOther(List& rule, const std::wstring& word)
+// named: the elements that the line has named so far.
+void ReadOther(List& rule, const std::wstring& word, std::set<std::size_t>& named)
 {
     const std::size_t sign = word.find(L'=');
     const std::wstring number = word.substr(0, sign);
@@ -178,6 +180,10 @@ void ReadOther(List& rule, const std::wstring& word)
     {
         if (sign != word.npos && !HasColumn(i) && std::to_wstring(i) == number)
         {
+            if (!named.insert(i).second)
+            {
+                throw BadLine("element " + std::to_string(i) + " stands there twice");
+            }
             return ReadElement(rule, i, word.substr(sign + 1), {}, "element " + std::to_string(i));
         }
     }
@@ -196,9 +202,10 @@ List ReadRule(const Words& words, const List& usual)
         const Column& column = Columns[i];
         ReadElement(rule, column.element, words[i], column.names, "the " + Narrow(column.title));
     }
+    std::set<std::size_t> named;
     for (std::size_t i = std::size(Columns); i < words.size(); ++i)
     {
-        ReadOther(rule, words[i]);
+        ReadOther(rule, words[i], named);
     }
     return rule;
 }

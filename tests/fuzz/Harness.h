@@ -59,9 +59,9 @@ public:
     // Good inputs, from which others are made.
     virtual std::vector<std::string> Samples() const = 0;
 
-    // Reads the input, behind which stands a page that cannot be touched. Returns a number for what became of it: an
-    // input with a new one took another way through the reader, and others are made from it. Any exception is a
-    // finding.
+    // Reads the input, behind which stands a page that cannot be touched. Returns a number for what became of it, 0
+    // when it was refused: an input with a new one took another way through the reader, and others are made from it.
+    // Any exception is a finding, and so is a sample that is refused.
     virtual std::size_t Read(std::string_view input) = 0;
 };
 
@@ -88,6 +88,25 @@ private:
     virtual std::vector<std::wstring> Texts() const = 0;
     virtual std::size_t ReadText(std::wstring_view text) = 0;
 };
+
+// The parts of a text between separators, of which there is one at least.
+template <class Unit>
+std::vector<std::basic_string<Unit>> Pieces(std::basic_string_view<Unit> text, Unit separator)
+{
+    std::vector<std::basic_string<Unit>> pieces(1);
+    for (const Unit unit : text)
+    {
+        if (unit == separator)
+        {
+            pieces.emplace_back();
+        }
+        else
+        {
+            pieces.back() += unit;
+        }
+    }
+    return pieces;
+}
 
 struct Harness
 {

@@ -16,17 +16,6 @@ namespace fs = std::filesystem;
 constexpr char Digits[] = "0123456789abcdef";
 constexpr std::size_t BytesInLine = 32;
 
-std::vector<std::string> LinesOf(std::string_view text)
-{
-    std::vector<std::string> lines;
-    for (std::size_t end = text.find('\n'); end != text.npos; end = text.find('\n'))
-    {
-        lines.emplace_back(text.substr(0, end));
-        text.remove_prefix(end + 1);
-    }
-    return lines;
-}
-
 std::string ToHex(std::string_view bytes)
 {
     std::string text;
@@ -42,7 +31,7 @@ std::string ToHex(std::string_view bytes)
 std::string FromHex(std::string_view text)
 {
     std::string bytes;
-    for (const std::string& line : LinesOf(text))
+    for (const std::string& line : Pieces(text, '\n'))
     {
         for (std::size_t i = 0; i + 1 < line.size(); i += 2)
         {
@@ -56,22 +45,21 @@ std::string ToLines(std::string_view input)
 {
     std::wstring_view text(reinterpret_cast<const wchar_t*>(input.data()), input.size() / sizeof(wchar_t));
     std::string lines;
-    for (std::size_t end = text.find(L'\n'); end != text.npos; end = text.find(L'\n'))
+    for (const std::wstring& line : Pieces(text, L'\n'))
     {
-        lines += Visible(text.substr(0, end)) + "\n";
-        text.remove_prefix(end + 1);
+        lines += Visible(line) + "\n";
     }
-    return lines + Visible(text) + "\n";
+    return lines;
 }
 
 std::string FromLines(std::string_view lines)
 {
     std::wstring text;
-    for (const std::string& line : LinesOf(lines))
+    for (const std::string& line : Pieces(lines, '\n'))
     {
         text += FromVisible(line) + L"\n";
     }
-    return Utf16Bytes(std::wstring_view(text).substr(0, text.size() - 1));
+    return Utf16Bytes(std::wstring_view(text).substr(0, text.size() - 2)); // the last line ends as well
 }
 
 } // namespace

@@ -16,6 +16,7 @@ namespace
 {
 
 constexpr std::size_t MostBytes = 16 * 1024; // of an input
+constexpr std::size_t HeadBytes = 64;        // where most sizes and counts stand
 constexpr std::size_t LongRun = 2000;        // units; the longest line has a few more
 
 constexpr std::uint32_t Numbers[] = {
@@ -176,7 +177,7 @@ void Mutator::ChangeNumber(std::string& bytes)
     {
         return;
     }
-    const std::size_t place = Below(bytes.size());
+    const std::size_t place = Below(OneIn(2) ? std::min(bytes.size(), HeadBytes) : bytes.size());
     if (OneIn(3))
     {
         bytes[place] = static_cast<char>(bytes[place] ^ (1 << Below(8)));

@@ -4,6 +4,7 @@
 #include "tests/fuzz/harness/Harnesses.h"
 #include "tests/support/TemporaryFolder.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace Fuzz
@@ -14,19 +15,45 @@ namespace
 
 constexpr int CanvasSize = 32; // pixels
 
-// Where the number of bits a pixel stands, and what a file has for it.
-std::string FileOf(WORD bits, LONG width, LONG height, DWORD compression)
+// A file of this form, with a gap in bytes before its rows.
+std::string FileOf(WORD bits, LONG width, LONG height, DWORD compression, DWORD gap = 0)
 {
     const DWORD table = bits <= 8 ? 4u << bits : compression == BI_BITFIELDS ? 12 : 0;
     const auto row = static_cast<DWORD>((width * bits + 31) / 32 * 4);
     BITMAPFILEHEADER file{};
     file.bfType = 0x4D42;
-    file.bfOffBits = sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER) + table;
+    file.bfOffBits = sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER) + table + gap;
     BITMAPINFOHEADER info{sizeof info, width, height, 1, bits, compression, 0, 0, 0, 0, 0};
     std::string bytes(file.bfOffBits + row * static_cast<DWORD>(std::abs(height)), '\x5A');
     std::memcpy(bytes.data(), &file, sizeof file);
     std::memcpy(bytes.data() + sizeof file, &info, sizeof info);
     return bytes;
+}
+
+BITMAPINFOHEADER InfoOf(std::string_view file)
+{
+    BITMAPINFOHEADER info{};
+    std::memcpy(&info, file.data() + sizeof(BITMAPFILEHEADER), sizeof info);
+    return info;
+}
+
+// The rows of a file from the lowest to the highest, as its headers say. Throws std::out_of_range for a short file.
+std::vector<std::string_view> RowsOf(std::string_view bytes)
+{
+    BITMAPFILEHEADER file{};
+    std::memcpy(&file, bytes.data(), sizeof file);
+    const BITMAPINFOHEADER info = InfoOf(bytes);
+    const std::size_t row = (static_cast<std::size_t>(info.biWidth) * info.biBitCount + 31) / 32 * 4;
+    std::vector<std::string_view> rows;
+    for (LONG i = 0; i < std::abs(info.biHeight); ++i)
+    {
+        rows.push_back(bytes.substr(file.bfOffBits + static_cast<std::size_t>(i) * row, row));
+    }
+    if (info.biHeight < 0)
+    {
+        std::ranges::reverse(rows);
+    }
+    return rows;
 }
 
 class BitmapReader : public Reader
@@ -46,6 +73,7 @@ public:
         {
             files.push_back(FileOf(bits, 7, 5, BI_RGB));
             files.push_back(FileOf(bits, 3, -4, BI_RGB));
+            files.push_back(FileOf(bits, 3, 2, BI_RGB, 1024)); // room for more colours
         }
         files.push_back(FileOf(16, 4, 4, BI_BITFIELDS));
         files.push_back(FileOf(32, 4, 4, BI_BITFIELDS));
@@ -69,7 +97,10 @@ public:
         CDIBitmap again;
         Expect(again.Load(m_saved.get()), "the saved picture cannot be loaded");
         ExpectSame(again.GetWidth(), bitmap.GetWidth(), "the width of the saved picture");
-        ExpectSame(again.GetHeight(), bitmap.GetHeight(), "the height of the saved picture");
+        const std::string saved = ReadBytes(m_folder.File(L"saved.bmp"));
+        Expect(RowsOf(saved) == RowsOf(input), "the saved rows are others");
+        const BITMAPINFOHEADER info = InfoOf(saved);
+        Expect(info.biClrUsed <= (info.biBitCount <= 8 ? 1U << info.biBitCount : 0), "more colours than there can be");
         return static_cast<std::size_t>(bitmap.GetBitCount()) * 4 + (bitmap.GetWidth() > 7) * 2 +
                (bitmap.GetHeight() > 5);
     }
@@ -77,8 +108,8 @@ public:
 private:
     UniqueFile MakeFile(const wchar_t* name) const
     {
-        return UniqueFile(CreateFileW(m_folder.File(name).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
-                                      CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+        return UniqueFile(CreateFileW(m_folder.File(name).c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ,
+                                      nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     }
 
     static void Rewind(HANDLE file) { SetFilePointer(file, 0, nullptr, FILE_BEGIN); }

@@ -1,15 +1,17 @@
-// What the program takes from its language file: texts, templates, bitmaps, and what the file says of its language.
+// What the program takes from its language file: texts, templates, bitmaps, a cursor, and what the file says of its
+// language.
 
 #include "common/VdCommon/VdComn_MuiLibrary.h"
 #include "framework/ui/kestrix/controls/BitmapResource.h"
 #include "platform/dialog/DialogTemplate.h"
+#include "platform/dialog/IconResource.h"
 #include "platform/dialog/ModuleState.h"
 #include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 #include "tests/fuzz/GuardedBlock.h"
 #include "tests/fuzz/harness/Harnesses.h"
-#include "tests/support/LanguageFile.h"
 #include "tests/support/OneResource.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <cstring>
 
@@ -19,6 +21,7 @@ namespace Fuzz
 namespace
 {
 
+constexpr wchar_t BuiltFile[] = L"resource\\en-US\\Kestrix.exe.mui";
 constexpr UINT TextsInBlock = 16;
 
 // The texts of a block up to the first that does not lie in it whole.
@@ -39,11 +42,72 @@ std::vector<std::wstring> PlainTexts(std::string_view bytes)
     return texts;
 }
 
-// What lies in the built file under this number and type, with a letter in front that says what it is.
-std::string Sample(char sort, UINT id, const wchar_t* type)
+// What lies in the language file under this number and type.
+std::string_view BytesOf(UINT id, const wchar_t* type)
 {
     const std::span<const std::byte> bytes = GetResourceBytes(id, type);
-    return sort + std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+// The same with a letter in front that says what it is.
+std::string Sample(char sort, UINT id, const wchar_t* type)
+{
+    return sort + std::string(BytesOf(id, type));
+}
+
+// The built file as the program's language file, in memory that ends at a page that cannot be touched and in which the
+// cursor can become another. The system itself looks for the parts of a cursor, so that OneResource does not reach it.
+class LanguageInMemory
+{
+public:
+    LanguageInMemory()
+    {
+        std::string file = ReadBytes(BuiltFile);
+        file.resize((file.size() + 15) / 16 * 16);
+        // The lowest bit says that the file lies there as it does on the disk.
+        AfxSetResourceHandle(reinterpret_cast<HMODULE>(const_cast<char*>(m_block.Put(file).data()) + 1));
+        m_group = BytesOf(IDC_HAND_CURSOR, RT_GROUP_CURSOR);
+        WORD image = 0; // its number is the last word of a group of one
+        std::memcpy(&image, m_group.data() + m_group.size() - sizeof image, sizeof image);
+        m_image = BytesOf(image, RT_CURSOR);
+        Expect(bool(LoadCursorImage(IDC_HAND_CURSOR)), "the built file has no cursor");
+    }
+
+    ~LanguageInMemory() { AfxSetResourceHandle(nullptr); }
+
+    std::string Cursor() const { return std::string(m_group) + std::string(m_image); }
+
+    // Its group and its image become these bytes, as far as there is room, and zeros after them.
+    void SetCursor(std::string bytes)
+    {
+        bytes.resize(m_group.size() + m_image.size());
+        bytes.copy(const_cast<char*>(m_group.data()), m_group.size());
+        bytes.copy(const_cast<char*>(m_image.data()), m_image.size(), m_group.size());
+    }
+
+private:
+    GuardedBlock m_block;
+    std::string_view m_group;
+    std::string_view m_image;
+};
+
+// A bitmap of the smallest form, so that a change often comes to its end.
+std::string SmallBitmap()
+{
+    const BITMAPINFOHEADER info{sizeof info, 4, 4, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    return std::string(reinterpret_cast<const char*>(&info), sizeof info) +
+           std::string(4 * 4 * sizeof(RGBQUAD), '\x5A');
+}
+
+// The bytes that a bitmap has by what its header says, which is there.
+std::uint64_t PlainSize(std::string_view input)
+{
+    BITMAPINFOHEADER info{};
+    std::memcpy(&info, input.data(), sizeof info);
+    const std::uint64_t table = info.biClrUsed != 0 ? info.biClrUsed : info.biBitCount <= 8 ? 1U << info.biBitCount : 0;
+    const std::uint64_t masks = info.biCompression == BI_BITFIELDS && info.biSize == sizeof info ? 3 : 0;
+    const std::uint64_t row = (static_cast<std::uint64_t>(info.biWidth) * info.biBitCount + 31) / 32;
+    return info.biSize + sizeof(DWORD) * (table + masks + row * static_cast<std::uint64_t>(info.biHeight));
 }
 
 class LanguageReader : public Reader
@@ -57,6 +121,8 @@ class LanguageReader : public Reader
                 Sample('1', IDD_LOG_FORM, RT_DIALOG),
                 Sample('1', IDD_DELETE, RT_DIALOG),
                 Sample('2', IDB_LOG_ICONS, RT_BITMAP),
+                "2" + SmallBitmap(),
+                "4" + m_language.Cursor(),
                 "3" + std::string(reinterpret_cast<const char*>(&configuration), sizeof configuration)};
     }
 
@@ -68,7 +134,7 @@ class LanguageReader : public Reader
         }
         const char sort = input.front();
         input.remove_prefix(1);
-        switch (sort & 3)
+        switch (sort & 7)
         {
         case 0:
             return ReadTexts(input);
@@ -76,8 +142,10 @@ class LanguageReader : public Reader
             return 100 + ReadTemplate(input);
         case 2:
             return 1000 + ReadBitmap(input);
-        default:
+        case 3:
             return 2000 + ReadConfiguration(input);
+        default:
+            return 3000 + ReadCursor(input);
         }
     }
 
@@ -125,6 +193,7 @@ class LanguageReader : public Reader
     {
         const OneResource resource(input);
         const BitmapResource bitmap(1U);
+        Expect(bitmap.IsEmpty() || PlainSize(input) <= input.size(), "a bitmap that goes beyond its end");
         const SIZE size = bitmap.GetSize();
         const CMemoryDC dc;
         bitmap.Draw(dc, {0, 0, 16, 16}, {0, 0, size.cx, size.cy});
@@ -134,18 +203,32 @@ class LanguageReader : public Reader
     static std::size_t ReadConfiguration(std::string_view input)
     {
         const OneResource resource(input);
-        const HMODULE module =
-            VdCommon::Library::LoadMUILibrary(L"resource\\en-US\\Kestrix.exe.mui", MUI_LANGUAGE_NAME, 0);
+        const HMODULE module = VdCommon::Library::LoadMUILibrary(BuiltFile, MUI_LANGUAGE_NAME, 0);
         return module != nullptr && VdCommon::Library::FreeMUILibrary(module);
     }
 
-    const LanguageFile m_language;
+    std::size_t ReadCursor(std::string_view input)
+    {
+        m_language.SetCursor(std::string(input));
+        const UniqueCursor cursor = LoadCursorImage(IDC_HAND_CURSOR);
+        ICONINFO info{};
+        if (!cursor || !GetIconInfo(cursor.get(), &info))
+        {
+            return cursor ? 1 : 0;
+        }
+        const UniqueBitmap mask(info.hbmMask);
+        const UniqueBitmap colour(info.hbmColor);
+        return 2 + static_cast<std::size_t>(colour.get() != nullptr) + 2 * (info.xHotspot > 0) +
+               4 * (info.yHotspot > 0);
+    }
+
+    LanguageInMemory m_language;
 };
 
 } // namespace
 
 constinit const Harness LanguageHarness{.name = "language",
-                                        .reads = "texts, templates and bitmaps of the language file",
+                                        .reads = "texts, templates, bitmaps and a cursor of the language file",
                                         .form = Form::Bytes,
                                         .inputs = 4'000,
                                         .separators = {},

@@ -12,8 +12,6 @@ namespace
 
 using namespace std::string_view_literals;
 
-constexpr std::wstring_view Words = L"\r\n \n \r \r\r\n \0 \0\n a\n \n\0\n \r\n\r line\r\n"sv;
-
 // The first character says how many bytes come at once, and whether half a character ends the text.
 class LineReader : public TextReader
 {
@@ -62,7 +60,7 @@ constinit const Harness LineHarness{.name = "lines",
                                     .form = Form::Utf16,
                                     .inputs = 5'000,
                                     .separators = L"\r\n",
-                                    .words = Words,
+                                    .words = L"\r\n \n \r \r\r\n \0 \0\n a\n \n\0\n \r\n\r line\r\n"sv,
                                     .make = &Make<LineReader>};
 
 } // namespace Fuzz

@@ -11,16 +11,10 @@ namespace Fuzz
 namespace
 {
 
-using namespace std::string_view_literals;
-
 using Entry = ReportFilesDouble::Entry;
 
 constexpr wchar_t FileMark = L'\f'; // before each file
 constexpr wchar_t TextMark = L'\v'; // between its name and its text
-
-constexpr std::wstring_view Words =
-    L"20261121.VLG 20261120.SCG 20261118.SPG 20261115.UFG 20261121.ppg \f \v \r\n ||| ||||||||||||2 "
-    L"||1||||||||||1 20260229.VLG 0x3"sv;
 
 // Whether the calendar of the system refuses the year, and the report with it, as its tests tell.
 bool IsRefused(const std::wstring& name)
@@ -76,13 +70,10 @@ class ReportReader : public TextReader
     static std::vector<Entry> EntriesOf(std::wstring_view text)
     {
         std::vector<Entry> entries;
-        while (!text.empty())
+        for (const std::wstring& part : Pieces(text, FileMark))
         {
-            const std::wstring_view part = text.substr(0, text.find(FileMark));
-            text.remove_prefix(std::min(text.size(), part.size() + 1));
-            const std::wstring_view name = part.substr(0, part.find(TextMark));
-            const Entry entry{.name = std::wstring(name),
-                              .text = std::wstring(part.substr(std::min(part.size(), name.size() + 1)))};
+            const std::wstring name = part.substr(0, part.find(TextMark));
+            const Entry entry{.name = name, .text = part.substr(std::min(part.size(), name.size() + 1))};
             const auto isSame = [&](const Entry& other) { return IsSameName(other.name, entry.name); };
             if (!IsRefused(entry.name) && std::ranges::none_of(entries, isSame))
             {
@@ -97,12 +88,14 @@ class ReportReader : public TextReader
 
 } // namespace
 
-constinit const Harness ReportHarness{.name = "report",
-                                      .reads = "names and lines of the daily files that a report counts",
-                                      .form = Form::Utf16,
-                                      .inputs = 6'000,
-                                      .separators = L"\f\v\r\n|",
-                                      .words = Words,
-                                      .make = &Make<ReportReader>};
+constinit const Harness ReportHarness{
+    .name = "report",
+    .reads = "names and lines of the daily files that a report counts",
+    .form = Form::Utf16,
+    .inputs = 6'000,
+    .separators = L"\f\v\r\n|",
+    .words = L"20261121.VLG 20261120.SCG 20261118.SPG 20261115.UFG 20261121.ppg \f \v \r\n ||| ||||||||||||2 "
+             L"||1||||||||||1 20260229.VLG 0x3",
+    .make = &Make<ReportReader>};
 
 } // namespace Fuzz

@@ -13,14 +13,6 @@ namespace Fuzz
 namespace
 {
 
-using namespace std::string_view_literals;
-
-constexpr std::wstring_view Words = L"%I %% % %x 2147483647 -2147483648 4294967295 0x 0x7fffffff \r\n \x00A0"
-                                    L"1 \x2003"
-                                    L"-1 "
-                                    L"\xFF10\xFF58"
-                                    L"1"sv;
-
 class TokenReader : public TextReader
 {
     std::vector<std::wstring> Texts() const override
@@ -73,7 +65,11 @@ constinit const Harness TokenHarness{.name = "tokens",
                                      .form = Form::Utf16,
                                      .inputs = 15'000,
                                      .separators = L"|%",
-                                     .words = Words,
+                                     .words = L"%I %% % %x 2147483647 -2147483648 4294967295 0x 0x7fffffff \r\n \x00A0"
+                                              L"1 \x2003"
+                                              L"-1 "
+                                              L"\xFF10\xFF58"
+                                              L"1",
                                      .make = &Make<TokenReader>};
 
 } // namespace Fuzz

@@ -1,11 +1,15 @@
-// What an administrator has set about tracing, in the registry.
+// What an administrator has set about tracing, in the registry or in an INI file.
 
 #include "common/VdCommon/VdComn_DebugLogSettings.h"
 #include "common/VdCommon/VdComn_Storage.h"
 #include "tests/fuzz/harness/Harnesses.h"
 #include "tests/support/RegistrySandbox.h"
+#include "tests/support/TemporaryFolder.h"
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
+#include <tuple>
 
 namespace Fuzz
 {
@@ -13,17 +17,16 @@ namespace Fuzz
 namespace
 {
 
-using namespace std::string_view_literals;
-
 using VdCommon::DebugLogSettings;
 
 constexpr wchar_t SettingsKey[] = L"Software\\Fuzz";
 constexpr wchar_t SessionKey[] = L"Software\\Fuzz\\InteractiveSession";
+constexpr wchar_t Section[] = L"InteractiveSession";
 
 constexpr const wchar_t* Names[] = {L"Enable",    L"Level",   L"LogProcess",   L"LogUnitType", L"LogFolder",
                                     L"LogPrefix", L"LogFile", L"LogExtension", L"Robust",      L"Debugger"};
 
-constexpr std::wstring_view Words = L"40 10 11 20 70 30 B0 00 C:\\Trace 10zpt"sv;
+constexpr DWORD MostCharacters = 0x10000; // of an INI file
 
 // A value of the registry as a line of an input tells it: a digit for its type, one for the bytes that its last
 // character lacks, and its bytes.
@@ -92,6 +95,40 @@ DebugLogSettings PlainSettings(const std::vector<std::optional<Value>>& values)
     return settings;
 }
 
+// What the file says, with the defaults of what is not in it. The system is asked with room for any text.
+DebugLogSettings PlainSettings(const std::wstring& path)
+{
+    const auto number = [&](const wchar_t* name, int usual)
+    { return GetPrivateProfileIntW(Section, name, usual, path.c_str()); };
+    const auto take = [&](const wchar_t* name, const wchar_t* usual, auto& room)
+    {
+        std::wstring text(MostCharacters, L'\0');
+        GetPrivateProfileStringW(Section, name, usual, text.data(), MostCharacters, path.c_str());
+        text.copy(room, std::size(room) - 1);
+    };
+    DebugLogSettings settings;
+    DebugLogConfig& config = settings.config;
+    settings.enabled = number(L"Enable", 0) != 0;
+    settings.levelMask = number(L"Level", 256);
+    config.logProcess = number(L"LogProcess", 0);
+    config.logUnitType = number(L"LogUnitType", 0);
+    take(L"LogFolder", L"", config.logFolder);
+    take(L"LogPrefix", L"zpt", config.logPrefix);
+    take(L"LogFile", L"", config.logFile);
+    take(L"LogExtension", L"log", config.logExtension);
+    config.robust = number(L"Robust", 0) != 0;
+    config.debugger = number(L"Debugger", 0) != 0;
+    return settings;
+}
+
+auto Parts(const DebugLogSettings& settings)
+{
+    const DebugLogConfig& config = settings.config;
+    return std::tuple(settings.enabled, settings.levelMask, config.logProcess, config.logUnitType,
+                      std::wstring(config.logFolder), std::wstring(config.logPrefix), std::wstring(config.logFile),
+                      std::wstring(config.logExtension), config.robust, config.debugger);
+}
+
 class TraceSettingsReader : public TextReader
 {
     std::vector<std::wstring> Texts() const override
@@ -99,60 +136,69 @@ class TraceSettingsReader : public TextReader
         return {
             std::wstring(
                 L"40\1\0\n40\x0111\0\n40\3\0\n40\4\0\n10C:\\Trace\0\n10pre\0\n20file\0\n70txt\0\0\n40\1\0\n40\0\0", 60),
-            std::wstring(L"40\1\0\n40\x10\0\n40\0\0\n40\0\0\n11unterminated\n10\n", 45)};
+            std::wstring(L"40\1\0\n40\x10\0\n40\0\0\n40\0\0\n11unterminated\n10\n", 45),
+            L"[InteractiveSession]\nEnable=1\nLevel=17\nLogProcess=0x3\nLogUnitType=-4\nLogFolder=C:\\Trace\n"
+            L"LogPrefix=pre\nLogFile=\"a file\"\nLogExtension=txt\nRobust=1\nDebugger=0\n",
+            L"[InteractiveSession]\nLogFile=" + std::wstring(255, L'x') + L"\nLogPrefix=" + std::wstring(511, L'x')};
     }
 
+    // A text that begins with a section is an INI file.
     std::size_t ReadText(std::wstring_view text) override
+    {
+        return text.starts_with(L'[') ? 1000 + ReadFile(text) : ReadRegistry(text);
+    }
+
+    std::size_t ReadFile(std::wstring_view text) const
+    {
+        const std::wstring path = m_folder.File(L"trace.ini");
+        WriteUtf16(path, text);
+        const std::wstring folder = m_folder.Path().wstring();
+        return ExpectSettings(VdCommon::Storage::Key::InIniFile(folder.c_str(), L"trace.ini"), PlainSettings(path));
+    }
+
+    std::size_t ReadRegistry(std::wstring_view text) const
     {
         RegDeleteTreeW(m_registry.Root(), SettingsKey);
         m_registry.MakeKey(SessionKey);
+        std::vector<std::wstring> lines = Pieces(text, L'\n');
+        lines.resize(std::size(Names));
         std::vector<std::optional<Value>> values;
-        for (const wchar_t* const name : Names)
+        std::ranges::transform(lines, std::back_inserter(values), &ValueOf);
+        for (std::size_t i = 0; i < values.size(); ++i)
         {
-            const std::wstring_view line = text.substr(0, text.find(L'\n'));
-            text.remove_prefix(std::min(text.size(), line.size() + 1));
-            values.push_back(ValueOf(line));
-            if (values.back())
+            if (values[i])
             {
-                m_registry.Set(SessionKey, name, values.back()->type, values.back()->bytes.data(),
-                               values.back()->bytes.size());
+                m_registry.Set(SessionKey, Names[i], values[i]->type, values[i]->bytes.data(), values[i]->bytes.size());
             }
         }
-        DebugLogSettings settings;
-        const auto key = VdCommon::Storage::Key::InRegistry(HKEY_LOCAL_MACHINE, SettingsKey);
-        Expect(VdCommon::ReadDebugLogSettings(key, L"Fuzz", settings), "the settings are not read");
-        const DebugLogSettings expected = PlainSettings(values);
-        ExpectSame(settings.enabled, expected.enabled, "whether tracing is on");
-        ExpectSame(settings.levelMask, expected.levelMask, "the levels");
-        return ExpectConfig(settings.config, expected.config) * 2 + settings.enabled;
+        return ExpectSettings(VdCommon::Storage::Key::InRegistry(HKEY_LOCAL_MACHINE, SettingsKey),
+                              PlainSettings(values));
     }
 
-    // Returns which of the texts are not empty.
-    static std::size_t ExpectConfig(const DebugLogConfig& found, const DebugLogConfig& expected)
+    static std::size_t ExpectSettings(const VdCommon::Storage::Key& key, const DebugLogSettings& expected)
     {
-        ExpectSame(found.logProcess, expected.logProcess, "LogProcess");
-        ExpectSame(found.logUnitType, expected.logUnitType, "LogUnitType");
-        ExpectSame(std::wstring(found.logFolder), std::wstring(expected.logFolder), "LogFolder");
-        ExpectSame(std::wstring(found.logPrefix), std::wstring(expected.logPrefix), "LogPrefix");
-        ExpectSame(std::wstring(found.logFile), std::wstring(expected.logFile), "LogFile");
-        ExpectSame(std::wstring(found.logExtension), std::wstring(expected.logExtension), "LogExtension");
-        ExpectSame(found.robust, expected.robust, "Robust");
-        ExpectSame(found.debugger, expected.debugger, "Debugger");
-        return (*found.logFolder != 0) + 2U * (*found.logPrefix != 0) + 4U * (*found.logFile != 0) +
-               8U * (*found.logExtension != 0) + 16U * found.robust + 32U * found.debugger;
+        DebugLogSettings settings;
+        Expect(VdCommon::ReadDebugLogSettings(key, L"Fuzz", settings), "the settings are not read");
+        ExpectSame(Parts(settings), Parts(expected), "the settings");
+        const DebugLogConfig& config = settings.config;
+        return 1 + settings.enabled + 2U * config.robust + 4U * config.debugger + 8U * (*config.logFolder != 0) +
+               16U * (*config.logPrefix != 0) + 32U * (*config.logFile != 0) + 64U * (*config.logExtension != 0);
     }
 
     const RegistrySandbox m_registry;
+    const TemporaryFolder m_folder;
 };
 
 } // namespace
 
-constinit const Harness TraceSettingsHarness{.name = "tracesettings",
-                                             .reads = "settings of the trace in the registry",
-                                             .form = Form::Utf16,
-                                             .inputs = 1'500,
-                                             .separators = L"\n",
-                                             .words = Words,
-                                             .make = &Make<TraceSettingsReader>};
+constinit const Harness TraceSettingsHarness{
+    .name = "tracesettings",
+    .reads = "settings of the trace in the registry and in an INI file",
+    .form = Form::Utf16,
+    .inputs = 1'500,
+    .separators = L"\n=",
+    .words = L"40 10 11 20 70 30 B0 00 C:\\Trace 10zpt [InteractiveSession]\n [ServiceSession]\n "
+             L"Enable= Level= \nLogFolder= LogPrefix= Robust= =0x11 =-1 =4294967296 =\"a\" ;",
+    .make = &Make<TraceSettingsReader>};
 
 } // namespace Fuzz

@@ -18,13 +18,7 @@ namespace Fuzz
 namespace
 {
 
-using namespace std::string_view_literals;
-
 using namespace Frwk::DataTypes;
-
-constexpr std::wstring_view Words =
-    L"( (7 (-1 ) b0 b-1 b1 y0 y255 w0 w1 w65535 n0 n7 n-1 t ttext u oodd a12 a17,16 a17,20 a8,3 a12,0 "
-    L"a12,2,2 a17,0 a19,4 a3,2 v0 v1 v3 v5 v9 v10 v13 tC:\\Program%Files\\a.exe t192.0.2.1"sv;
 
 // Types whose values of zeros the platform takes for values.
 constexpr VARTYPE PlainTypes[] = {VT_EMPTY,    VT_NULL,  VT_I2,      VT_I4, VT_R4, VT_R8,  VT_CY,  VT_DATE,
@@ -38,6 +32,13 @@ long NumberAt(std::wstring_view word, std::size_t place)
     return std::wcstol(std::wstring(word.substr(std::min(word.size(), place))).c_str(), nullptr, 10);
 }
 
+// An array, and what the service must read of it: nothing when an element is none that it takes.
+struct Made
+{
+    OwnedArray array;
+    std::optional<Framework::List> list;
+};
+
 // Makes an array of what the words say, one word an element: b, y, w, n, t, u and o are a BOOL, UI1, UI2, UI4, a text,
 // the null text and a text of odd bytes; v is a value of the type; a is an array of the type, with its counts; and what
 // stands in brackets is an array of variants, which may begin with its lower bound.
@@ -46,16 +47,21 @@ class ArrayMaker
 public:
     explicit ArrayMaker(std::wstring_view text) : m_text(text) {}
 
-    OwnedArray Make(long lowerBound = 0, int depth = 0)
+    Made Make(long lowerBound = 0, int depth = 1)
     {
         std::vector<VARIANT> elements;
+        Framework::List list;
+        bool isList = lowerBound == 0 && depth <= Framework::DeepestList;
         for (std::wstring_view word = Next(); !word.empty() && word != L")"; word = Next())
         {
-            elements.push_back(Element(word, depth));
+            std::optional<Framework::Value> value;
+            elements.push_back(Element(word, depth, value));
+            isList = isList && value;
+            list.push_back(value.value_or(false));
         }
         OwnedArray array{std::span<const VARIANT>(elements)};
         array->rgsabound[0].lLbound = lowerBound;
-        return array;
+        return {std::move(array), isList ? std::optional(std::move(list)) : std::nullopt};
     }
 
 private:
@@ -67,32 +73,53 @@ private:
         return word;
     }
 
-    VARIANT Element(std::wstring_view word, int depth)
+    VARIANT Element(std::wstring_view word, int depth, std::optional<Framework::Value>& value)
     {
         const auto number = static_cast<ULONGLONG>(NumberAt(word, 1));
-        switch (word.front())
+        switch (depth > DeepestNesting ? L'n' : word.front())
         {
         case L'(':
-            return depth < DeepestNesting ? Wire::Array(Make(NumberAt(word, 1), depth + 1)) : Wire::Number(0);
+        {
+            Made inner = Make(NumberAt(word, 1), depth + 1);
+            value = std::move(inner.list);
+            return Wire::Array(std::move(inner.array));
+        }
         case L'b':
+            if (const auto bits = number & 0xFFFF; bits == 0 || bits == 0xFFFF)
+            {
+                value = bits != 0;
+            }
             return Wire::Value(VT_BOOL, number & 0xFFFF);
         case L'y':
+            value = static_cast<std::uint8_t>(number);
             return Wire::Value(VT_UI1, number & 0xFF);
         case L'w':
+            value = static_cast<std::uint16_t>(number);
             return Wire::Value(VT_UI2, number & 0xFFFF);
         case L't':
+            value = word.find(L'\0') == word.npos ? std::optional(std::wstring(word.substr(1))) : std::nullopt;
             return Wire::Text(std::wstring(word.substr(1)));
         case L'u':
+            value = std::wstring();
             return Wire::Value(VT_BSTR, 0);
         case L'o':
             return Wire::Value(VT_BSTR, reinterpret_cast<ULONGLONG>(SysAllocStringByteLen(
                                             reinterpret_cast<const char*>(word.data()),
                                             static_cast<UINT>(word.size() * sizeof(wchar_t) - 1))));
         case L'a':
-            return TypedArray(word, static_cast<VARTYPE>(number));
+        {
+            const VARIANT array = TypedArray(word, static_cast<VARTYPE>(number));
+            if (array.vt == (VT_ARRAY | VT_VARIANT) && array.parray != nullptr && array.parray->cDims == 1 &&
+                array.parray->rgsabound[0].cElements == 0 && depth < Framework::DeepestList)
+            {
+                value = Framework::List();
+            }
+            return array;
+        }
         case L'v':
             return Wire::Value(PlainTypes[number % std::size(PlainTypes)], 0);
         default:
+            value = static_cast<std::uint32_t>(number);
             return Wire::Number(static_cast<ULONG>(number));
         }
     }
@@ -177,14 +204,15 @@ class VariantReader : public TextReader
     std::size_t ReadText(std::wstring_view text) override
     {
         const ComMemoryWatch memory;
-        const std::size_t outcome = ReadArray(ArrayMaker(text).Make());
+        const std::size_t outcome = ReadMade(ArrayMaker(text).Make());
         ExpectSame(memory.BlocksOut(), 0, "the blocks that are not given back");
         return outcome;
     }
 
-    static std::size_t ReadArray(const OwnedArray& array)
+    static std::size_t ReadMade(const Made& made)
     {
-        const std::size_t rules = ReadRules(array);
+        const OwnedArray& array = made.array;
+        const std::size_t rules = ReadRules(made);
         bool isConnected = false;
         ComPrpChkInternetConn connection;
         connection.Attach(array.Get());
@@ -197,18 +225,20 @@ class VariantReader : public TextReader
         ComPrpUrlFilterCategoryGroupList categories;
         categories.Attach(array.Get());
         const bool hasCategories = categories.GetPrpUrlFilterCategoryCroupList(&groups);
-        return rules * 8 + hasConnection + 2 * hasReport + 4 * hasCategories +
+        return 1 + rules * 8 + hasConnection + 2 * hasReport + 4 * hasCategories +
                1000 * std::min<std::size_t>(groups.size(), 9);
     }
 
-    static std::size_t ReadRules(const OwnedArray& array)
+    static std::size_t ReadRules(const Made& made)
     {
+        const OwnedArray& array = made.array;
         FwRuleList rules;
         ComPrfFwRules wire;
         wire.Attach(array.Get());
         const bool isRead = wire.GetPrfFwRules(rules);
         Expect(rules.empty() || ComesBack(rules), "the rules are others after they were written and read");
         const std::optional<Framework::List> list = Framework::ReadArray(array.Get());
+        Expect(list == made.list, "the list is another");
         if (!list)
         {
             return isRead;
@@ -224,12 +254,14 @@ class VariantReader : public TextReader
 
 } // namespace
 
-constinit const Harness VariantHarness{.name = "variants",
-                                       .reads = "arrays of the service",
-                                       .form = Form::Utf16,
-                                       .inputs = 6'000,
-                                       .separators = L" ",
-                                       .words = Words,
-                                       .make = &Make<VariantReader>};
+constinit const Harness VariantHarness{
+    .name = "variants",
+    .reads = "arrays of the service",
+    .form = Form::Utf16,
+    .inputs = 6'000,
+    .separators = L" ",
+    .words = L"( (7 (-1 ) b0 b-1 b1 y0 y255 w0 w1 w65535 n0 n7 n-1 t ttext u oodd a12 a17,16 a17,20 a8,3 a12,0 "
+             L"a12,2,2 a17,0 a19,4 a3,2 v0 v1 v3 v5 v9 v10 v13 tC:\\Program%Files\\a.exe t192.0.2.1",
+    .make = &Make<VariantReader>};
 
 } // namespace Fuzz

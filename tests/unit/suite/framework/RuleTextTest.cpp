@@ -137,6 +137,13 @@ TEST(RuleTextTest, ALineThatIsWrongIsToldWithItsNumberAndItsFault)
     }
 }
 
+// The last value of such an element was loaded, and nobody was told of the first.
+TEST(RuleTextTest, ALineThatNamesAnElementTwiceIsRefused)
+{
+    const std::string told = FaultsOf(std::string(Line) + " 12=1 13=1 12=1");
+    EXPECT_NE(told.find("line 1: element 12 stands there twice"), told.npos) << told;
+}
+
 TEST(RuleTextTest, TheFirstTenWrongLinesAreToldAndTheOthersCounted)
 {
     std::string text;
