@@ -45,24 +45,28 @@ std::set<int> PointsOf(int calls)
     return points;
 }
 
-int WindowCount()
+using Classes = std::multiset<std::wstring>;
+
+BOOL CALLBACK NoteClass(HWND window, LPARAM to)
 {
-    int count = 0;
-    const WNDENUMPROC all = [](HWND window, LPARAM to)
-    {
-        ++*reinterpret_cast<int*>(to);
-        EnumChildWindows(
-            window,
-            [](HWND, LPARAM sum)
-            {
-                ++*reinterpret_cast<int*>(sum);
-                return TRUE;
-            },
-            to);
-        return TRUE;
-    };
-    EnumThreadWindows(GetCurrentThreadId(), all, reinterpret_cast<LPARAM>(&count));
-    return count;
+    wchar_t name[64]{};
+    GetClassNameW(window, name, static_cast<int>(std::size(name)));
+    reinterpret_cast<Classes*>(to)->insert(name);
+    return TRUE;
+}
+
+BOOL CALLBACK NoteClasses(HWND window, LPARAM to)
+{
+    EnumChildWindows(window, &NoteClass, to);
+    return NoteClass(window, to);
+}
+
+// Those of the windows that this thread has.
+Classes LiveWindows()
+{
+    Classes classes;
+    EnumThreadWindows(GetCurrentThreadId(), &NoteClasses, reinterpret_cast<LPARAM>(&classes));
+    return classes;
 }
 
 } // namespace
@@ -72,7 +76,7 @@ struct Sweep::State
     std::wstring outcome;
     std::set<std::wstring> boxes; // their texts
     decltype(LiveHandles::All()) handles;
-    int windows;
+    Classes windows;
 };
 
 Sweep::Sweep()
@@ -107,7 +111,7 @@ void Sweep::TryKind(const Operation& operation, FaultKind kind)
     Counts counts;
     const std::size_t before = m_boxes.Boxes().size();
     counts.calls = Run(operation, kind, 0);
-    const State usual{operation.outcome(), BoxesSince(before), LiveHandles::All(), WindowCount()};
+    const State usual{operation.outcome(), BoxesSince(before), LiveHandles::All(), LiveWindows()};
     for (const int number : PointsOf(counts.calls))
     {
         SCOPED_TRACE(m_strPoint = std::string(operation.name) + ", " + KindNames[static_cast<int>(kind)] + " call " +
@@ -125,7 +129,7 @@ void Sweep::TryKind(const Operation& operation, FaultKind kind)
         Run(operation, FaultKind::None, 0);
         EXPECT_EQ(operation.outcome(), usual.outcome);
         EXPECT_EQ(LiveHandles::All(), usual.handles);
-        EXPECT_EQ(WindowCount(), usual.windows);
+        EXPECT_EQ(LiveWindows(), usual.windows);
     }
     Write(operation, kind, counts);
 }
