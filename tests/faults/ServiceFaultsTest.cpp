@@ -123,7 +123,7 @@ TEST_F(ServiceFaultsTest, TheScheduleWhileNothingIsToBeDeleted)
                  .outcome = [&] { return RowCount(); },
                  .isWhole = [&] { return EventRowsOf(m_path) == m_before; },
                  .isTold = [&] { return FAILED(m_result); }},
-                {Allocation, File, Registry});
+                {Registry});
 }
 
 TEST_F(ServiceFaultsTest, ChangingTheSettings)

@@ -111,6 +111,7 @@ void Sweep::TryKind(const Operation& operation, FaultKind kind)
     Counts counts;
     const std::size_t before = m_boxes.Boxes().size();
     counts.calls = Run(operation, kind, 0);
+    EXPECT_GT(counts.calls, 0) << operation.name << " makes no such call";
     const State usual{operation.outcome(), BoxesSince(before), LiveHandles::All(), LiveWindows()};
     for (const int number : PointsOf(counts.calls))
     {
