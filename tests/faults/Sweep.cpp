@@ -7,11 +7,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <numeric>
 #include <random>
 #include <ranges>
 #include <set>
@@ -30,18 +32,14 @@ int MostPoints()
 }
 
 // The numbers of the calls that fail, one at a time: all, or else the first and some that are drawn.
-std::set<int> PointsOf(int calls)
+std::vector<int> PointsOf(int calls)
 {
     static std::mt19937 random(Seed());
-    std::set<int> points;
-    for (int number = 1; number <= calls && calls <= MostPoints(); ++number)
-    {
-        points.insert(number);
-    }
-    while (static_cast<int>(points.size()) < std::min(calls, MostPoints()))
-    {
-        points.insert(points.empty() ? 1 : std::uniform_int_distribution(1, calls)(random));
-    }
+    std::vector<int> points(static_cast<std::size_t>(calls));
+    std::iota(points.begin(), points.end(), 1);
+    std::shuffle(points.begin() + std::min(calls, 1), points.end(), random);
+    points.resize(static_cast<std::size_t>(std::min(calls, MostPoints())));
+    std::ranges::sort(points);
     return points;
 }
 
