@@ -69,14 +69,6 @@ Classes LiveWindows()
 
 } // namespace
 
-struct Sweep::State
-{
-    std::wstring outcome;
-    std::set<std::wstring> boxes; // their texts
-    decltype(LiveHandles::All()) handles;
-    Classes windows;
-};
-
 Sweep::Sweep()
     : m_watch(
           [this](const char* what)
@@ -107,28 +99,31 @@ void Sweep::Try(const Operation& operation, std::initializer_list<FaultKind> kin
 void Sweep::TryKind(const Operation& operation, FaultKind kind)
 {
     Counts counts;
-    const std::size_t before = m_boxes.Boxes().size();
+    const std::size_t first = m_boxes.Boxes().size();
     counts.calls = Run(operation, kind, 0);
     EXPECT_GT(counts.calls, 0) << operation.name << " makes no such call";
-    const State usual{operation.outcome(), BoxesSince(before), LiveHandles::All(), LiveWindows()};
+    const std::wstring outcome = operation.outcome(); // the usual one
+    const auto boxes = BoxesSince(first);
+    const auto handles = LiveHandles::All();
+    const auto windows = LiveWindows();
     for (const int number : PointsOf(counts.calls))
     {
         SCOPED_TRACE(m_strPoint = std::string(operation.name) + ", " + KindNames[static_cast<int>(kind)] + " call " +
                                   std::to_string(number));
-        const std::size_t boxes = m_boxes.Boxes().size();
+        const std::size_t before = m_boxes.Boxes().size();
         if (Run(operation, kind, number) < number)
         {
             continue; // the calls of this run were fewer, so that none failed
         }
         ++counts.tried;
-        const bool isTold = !std::ranges::includes(usual.boxes, BoxesSince(boxes)) || operation.isTold();
-        const bool isDone = operation.outcome() == usual.outcome;
+        const bool isTold = !std::ranges::includes(boxes, BoxesSince(before)) || operation.isTold();
+        const bool isDone = operation.outcome() == outcome;
         ++(isDone ? counts.done : isTold ? counts.told : !m_trace->Errors().empty() ? counts.traced : counts.silent);
         EXPECT_TRUE(operation.isWhole());
         Run(operation, FaultKind::None, 0);
-        EXPECT_EQ(operation.outcome(), usual.outcome);
-        EXPECT_EQ(LiveHandles::All(), usual.handles);
-        EXPECT_EQ(LiveWindows(), usual.windows);
+        EXPECT_EQ(operation.outcome(), outcome);
+        EXPECT_EQ(LiveHandles::All(), handles);
+        EXPECT_EQ(LiveWindows(), windows);
     }
     Write(operation, kind, counts);
 }

@@ -20,7 +20,6 @@ TEST_F(PageTest, LoadingADayFile)
     OpenDay({VirusLine(L"0900", L"beta"), VirusLine(L"1030", L"alpha")});
     m_parent.ShowWindow(SW_HIDE);
     Sweep().Try({.name = "load from a file",
-                 .prepare = [] {},
                  .run = [&] { SelectDate(0); },
                  .outcome =
                      [&]
