@@ -88,11 +88,11 @@ bool CDialog::CreateFromTemplate(HWND parent, bool hidden)
         dialogTemplate.RemoveVisibleStyle();
     }
     m_bInitFailed = false;
-    ::CreateDialogIndirectParamW(AfxGetInstanceHandle(), dialogTemplate.Get(), parent, &DialogProcedure,
-                                 reinterpret_cast<LPARAM>(this));
+    const HWND window = ::CreateDialogIndirectParamW(AfxGetInstanceHandle(), dialogTemplate.Get(), parent,
+                                                     &DialogProcedure, reinterpret_cast<LPARAM>(this));
     if (m_bInitFailed)
     {
-        DestroyWindow();
+        ::DestroyWindow(window); // which may not have become this object's
     }
     return m_hWnd != nullptr;
 }

@@ -3,6 +3,7 @@
 #include "platform/dialog/Exceptions.h"
 #include "platform/dialog/MessageChain.h"
 #include "platform/dialog/ModuleState.h"
+#include "platform/dialog/UniqueHandle.h"
 
 CWnd::~CWnd()
 {
@@ -35,17 +36,18 @@ bool CWnd::SubclassWindow(HWND window)
     try
     {
         PreSubclassWindow();
+        if (m_Subclass.Install(window, &HandleMessage, this))
+        {
+            return true;
+        }
     }
     catch (...)
     {
         m_hWnd = nullptr;
         throw;
     }
-    if (!m_Subclass.Install(window, &HandleMessage, this))
-    {
-        m_hWnd = nullptr;
-    }
-    return m_hWnd != nullptr;
+    m_hWnd = nullptr;
+    return false;
 }
 
 void CWnd::Attach(HWND window)
@@ -70,14 +72,15 @@ bool CWnd::Create(const wchar_t* className, const std::wstring& text, DWORD styl
     {
         return false;
     }
-    const HWND window = ::CreateWindowExW(
+    UniqueWindow window(::CreateWindowExW(
         exStyle, className, text.c_str(), style, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
-        parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), AfxGetInstanceHandle(), nullptr);
-    if (window == nullptr || !SubclassWindow(window))
+        parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), AfxGetInstanceHandle(), nullptr));
+    if (!SubclassWindow(window.get()))
     {
         return false;
     }
     OwnWindow();
+    static_cast<void>(window.release());
     return true;
 }
 

@@ -107,7 +107,7 @@ bool ObjectTable::WasUsed() const
     return m_bWasUsed;
 }
 
-void ObjectTable::DisconnectEndedClients()
+bool ObjectTable::DisconnectEndedClients()
 {
     std::vector<Suite::ComPtr<IUnknown>> left;
     {
@@ -131,6 +131,7 @@ void ObjectTable::DisconnectEndedClients()
     {
         CoDisconnectObject(object.Get(), 0);
     }
+    return !left.empty();
 }
 
 void ObjectTable::Add(HeldObject& object)

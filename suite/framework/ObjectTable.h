@@ -67,8 +67,9 @@ public:
     // An automatic event: the table became unused, or a client ended. Belongs to the table.
     HANDLE Changed() const { return m_changed.get(); }
 
-    // Takes away what ended clients held. The calling thread is in the multithreaded apartment.
-    void DisconnectEndedClients();
+    // Takes away what ended clients held; false when there was nothing. What a call of theirs still makes is not gone
+    // then. The calling thread is in the multithreaded apartment.
+    bool DisconnectEndedClients();
 
 private:
     friend class HeldObject;

@@ -28,6 +28,7 @@ using SteadyClock = std::chrono::steady_clock;
 constexpr milliseconds FirstClient{30'000};    // how long the client that started the service may take to come
 constexpr milliseconds BetweenLooks{60'000};   // at the date
 constexpr milliseconds PendingActivation{300}; // between getting the class object and using it
+constexpr milliseconds LeftCall{300};          // of a client that has ended, until a look at what it has made
 constexpr milliseconds Refusal{3000};          // of clients, which look for the class once a second
 
 void Require(HRESULT result, const char* what)
@@ -104,10 +105,11 @@ void ServeClients(Service& service, const Instance& instance, milliseconds idle)
 {
     ObjectTable& objects = service.Objects();
     CoAddRefServerProcess();
+    bool hadEnded = false; // a client, who may have left a call
     while (true)
     {
         service.PurgeIfDue();
-        milliseconds wait = BetweenLooks;
+        milliseconds wait = hadEnded ? LeftCall : BetweenLooks;
         if (const auto since = objects.UnusedSince())
         {
             const milliseconds left = Left(*since, objects.WasUsed() ? idle : std::max(idle, FirstClient));
@@ -128,7 +130,7 @@ void ServeClients(Service& service, const Instance& instance, milliseconds idle)
         {
             service.RaiseExit();
         }
-        objects.DisconnectEndedClients();
+        hadEnded = objects.DisconnectEndedClients();
     }
 }
 

@@ -4,6 +4,7 @@
 #include "suite/framework/FirewallRules.h"
 #include "suite/framework/ValueSource.h"
 #include "tests/e2e/EventLogs.h"
+#include "tests/e2e/RuleList.h"
 #include "tests/e2e/ServiceFixture.h"
 #include "tests/e2e/Viewer.h"
 #include "tests/support/DebugScale.h"
@@ -18,11 +19,6 @@ namespace
 using Framework::FirewallRules;
 using Framework::List;
 
-constexpr int FirewallLog = 3;               // command code
-constexpr std::uint32_t FirewallSubType = 6; // of the same log in the database
-
-constexpr std::uint32_t Tcp = 6;
-
 // An event as the firewall writes it.
 struct Event
 {
@@ -35,20 +31,6 @@ std::wstring BlockedLine(const Event& event, std::size_t second)
 {
     return L"1000" + std::to_wstring(59 - second) + L"|4|0|" + std::to_wstring(event.direction) + L"||" +
            std::to_wstring(event.protocol) + L"|2|LIP|49152|192.0.2.20|443|||" + event.program + L"||";
-}
-
-// The rule that the viewer makes: what it does not tell is zero or empty.
-List MadeRule(const std::wstring& path, const std::wstring& name, std::uint32_t protocol)
-{
-    List rule = Framework::UsualRule();
-    rule[0] = true;
-    rule[Framework::RuleName] = name;
-    rule[3] = std::uint16_t{1};
-    rule[Framework::RuleProgram] = path;
-    rule[Framework::RuleDirection] = std::uint16_t{2};
-    rule[Framework::RuleAction] = std::uint16_t{0};
-    rule[Framework::RuleProtocol] = protocol;
-    return rule;
 }
 
 std::wstring TextAt(const Framework::Value& rule, std::size_t element)

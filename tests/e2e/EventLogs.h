@@ -7,9 +7,12 @@
 #include <string>
 #include <vector>
 
-inline constexpr int VirusLog = 1;               // command code
-inline constexpr std::uint32_t VirusSubType = 2; // of the same log in the database
+// Command codes, and the numbers of the same logs in the database.
+inline constexpr int VirusLog = 1;
+inline constexpr int FirewallLog = 3;
+inline constexpr std::uint32_t VirusSubType = 2;
 inline constexpr std::uint32_t SpywareSubType = 3;
+inline constexpr std::uint32_t FirewallSubType = 6;
 
 // The command line for the database's log of this command code.
 std::wstring DatabaseCommandLine(int logCode);

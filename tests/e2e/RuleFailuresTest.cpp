@@ -22,7 +22,6 @@ using Framework::List;
 using Texts = std::vector<std::wstring>;
 
 constexpr wchar_t RefusedProgram[] = L"C:\\Program Files\\Pinecone Browser\\pinecone.exe";
-constexpr std::uint32_t TcpProtocol = 6;
 constexpr std::uint32_t Outgoing = 2;
 constexpr int MostTries = 8;
 
@@ -39,12 +38,8 @@ struct Log : CZPTLogPFW
 
 List RuleOfProgram(std::uint16_t action)
 {
-    List rule = Framework::UsualRule();
-    rule[Framework::RuleName] = std::wstring(L"pinecone");
-    rule[Framework::RuleProgram] = std::wstring(RefusedProgram);
+    List rule = MadeRule(RefusedProgram, L"pinecone", Tcp);
     rule[Framework::RuleAction] = action;
-    rule[Framework::RuleDirection] = std::uint16_t{2};
-    rule[Framework::RuleProtocol] = TcpProtocol;
     return rule;
 }
 
@@ -86,7 +81,7 @@ protected:
 
     static int Allow()
     {
-        const FirewallSelection selection{RefusedProgram, Outgoing, TcpProtocol};
+        const FirewallSelection selection{RefusedProgram, Outgoing, Tcp};
         return Log::RemoveSelectedPfwRuleAndAddAllowRule(&selection);
     }
 

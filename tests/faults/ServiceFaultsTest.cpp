@@ -57,6 +57,24 @@ protected:
         }
     }
 
+    // Keeps the result of what may throw.
+    void Do(const std::function<void()>& work)
+    {
+        m_result = WithoutExceptions(
+            [&]
+            {
+                work();
+                return S_OK;
+            });
+    }
+
+    // A failure is told by the result.
+    void Try(Operation operation, std::initializer_list<FaultKind> kinds)
+    {
+        operation.isTold = [this] { return FAILED(m_result); };
+        m_sweep.Try(operation, kinds);
+    }
+
     const std::wstring m_path = m_folder.File(EventLog::DatabaseFileName);
     std::string m_file;
     EventRows m_before;
@@ -76,29 +94,28 @@ TEST_F(ServiceFaultsTest, Deleting)
     m_purger.Events().Advise(this, __uuidof(IVdFrwkLocalEvents), Suite::ComPtr<IUnknown>(inbox.Sink()));
     std::size_t events = 0;
     const UniqueSafeArray order = MakeArray({20261010u, 0u, VirusPurgeType});
-    m_sweep.Try({.name = "delete in the service",
-                 .prepare =
-                     [&]
-                 {
-                     RestoreDatabase();
-                     events = inbox.Events().size();
-                 },
-                 .run =
-                     [&]
-                 {
-                     ULONG word = 0;
-                     ULONG unused = 0;
-                     m_result = m_controller->DoCommand(22, 1, 0, 0, &word, &unused, order.get());
-                     if (SUCCEEDED(m_result))
-                     {
-                         EXPECT_TRUE(inbox.WaitFor(events + 1)) << "the client waits for the event";
-                         m_result = inbox.LastResult();
-                     }
-                 },
-                 .outcome = [&] { return RowCount(); },
-                 .isWhole = [&] { return IsDatabaseWhole(); },
-                 .isTold = [&] { return FAILED(m_result); }},
-                {Allocation, File, Com, Sqlite});
+    Try({.name = "delete in the service",
+         .prepare =
+             [&]
+         {
+             RestoreDatabase();
+             events = inbox.Events().size();
+         },
+         .run =
+             [&]
+         {
+             ULONG word = 0;
+             ULONG unused = 0;
+             m_result = m_controller->DoCommand(22, 1, 0, 0, &word, &unused, order.get());
+             if (SUCCEEDED(m_result))
+             {
+                 EXPECT_TRUE(inbox.WaitFor(events + 1)) << "the client waits for the event";
+                 m_result = inbox.LastResult();
+             }
+         },
+         .outcome = [&] { return RowCount(); },
+         .isWhole = [&] { return IsDatabaseWhole(); }},
+        {Allocation, File, Com, Sqlite});
     m_purger.Events().UnadviseAll(this);
 }
 
@@ -107,43 +124,36 @@ TEST_F(ServiceFaultsTest, TheScheduleWhileNothingIsToBeDeleted)
 {
     m_controller.Reset();
     WritePurgeSettings({1, 0});
-    m_sweep.Try({.name = "the schedule, switched off",
-                 .prepare = [&] { RestoreDatabase(); },
-                 .run =
-                     [&]
-                 {
-                     m_result = WithoutExceptions(
-                         [this]
-                         {
-                             m_purger.PurgeIfDue();
-                             return S_OK;
-                         });
-                     EXPECT_TRUE(WaitUntilIdle());
-                 },
-                 .outcome = [&] { return RowCount(); },
-                 .isWhole = [&] { return EventRowsOf(m_path) == m_before; },
-                 .isTold = [&] { return FAILED(m_result); }},
-                {Allocation, File, Registry});
+    Try({.name = "the schedule, switched off",
+         .prepare = [&] { RestoreDatabase(); },
+         .run =
+             [&]
+         {
+             Do([this] { m_purger.PurgeIfDue(); });
+             EXPECT_TRUE(WaitUntilIdle());
+         },
+         .outcome = [&] { return RowCount(); },
+         .isWhole = [&] { return EventRowsOf(m_path) == m_before; }},
+        {Registry});
 }
 
 TEST_F(ServiceFaultsTest, ChangingTheSettings)
 {
     const UniqueSafeArray wanted = MakeArray({60u, 1u});
-    m_sweep.Try({.name = "settings in the service",
-                 .prepare =
-                     [] {
-                         WritePurgeSettings({20, 0});
-                     },
-                 .run = [&] { Set(Settings, wanted.get()); },
-                 .outcome = [] { return std::to_wstring(ReadPurgeSettings().days); },
-                 .isWhole =
-                     []
-                 {
-                     const PurgeSettings settings = ReadPurgeSettings();
-                     return settings == PurgeSettings{20, 0} || settings == PurgeSettings{60, 1};
-                 },
-                 .isTold = [&] { return FAILED(m_result); }},
-                {Allocation, Registry, Com});
+    Try({.name = "settings in the service",
+         .prepare =
+             [] {
+                 WritePurgeSettings({20, 0});
+             },
+         .run = [&] { Set(Settings, wanted.get()); },
+         .outcome = [] { return std::to_wstring(ReadPurgeSettings().days); },
+         .isWhole =
+             []
+         {
+             const PurgeSettings settings = ReadPurgeSettings();
+             return settings == PurgeSettings{20, 0} || settings == PurgeSettings{60, 1};
+         }},
+        {Allocation, Registry, Com});
 }
 
 TEST_F(ServiceFaultsTest, StoringRules)
@@ -152,13 +162,12 @@ TEST_F(ServiceFaultsTest, StoringRules)
     const List after{SampleRule(L"new"), SampleRule(L"old")};
     const UniqueSafeArray wanted = MakeArray(after);
     const auto kept = [&] { return ValueStore(m_folder.Path()).Get(Rules); };
-    m_sweep.Try({.name = "rules in the service",
-                 .prepare = [&] { m_store.Set(Rules, before); },
-                 .run = [&] { Set(Rules, wanted.get()); },
-                 .outcome = [&] { return std::to_wstring(kept().value_or(List()).size()); },
-                 .isWhole = [&] { return m_store.Get(Rules) == kept() && (kept() == before || kept() == after); },
-                 .isTold = [&] { return FAILED(m_result); }},
-                {Allocation, File, Com});
+    Try({.name = "rules in the service",
+         .prepare = [&] { m_store.Set(Rules, before); },
+         .run = [&] { Set(Rules, wanted.get()); },
+         .outcome = [&] { return std::to_wstring(kept().value_or(List()).size()); },
+         .isWhole = [&] { return m_store.Get(Rules) == kept() && (kept() == before || kept() == after); }},
+        {Allocation, File, Com});
 }
 
 // A file whose size could not be told was taken for a damaged one, and its values for none.
@@ -166,50 +175,41 @@ TEST_F(ServiceFaultsTest, StartingWithStoredRules)
 {
     const List rules{SampleRule(L"kept")};
     std::optional<List> read;
-    m_sweep.Try({.name = "the service's start",
-                 .prepare = [&] { m_store.Set(Rules, rules); },
-                 .run =
-                     [&]
-                 {
-                     read.reset();
-                     m_result = WithoutExceptions(
-                         [&]
-                         {
-                             read = ValueStore(m_folder.Path()).Get(Rules);
-                             return S_OK;
-                         });
-                 },
-                 .outcome = [&] { return std::to_wstring(read.value_or(List()).size()); },
-                 .isWhole = [&] { return ValueStore(m_folder.Path()).Get(Rules) == rules; },
-                 .isTold = [&] { return FAILED(m_result); }},
-                {Allocation, File});
+    Try({.name = "the service's start",
+         .prepare = [&] { m_store.Set(Rules, rules); },
+         .run =
+             [&]
+         {
+             read.reset();
+             Do([&] { read = ValueStore(m_folder.Path()).Get(Rules); });
+         },
+         .outcome = [&] { return std::to_wstring(read.value_or(List()).size()); },
+         .isWhole = [&] { return ValueStore(m_folder.Path()).Get(Rules) == rules; }},
+        {Allocation, File});
 }
 
 // The table of clients kept an entry without its client.
-TEST_F(ServiceFixture, AFirstClient)
+TEST_F(ServiceFaultsTest, AFirstClient)
 {
     const auto factory = Suite::ComPtr<IClassFactory>::Attach(new ClassFactory(m_service));
     Suite::ComPtr<IVdFrwkLocalController> controller;
     Suite::ComPtr<IVdFrwkProfile> profile;
-    HRESULT result = S_OK;
-    Sweep().Try({.name = "a client of the service",
-                 .prepare =
-                     [&]
-                 {
-                     profile.Reset();
-                     controller.Reset();
-                 },
-                 .run =
-                     [&]
-                 {
-                     void* made = nullptr;
-                     result = factory->CreateInstance(nullptr, __uuidof(IVdFrwkLocalController), &made);
-                     controller =
-                         Suite::ComPtr<IVdFrwkLocalController>::Attach(static_cast<IVdFrwkLocalController*>(made));
-                     result = FAILED(result) ? result : controller->GetActiveProfile(profile.Put());
-                     m_objects.DisconnectEndedClients(); // as the service does all the time
-                 },
-                 .outcome = [&] { return std::to_wstring(FAILED(result)); },
-                 .isTold = [&] { return FAILED(result); }},
-                {Allocation});
+    Try({.name = "a client of the service",
+         .prepare =
+             [&]
+         {
+             profile.Reset();
+             controller.Reset();
+         },
+         .run =
+             [&]
+         {
+             void* made = nullptr;
+             m_result = factory->CreateInstance(nullptr, __uuidof(IVdFrwkLocalController), &made);
+             controller = Suite::ComPtr<IVdFrwkLocalController>::Attach(static_cast<IVdFrwkLocalController*>(made));
+             m_result = FAILED(m_result) ? m_result : controller->GetActiveProfile(profile.Put());
+             m_objects.DisconnectEndedClients(); // as the service does all the time
+         },
+         .outcome = [&] { return std::to_wstring(FAILED(m_result)); }},
+        {Allocation});
 }

@@ -7,11 +7,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <numeric>
 #include <random>
 #include <ranges>
 #include <set>
@@ -30,50 +32,42 @@ int MostPoints()
 }
 
 // The numbers of the calls that fail, one at a time: all, or else the first and some that are drawn.
-std::set<int> PointsOf(int calls)
+std::vector<int> PointsOf(int calls)
 {
     static std::mt19937 random(Seed());
-    std::set<int> points;
-    for (int number = 1; number <= calls && calls <= MostPoints(); ++number)
-    {
-        points.insert(number);
-    }
-    while (static_cast<int>(points.size()) < std::min(calls, MostPoints()))
-    {
-        points.insert(points.empty() ? 1 : std::uniform_int_distribution(1, calls)(random));
-    }
+    std::vector<int> points(static_cast<std::size_t>(calls));
+    std::iota(points.begin(), points.end(), 1);
+    std::shuffle(points.begin() + std::min(calls, 1), points.end(), random);
+    points.resize(static_cast<std::size_t>(std::min(calls, MostPoints())));
+    std::ranges::sort(points);
     return points;
 }
 
-int WindowCount()
+using Classes = std::multiset<std::wstring>;
+
+BOOL CALLBACK NoteClass(HWND window, LPARAM to)
 {
-    int count = 0;
-    const WNDENUMPROC all = [](HWND window, LPARAM to)
-    {
-        ++*reinterpret_cast<int*>(to);
-        EnumChildWindows(
-            window,
-            [](HWND, LPARAM sum)
-            {
-                ++*reinterpret_cast<int*>(sum);
-                return TRUE;
-            },
-            to);
-        return TRUE;
-    };
-    EnumThreadWindows(GetCurrentThreadId(), all, reinterpret_cast<LPARAM>(&count));
-    return count;
+    wchar_t name[64]{};
+    GetClassNameW(window, name, static_cast<int>(std::size(name)));
+    reinterpret_cast<Classes*>(to)->insert(name);
+    return TRUE;
+}
+
+BOOL CALLBACK NoteClasses(HWND window, LPARAM to)
+{
+    EnumChildWindows(window, &NoteClass, to);
+    return NoteClass(window, to);
+}
+
+// Those of the windows that this thread has.
+Classes LiveWindows()
+{
+    Classes classes;
+    EnumThreadWindows(GetCurrentThreadId(), &NoteClasses, reinterpret_cast<LPARAM>(&classes));
+    return classes;
 }
 
 } // namespace
-
-struct Sweep::State
-{
-    std::wstring outcome;
-    std::set<std::wstring> boxes; // their texts
-    decltype(LiveHandles::All()) handles;
-    int windows;
-};
 
 Sweep::Sweep()
     : m_watch(
@@ -105,27 +99,31 @@ void Sweep::Try(const Operation& operation, std::initializer_list<FaultKind> kin
 void Sweep::TryKind(const Operation& operation, FaultKind kind)
 {
     Counts counts;
-    const std::size_t before = m_boxes.Boxes().size();
+    const std::size_t first = m_boxes.Boxes().size();
     counts.calls = Run(operation, kind, 0);
-    const State usual{operation.outcome(), BoxesSince(before), LiveHandles::All(), WindowCount()};
+    EXPECT_GT(counts.calls, 0) << operation.name << " makes no such call";
+    const std::wstring outcome = operation.outcome(); // the usual one
+    const auto boxes = BoxesSince(first);
+    const auto handles = LiveHandles::All();
+    const auto windows = LiveWindows();
     for (const int number : PointsOf(counts.calls))
     {
         SCOPED_TRACE(m_strPoint = std::string(operation.name) + ", " + KindNames[static_cast<int>(kind)] + " call " +
                                   std::to_string(number));
-        const std::size_t boxes = m_boxes.Boxes().size();
+        const std::size_t before = m_boxes.Boxes().size();
         if (Run(operation, kind, number) < number)
         {
             continue; // the calls of this run were fewer, so that none failed
         }
         ++counts.tried;
-        const bool isTold = !std::ranges::includes(usual.boxes, BoxesSince(boxes)) || operation.isTold();
-        const bool isDone = operation.outcome() == usual.outcome;
+        const bool isTold = !std::ranges::includes(boxes, BoxesSince(before)) || operation.isTold();
+        const bool isDone = operation.outcome() == outcome;
         ++(isDone ? counts.done : isTold ? counts.told : !m_trace->Errors().empty() ? counts.traced : counts.silent);
         EXPECT_TRUE(operation.isWhole());
         Run(operation, FaultKind::None, 0);
-        EXPECT_EQ(operation.outcome(), usual.outcome);
-        EXPECT_EQ(LiveHandles::All(), usual.handles);
-        EXPECT_EQ(WindowCount(), usual.windows);
+        EXPECT_EQ(operation.outcome(), outcome);
+        EXPECT_EQ(LiveHandles::All(), handles);
+        EXPECT_EQ(LiveWindows(), windows);
     }
     Write(operation, kind, counts);
 }

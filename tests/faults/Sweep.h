@@ -15,7 +15,7 @@
 struct Operation
 {
     const char* name;
-    std::function<void()> prepare; // brings everything to where it begins; nothing fails in it
+    std::function<void()> prepare = [] {}; // brings everything to where it begins; nothing fails in it
     std::function<void()> run;
     std::function<std::wstring()> outcome;               // what is there after it
     std::function<bool()> isWhole = [] { return true; }; // whether the data is, whatever became of the operation
@@ -51,8 +51,6 @@ private:
         int traced = 0;
         int silent = 0;
     };
-
-    struct State; // what is to be the same after all
 
     void TryKind(const Operation& operation, FaultKind kind);
     int Run(const Operation& operation, FaultKind kind, int number);

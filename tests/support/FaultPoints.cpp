@@ -12,7 +12,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <optional>
 
 // The functions of the system: kind, name, what a failing call returns, and its last error.
 #define KESTRIX_FAULT_POINTS(POINT)                                                                                    \
@@ -118,57 +117,39 @@ namespace
 {
 
 template <FaultKind kind, auto& slot, long long failure, DWORD error, class Function>
-struct Point;
+class Point;
 
 template <FaultKind kind, auto& slot, long long failure, DWORD error, class Result, class... Arguments>
-struct Point<kind, slot, failure, error, Result (*)(Arguments...)>
+class Point<kind, slot, failure, error, Result (*)(Arguments...)>
 {
-    static void Install() { s_patch.emplace(slot, &Call); }
-
-    static void Remove() { s_patch.reset(); }
-
-private:
     static Result Call(Arguments... arguments)
     {
         if (!FaultPoints::Fails(kind))
         {
-            return s_patch->Original()(arguments...);
+            return s_original(arguments...);
         }
         SetLastError(error);
         return (Result)failure; // a number or a handle
     }
 
-    inline static std::optional<ImportPatch<Result (*)(Arguments...)>> s_patch;
+    inline static const auto s_original = slot;
+    const ImportPatch<Result (*)(Arguments...)> m_patch{slot, &Call};
 };
-
-struct Patch
-{
-    void (*install)();
-    void (*remove)();
-};
-
-#define KESTRIX_ROW(kind, name, failure, error)                                                                        \
-    {&Point<FaultKind::kind, __imp_##name, failure, error, decltype(&::name)>::Install,                                \
-     &Point<FaultKind::kind, __imp_##name, failure, error, decltype(&::name)>::Remove},
-constexpr Patch Patches[] = {KESTRIX_FAULT_POINTS(KESTRIX_ROW)};
 
 } // namespace
 
-FaultPoints::FaultPoints()
+struct FaultPoints::Points
 {
-    for (const Patch& patch : Patches)
-    {
-        patch.install();
-    }
-}
+#define KESTRIX_MEMBER(kind, name, failure, error)                                                                     \
+    Point<FaultKind::kind, __imp_##name, failure, error, decltype(&::name)> m_##name;
+    KESTRIX_FAULT_POINTS(KESTRIX_MEMBER)
+};
+
+FaultPoints::FaultPoints() : m_points(std::make_unique<Points>()) {}
 
 FaultPoints::~FaultPoints()
 {
     Disarm();
-    for (const Patch& patch : Patches)
-    {
-        patch.remove();
-    }
 }
 
 void FaultPoints::Arm(FaultKind kind, int number)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <memory>
 
 // What can be made to fail: calls of the system and of the SQLite library, and those that go to a service.
 enum class FaultKind
@@ -48,6 +49,9 @@ public:
     };
 
 private:
+    struct Points;
+
+    const std::unique_ptr<Points> m_points;
     inline static std::atomic<FaultKind> s_kind{FaultKind::None};
     inline static std::atomic<int> s_nCalls{0};
     inline static std::atomic<int> s_nNumber{0};

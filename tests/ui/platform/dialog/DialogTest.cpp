@@ -155,6 +155,28 @@ TEST(DialogTest, AnExceptionInOnInitDialogIsReportedAndEndsWithMinusOne)
     EXPECT_EQ(2u, app.m_reports.size());
 }
 
+TEST(DialogTest, AnExceptionBeforeSubclassingLeavesNoWindow)
+{
+    struct Throwing : CDialog
+    {
+        using CDialog::CDialog;
+
+        void PreSubclassWindow() override
+        {
+            made = m_hWnd;
+            throw std::runtime_error("no");
+        }
+
+        HWND made = nullptr;
+    };
+
+    RecordingApp app;
+    Throwing dialog(IDD_TEST_DIALOG);
+    EXPECT_EQ(-1, dialog.DoModal());
+    EXPECT_NE(nullptr, dialog.made);
+    EXPECT_FALSE(IsWindow(dialog.made));
+}
+
 TEST(DialogTest, AnExceptionAfterEndDialogInOnInitDialogStillGivesMinusOne)
 {
     RecordingApp app;

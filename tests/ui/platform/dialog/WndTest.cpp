@@ -188,7 +188,8 @@ TEST(WndTest, WhatIsNoWindowIsRefused)
     EXPECT_EQ(nullptr, CWnd::FromHandlePermanent(nullptr));
 }
 
-TEST(WndTest, AnExceptionBeforeSubclassingLeavesNothingJoined)
+// A tool tip stayed after its page when memory ran out for the table of windows.
+TEST(WndTest, AnExceptionBeforeSubclassingLeavesNothingJoinedAndNothingMade)
 {
     class CThrowing : public CWnd
     {
@@ -200,6 +201,9 @@ TEST(WndTest, AnExceptionBeforeSubclassingLeavesNothingJoined)
     EXPECT_THROW(object.SubclassWindow(window.Get()), std::runtime_error);
     EXPECT_EQ(nullptr, object.GetSafeHwnd());
     EXPECT_EQ(nullptr, CWnd::FromHandlePermanent(window.Get()));
+    EXPECT_THROW(object.Create(WC_STATICW, L"", WS_CHILD, {}, window.Get(), 12), std::runtime_error);
+    EXPECT_EQ(nullptr, object.GetSafeHwnd());
+    EXPECT_EQ(nullptr, GetDlgItem(window.Get(), 12));
 }
 
 TEST(WndTest, DetachGivesTheWindowBack)
