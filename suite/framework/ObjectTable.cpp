@@ -33,10 +33,17 @@ void CALLBACK SignalEvent(void* event, BOOLEAN)
 
 struct ObjectTable::Client
 {
-    // Signals the event when the process ends. Without the right to watch the process nothing is signalled.
+    // Signals the event when the process ends, at once when it has ended before its call was carried out. Without the
+    // right to watch the process nothing is signalled.
     void Watch(DWORD id, HANDLE changed)
     {
         process.reset(OpenProcess(SYNCHRONIZE, FALSE, id));
+        if (!process && GetLastError() == ERROR_INVALID_PARAMETER) // there is no such process
+        {
+            isGone = true;
+            SetEvent(changed);
+            return;
+        }
         if (!process)
         {
             Trace("A client cannot be watched; what it holds stays when it dies.");
@@ -47,9 +54,10 @@ struct ObjectTable::Client
         wait.reset(made);
     }
 
-    bool HasEnded() const { return process && WaitForSingleObject(process.get(), 0) == WAIT_OBJECT_0; }
+    bool HasEnded() const { return isGone || (process && WaitForSingleObject(process.get(), 0) == WAIT_OBJECT_0); }
 
     std::set<HeldObject*> objects;
+    bool isGone = false;
     Suite::KernelHandle process;
     std::unique_ptr<void, WaitEnder> wait; // goes before the handle that it waits for
 };

@@ -1,15 +1,69 @@
 #include "suite/framework/ObjectTable.h"
+#include "suite/common/KernelHandle.h"
 #include "suite/framework/ClassFactory.h"
+#include "tests/support/ImportPatch.h"
 #include "tests/unit/suite/framework/ServiceFixture.h"
 
 #include <gtest/gtest.h>
 
+#include <rpc.h>
+
+#include <rpcdcep.h>
+
 using namespace Framework;
+
+extern "C" decltype(&::I_RpcBindingInqLocalClientPID) __imp_I_RpcBindingInqLocalClientPID;
 
 namespace
 {
 
 using ObjectTableTest = ServiceFixture;
+
+unsigned long callingProcess = 0;
+
+RPC_STATUS RPC_ENTRY TellCallingProcess(RPC_BINDING_HANDLE, unsigned long* process)
+{
+    *process = callingProcess;
+    return RPC_S_OK;
+}
+
+// A process that waits until it is ended, as a client that is killed.
+class Client
+{
+public:
+    Client()
+    {
+        wchar_t line[] = L"cmd.exe /c pause";
+        STARTUPINFOW start{};
+        start.cb = sizeof start;
+        PROCESS_INFORMATION made{};
+        EXPECT_TRUE(
+            CreateProcessW(nullptr, line, nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr, nullptr, &start, &made));
+        CloseHandle(made.hThread);
+        m_process.reset(made.hProcess);
+        callingProcess = made.dwProcessId;
+    }
+
+    ~Client() { End(); }
+
+    void End()
+    {
+        if (m_process)
+        {
+            TerminateProcess(m_process.get(), 0);
+            WaitForSingleObject(m_process.get(), INFINITE);
+            m_process.reset();
+        }
+    }
+
+    // As long as anybody has a handle to it.
+    static bool IsKnown() { return Suite::KernelHandle(OpenProcess(SYNCHRONIZE, FALSE, callingProcess)) != nullptr; }
+
+private:
+    Suite::KernelHandle m_process;
+    const ImportPatch<decltype(&::I_RpcBindingInqLocalClientPID)> m_patch{__imp_I_RpcBindingInqLocalClientPID,
+                                                                          &TellCallingProcess};
+};
 
 } // namespace
 
@@ -65,4 +119,31 @@ TEST_F(ObjectTableTest, TheClassFactoryMakesNoAggregate)
     EXPECT_EQ(object, nullptr);
     EXPECT_EQ(factory->CreateInstance(nullptr, __uuidof(IClassFactory), &object), E_NOINTERFACE);
     EXPECT_TRUE(m_objects.UnusedSince());
+}
+
+TEST_F(ObjectTableTest, TellsThatAClientHasEndedAndWhetherItLeftSomething)
+{
+    Client client;
+    auto controller = MakeController();
+    EXPECT_NE(WaitForSingleObject(m_objects.Changed(), 0), WAIT_OBJECT_0);
+    EXPECT_FALSE(m_objects.DisconnectEndedClients());
+    client.End();
+    EXPECT_EQ(WaitForSingleObject(m_objects.Changed(), 10'000), WAIT_OBJECT_0);
+    EXPECT_TRUE(m_objects.DisconnectEndedClients());
+    controller.Reset();
+    EXPECT_FALSE(m_objects.DisconnectEndedClients());
+}
+
+// A call that a client has made is carried out after it was killed. What it made stayed, and the service with it.
+TEST_F(ObjectTableTest, WhatIsMadeForAClientThatHasEndedIsTakenAwayToo)
+{
+    Client client;
+    client.End();
+    while (Client::IsKnown())
+    {
+        Sleep(1);
+    }
+    auto controller = MakeController();
+    EXPECT_EQ(WaitForSingleObject(m_objects.Changed(), 0), WAIT_OBJECT_0);
+    EXPECT_TRUE(m_objects.DisconnectEndedClients());
 }
