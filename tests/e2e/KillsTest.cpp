@@ -284,6 +284,7 @@ protected:
             ADD_FAILURE() << error.what();
             End("service");
             Connect(); // Wine's service for activations is to be started again by the process that stopped it
+            EXPECT_TRUE(Service::HasEnded());
             return Stuck;
         }
     }

@@ -45,10 +45,12 @@ void ForgetClassObjects()
     const UniqueService manager(OpenSCManagerW(nullptr, nullptr, SC_MANAGER_CONNECT));
     const UniqueService service(OpenServiceW(manager.get(), L"RpcSs", SERVICE_STOP | SERVICE_QUERY_STATUS));
     SERVICE_STATUS status{};
-    const bool isStopping = service && ControlService(service.get(), SERVICE_CONTROL_STOP, &status);
-    if (!isStopping ||
-        !WaitUntil([&]
-                   { return QueryServiceStatus(service.get(), &status) && status.dwCurrentState == SERVICE_STOPPED; }))
+    const auto isStopped = [&]
+    {
+        ControlService(service.get(), SERVICE_CONTROL_STOP, &status); // in vain while it is just being started
+        return QueryServiceStatus(service.get(), &status) && status.dwCurrentState == SERVICE_STOPPED;
+    };
+    if (!service || !WaitUntil(isStopped))
     {
         throw std::runtime_error("the class object of a killed service cannot be forgotten");
     }
