@@ -47,6 +47,20 @@ Lines VirusLines(const wchar_t* threat)
     return Lines(Records, VirusLine(L"103015", threat));
 }
 
+// False while the file is being replaced.
+bool CanRead(const std::wstring& path, std::string& bytes)
+{
+    try
+    {
+        bytes = ReadBytes(path);
+        return true;
+    }
+    catch (const std::runtime_error&)
+    {
+        return false;
+    }
+}
+
 // Some, and those with one for a program before them, which is allowed.
 RuleList RulesFor(Outcome outcome)
 {
@@ -222,7 +236,8 @@ protected:
 
     Outcome LookAtExport()
     {
-        const std::string bytes = ReadBytes(m_export);
+        std::string bytes;
+        WaitUntil([&] { return CanRead(m_export, bytes); });
         const bool isWhole = std::ranges::count(bytes, '\n') == Records + 2 && bytes.ends_with(Utf16Bytes(L"\"\r\n"));
         return isWhole ? New : bytes == OldExport ? Old : Broken;
     }
