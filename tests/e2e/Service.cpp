@@ -33,7 +33,8 @@ void CallForProcesses(const char* function)
 }
 
 // Wine goes on to hand out the class object of a process that was killed. Its service for activations forgets it when
-// it is stopped, and is started again by the next one who needs it.
+// it is stopped, and is started again by the next one who needs it; who comes while its process is still ending finds
+// no class at all.
 void ForgetClassObjects()
 {
     struct Closer
@@ -44,13 +45,23 @@ void ForgetClassObjects()
     using UniqueService = std::unique_ptr<SC_HANDLE__, Closer>;
     const UniqueService manager(OpenSCManagerW(nullptr, nullptr, SC_MANAGER_CONNECT));
     const UniqueService service(OpenServiceW(manager.get(), L"RpcSs", SERVICE_STOP | SERVICE_QUERY_STATUS));
-    SERVICE_STATUS status{};
+    SERVICE_STATUS_PROCESS status{};
+    UniqueKernelHandle process;
     const auto isStopped = [&]
     {
-        ControlService(service.get(), SERVICE_CONTROL_STOP, &status); // in vain while it is just being started
-        return QueryServiceStatus(service.get(), &status) && status.dwCurrentState == SERVICE_STOPPED;
+        DWORD size = 0;
+        const bool isKnown = QueryServiceStatusEx(service.get(), SC_STATUS_PROCESS_INFO,
+                                                  reinterpret_cast<BYTE*>(&status), sizeof status, &size);
+        if (isKnown && status.dwProcessId != 0 && !process)
+        {
+            process.reset(OpenProcess(SYNCHRONIZE, FALSE, status.dwProcessId));
+        }
+        SERVICE_STATUS answer{};
+        ControlService(service.get(), SERVICE_CONTROL_STOP, &answer); // in vain while it is just being started
+        return isKnown && status.dwCurrentState == SERVICE_STOPPED;
     };
-    if (!service || !WaitUntil(isStopped))
+    const auto hasEnded = [&] { return !process || WaitForSingleObject(process.get(), 0) == WAIT_OBJECT_0; };
+    if (!service || !WaitUntil(isStopped) || !WaitUntil(hasEnded))
     {
         throw std::runtime_error("the class object of a killed service cannot be forgotten");
     }
