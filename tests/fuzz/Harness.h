@@ -22,6 +22,23 @@ enum class Form
     Utf16,
 };
 
+// The units of an input, in which it is changed and kept: the characters of UTF-16, otherwise a byte each.
+inline std::wstring UnitsOf(std::string_view input, Form form)
+{
+    const auto* const bytes = reinterpret_cast<const unsigned char*>(input.data());
+    const auto* const units = reinterpret_cast<const wchar_t*>(input.data());
+    return form == Form::Utf16 ? std::wstring(units, input.size() / sizeof(wchar_t))
+                               : std::wstring(bytes, bytes + input.size());
+}
+
+// The input that has these units, of which a byte is the lower half.
+inline std::string InputOf(std::wstring_view units, Form form)
+{
+    const auto* const bytes = reinterpret_cast<const char*>(units.data());
+    return form == Form::Utf16 ? std::string(bytes, units.size() * sizeof(wchar_t))
+                               : std::string(units.begin(), units.end());
+}
+
 // A reader that did what it must not, and what that was.
 class Finding : public std::runtime_error
 {
@@ -74,7 +91,7 @@ public:
         std::vector<std::string> samples;
         for (const std::wstring& text : Texts())
         {
-            samples.emplace_back(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t));
+            samples.push_back(InputOf(text, Form::Utf16));
         }
         return samples;
     }
@@ -113,9 +130,9 @@ struct Harness
     std::string_view name;
     std::string_view reads; // for the help
     Form form;
-    std::size_t inputs;           // of a run that is part of the tests
-    std::wstring_view separators; // that stand between the pieces of a text
-    std::wstring_view words;      // pieces that mean something to the reader, with a blank between them
+    std::size_t inputs;             // of a run that is part of the tests
+    std::wstring_view separators{}; // that stand between the pieces of a text
+    std::wstring_view words{};      // pieces that mean something to the reader, with a blank between them
     std::unique_ptr<Reader> (*make)();
 };
 

@@ -8,61 +8,7 @@
 namespace Fuzz
 {
 
-namespace
-{
-
 namespace fs = std::filesystem;
-
-constexpr char Digits[] = "0123456789abcdef";
-constexpr std::size_t BytesInLine = 32;
-
-std::string ToHex(std::string_view bytes)
-{
-    std::string text;
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-    {
-        const auto byte = static_cast<unsigned char>(bytes[i]);
-        text += {Digits[byte >> 4], Digits[byte & 15]};
-        text += (i + 1) % BytesInLine == 0 || i + 1 == bytes.size() ? "\n" : "";
-    }
-    return text;
-}
-
-std::string FromHex(std::string_view text)
-{
-    std::string bytes;
-    for (const std::string& line : Pieces(text, '\n'))
-    {
-        for (std::size_t i = 0; i + 1 < line.size(); i += 2)
-        {
-            bytes += static_cast<char>(std::stoi(line.substr(i, 2), nullptr, 16));
-        }
-    }
-    return bytes;
-}
-
-std::string ToLines(std::string_view input)
-{
-    std::wstring_view text(reinterpret_cast<const wchar_t*>(input.data()), input.size() / sizeof(wchar_t));
-    std::string lines;
-    for (const std::wstring& line : Pieces(text, L'\n'))
-    {
-        lines += Visible(line) + "\n";
-    }
-    return lines;
-}
-
-std::string FromLines(std::string_view lines)
-{
-    std::wstring text;
-    for (const std::string& line : Pieces(lines, '\n'))
-    {
-        text += FromVisible(line) + L"\n";
-    }
-    return Utf16Bytes(std::wstring_view(text).substr(0, text.size() - 2)); // the last line ends as well
-}
-
-} // namespace
 
 std::vector<KeptInput> KeptInputs(const Harness& harness)
 {
@@ -71,9 +17,13 @@ std::vector<KeptInput> KeptInputs(const Harness& harness)
     std::error_code none; // most harnesses have no folder
     for (const fs::directory_entry& entry : fs::directory_iterator(folder, none))
     {
-        const std::string content = ReadBytes(entry.path().wstring());
-        inputs.push_back(
-            {entry.path().stem().string(), harness.form == Form::Utf16 ? FromLines(content) : FromHex(content)});
+        std::wstring units;
+        for (const std::string& line : Pieces<char>(ReadBytes(entry.path().wstring()), '\n'))
+        {
+            units += FromVisible(line) + L"\n";
+        }
+        units.resize(units.size() - 2); // the last line ends as well
+        inputs.push_back({entry.path().stem().string(), InputOf(units, harness.form)});
     }
     std::ranges::sort(inputs, {}, &KeptInput::name);
     return inputs;
@@ -87,10 +37,14 @@ std::filesystem::path FindingsFolder()
 
 std::filesystem::path LeaveInput(const Harness& harness, std::string_view input)
 {
-    const bool isText = harness.form == Form::Utf16;
+    std::string lines;
+    for (const std::wstring& line : Pieces<wchar_t>(UnitsOf(input, harness.form), L'\n'))
+    {
+        lines += Visible(line) + "\n";
+    }
     const std::string number = std::to_string(std::hash<std::string_view>()(input) % 1'000'000);
-    const fs::path path = FindingsFolder() / (std::string(harness.name) + "-" + number + (isText ? ".txt" : ".hex"));
-    WriteBytes(path.wstring(), isText ? ToLines(input) : ToHex(input));
+    const fs::path path = FindingsFolder() / (std::string(harness.name) + "-" + number + ".txt");
+    WriteBytes(path.wstring(), lines);
     return path;
 }
 

@@ -7,8 +7,8 @@
 namespace Fuzz
 {
 
-// Inputs in files that a person can read. A text of UTF-16 lies there as lines that Visible made (see VisibleText.h),
-// with a line feed between them; anything else lies there as hexadecimal digits.
+// Inputs in files that a person can read: their units lie there as lines that Visible made (see VisibleText.h), with a
+// line feed between them.
 struct KeptInput
 {
     std::string name; // of the file, without its ending

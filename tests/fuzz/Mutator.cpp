@@ -1,11 +1,10 @@
 #include "tests/fuzz/Mutator.h"
 
+#include "suite/framework/Utf8.h"
 #include "tests/support/HostileLines.h"
 
-#include <windows.h>
-
 #include <algorithm>
-#include <cstring>
+#include <iterator>
 
 namespace Fuzz
 {
@@ -23,55 +22,26 @@ constexpr std::uint32_t Numbers[] = {
     0,   1,   2,   3,   4,      7,      8,      15,          16,          17,          32,          64,
     127, 128, 255, 256, 0x7FFF, 0x8000, 0xFFFF, 0x0001'0000, 0x7FFF'FFFF, 0x8000'0000, 0xFFFF'FFF0, 0xFFFF'FFFF};
 
-template <class Text>
-Text FromBytes(const std::string& bytes)
+// What stands for the text in an input.
+std::wstring InUnits(std::wstring_view text, Form form)
 {
-    Text text(bytes.size() / sizeof(typename Text::value_type), 0);
-    std::memcpy(text.data(), bytes.data(), text.size() * sizeof(typename Text::value_type));
-    return text;
-}
-
-std::wstring InUnits(std::wstring_view text, const std::wstring&)
-{
-    return std::wstring(text);
-}
-
-std::string InUnits(std::wstring_view text, const std::string&)
-{
-    std::string narrow(3 * text.size(), '\0');
-    narrow.resize(static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
-                                                               narrow.data(), static_cast<int>(narrow.size()), nullptr,
-                                                               nullptr)));
-    return narrow;
+    return form == Form::Utf16 ? std::wstring(text) : UnitsOf(Framework::Narrow(text), form);
 }
 
 } // namespace
 
 Mutator::Mutator(const Harness& harness, std::uint32_t seed) : m_harness(harness), m_random(seed)
 {
-    for (std::wstring_view rest = harness.words; !rest.empty();)
-    {
-        m_words.push_back(rest.substr(0, rest.find(L' ')));
-        rest.remove_prefix(std::min(rest.size(), m_words.back().size() + 1));
-    }
-}
-
-std::string Mutator::Next(const std::vector<std::string>& inputs)
-{
-    if (m_harness.form != Form::Utf16)
-    {
-        return Mutated<std::string>(inputs);
-    }
-    const auto text = Mutated<std::wstring>(inputs);
-    return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t)};
+    const auto inUnits = [&](std::wstring_view text) { return InUnits(text, harness.form); };
+    std::ranges::transform(Pieces(harness.words, L' '), std::back_inserter(m_words), inUnits);
+    std::ranges::transform(HostileTokens(), std::back_inserter(m_hostileTokens), inUnits);
 }
 
 // Mostly a small change: a reader that refuses an input at once says nothing of what comes after.
-template <class Text>
-Text Mutator::Mutated(const std::vector<std::string>& inputs)
+std::string Mutator::Next(const std::vector<std::string>& inputs)
 {
-    Text text = FromBytes<Text>(inputs[Below(inputs.size())]);
-    const Text other = FromBytes<Text>(inputs[Below(inputs.size())]);
+    std::wstring text = UnitsOf(inputs[Below(inputs.size())], m_harness.form);
+    const std::wstring other = UnitsOf(inputs[Below(inputs.size())], m_harness.form);
     std::size_t changes = 1;
     while (changes < 20 && !OneIn(2))
     {
@@ -81,29 +51,28 @@ Text Mutator::Mutated(const std::vector<std::string>& inputs)
     {
         ChangeOnce(text, other);
     }
-    text.resize(std::min(text.size(), MostBytes / sizeof(typename Text::value_type)));
-    return text;
+    std::string input = InputOf(text, m_harness.form);
+    input.resize(std::min(input.size(), MostBytes));
+    return input;
 }
 
-template <class Text>
-void Mutator::ChangeOnce(Text& text, const Text& other)
+void Mutator::ChangeOnce(std::wstring& text, const std::wstring& other)
 {
     if (m_harness.form != Form::Bytes && !OneIn(4))
     {
-        return ChangePiece(text, other);
+        ChangePiece(text, other);
     }
-    if constexpr (std::is_same_v<Text, std::string>)
+    else if (m_harness.form != Form::Utf16 && OneIn(2))
     {
-        if (OneIn(2))
-        {
-            return ChangeNumber(text);
-        }
+        ChangeNumber(text);
     }
-    ChangeRange(text, other);
+    else
+    {
+        ChangeRange(text, other);
+    }
 }
 
-template <class Text>
-void Mutator::ChangePiece(Text& text, const Text& other)
+void Mutator::ChangePiece(std::wstring& text, const std::wstring& other)
 {
     const auto [begin, length] = Piece(text);
     const auto [otherBegin, otherLength] = Piece(other);
@@ -122,7 +91,7 @@ void Mutator::ChangePiece(Text& text, const Text& other)
         text.replace(begin, length, other.substr(otherBegin, otherLength));
         break;
     case 4:
-        text.insert(begin + Below(length + 1), Word<Text>());
+        text.insert(begin + Below(length + 1), Word());
         break;
     case 5:
         text.insert(begin + length, other.substr(otherBegin, 500));
@@ -130,17 +99,16 @@ void Mutator::ChangePiece(Text& text, const Text& other)
     case 6:
         if (OneIn(20))
         {
-            text.insert(begin, LongRun + Below(100), UnitOfChance<typename Text::value_type>());
+            text.insert(begin, LongRun + Below(100), UnitOfChance());
             break;
         }
         [[fallthrough]];
     default:
-        text.replace(begin, length, Word<Text>());
+        text.replace(begin, length, Word());
     }
 }
 
-template <class Text>
-void Mutator::ChangeRange(Text& text, const Text& other)
+void Mutator::ChangeRange(std::wstring& text, const std::wstring& other)
 {
     const std::size_t begin = Below(text.size() + 1);
     const std::size_t length = Below(std::min<std::size_t>(text.size() - begin, OneIn(4) ? text.size() : 8) + 1);
@@ -160,18 +128,18 @@ void Mutator::ChangeRange(Text& text, const Text& other)
         text.resize(begin);
         break;
     case 4:
-        text.insert(begin, 1 + Below(OneIn(20) ? 300 : 8), UnitOfChance<typename Text::value_type>());
+        text.insert(begin, 1 + Below(OneIn(20) ? 300 : 8), UnitOfChance());
         break;
     default:
         if (begin < text.size())
         {
-            text[begin] = UnitOfChance<typename Text::value_type>();
+            text[begin] = UnitOfChance();
         }
     }
 }
 
 // One, two or four bytes, or a single bit.
-void Mutator::ChangeNumber(std::string& bytes)
+void Mutator::ChangeNumber(std::wstring& bytes)
 {
     if (bytes.empty())
     {
@@ -180,49 +148,48 @@ void Mutator::ChangeNumber(std::string& bytes)
     const std::size_t place = Below(OneIn(2) ? std::min(bytes.size(), HeadBytes) : bytes.size());
     if (OneIn(3))
     {
-        bytes[place] = static_cast<char>(bytes[place] ^ (1 << Below(8)));
+        bytes[place] ^= static_cast<wchar_t>(1 << Below(8));
         return;
     }
     const std::uint32_t number = Numbers[Below(std::size(Numbers))];
-    std::memcpy(bytes.data() + place, &number, std::min(bytes.size() - place, std::size_t{1} << Below(3)));
+    const std::size_t count = std::min(bytes.size() - place, std::size_t{1} << Below(3));
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        bytes[place + i] = number >> (8 * i) & 0xFF;
+    }
 }
 
-template <class Text>
-std::pair<std::size_t, std::size_t> Mutator::Piece(const Text& text)
+std::pair<std::size_t, std::size_t> Mutator::Piece(const std::wstring& text)
 {
-    const auto isSeparator = [this](auto unit)
-    { return m_harness.separators.find(static_cast<wchar_t>(unit)) != m_harness.separators.npos; };
+    const auto isSeparator = [this](wchar_t unit)
+    { return m_harness.separators.find(unit) != std::wstring_view::npos; };
     const auto place = text.begin() + static_cast<std::ptrdiff_t>(Below(text.size() + 1));
     const auto begin = std::find_if(std::make_reverse_iterator(place), text.rend(), isSeparator).base();
     const auto end = std::find_if(place, text.end(), isSeparator);
     return {static_cast<std::size_t>(begin - text.begin()), static_cast<std::size_t>(end - begin)};
 }
 
-template <class Text>
-Text Mutator::Word()
+const std::wstring& Mutator::Word()
 {
-    const std::span<const std::wstring_view> hostile = HostileTokens();
-    if (m_words.empty() || OneIn(3))
-    {
-        return InUnits(hostile[Below(hostile.size())], Text());
-    }
-    return InUnits(m_words[Below(m_words.size())], Text());
+    const std::vector<std::wstring>& words = OneIn(3) ? m_hostileTokens : m_words;
+    return words[Below(words.size())];
 }
 
-template <class Unit>
-Unit Mutator::UnitOfChance()
+wchar_t Mutator::UnitOfChance()
 {
     constexpr std::wstring_view usual = L"0123456789aAxX|%I\"-+ \t\r\n\0.:/\\,;=#"sv;
     switch (Below(4))
     {
     case 0:
-        return static_cast<Unit>(m_random());
+        if (!m_harness.separators.empty())
+        {
+            return m_harness.separators[Below(m_harness.separators.size())];
+        }
+        [[fallthrough]];
     case 1:
-        return m_harness.separators.empty()
-                   ? static_cast<Unit>(m_random() & 0xFF)
-                   : static_cast<Unit>(m_harness.separators[Below(m_harness.separators.size())]);
+        return static_cast<wchar_t>(m_random() & (m_harness.form == Form::Utf16 ? 0xFFFF : 0xFF));
     default:
-        return static_cast<Unit>(usual[Below(usual.size())]);
+        return usual[Below(usual.size())];
     }
 }
 

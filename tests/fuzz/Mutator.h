@@ -20,35 +20,21 @@ public:
     std::string Next(const std::vector<std::string>& inputs);
 
 private:
-    template <class Text>
-    Text Mutated(const std::vector<std::string>& inputs);
-
-    template <class Text>
-    void ChangeOnce(Text& text, const Text& other);
-
-    template <class Text>
-    void ChangePiece(Text& text, const Text& other);
-
-    template <class Text>
-    void ChangeRange(Text& text, const Text& other);
-
-    void ChangeNumber(std::string& bytes);
-
-    template <class Text>
-    std::pair<std::size_t, std::size_t> Piece(const Text& text); // where it begins, and its length
-
-    template <class Text>
-    Text Word();
-
-    template <class Unit>
-    Unit UnitOfChance();
+    void ChangeOnce(std::wstring& text, const std::wstring& other);
+    void ChangePiece(std::wstring& text, const std::wstring& other);
+    void ChangeRange(std::wstring& text, const std::wstring& other);
+    void ChangeNumber(std::wstring& bytes);
+    std::pair<std::size_t, std::size_t> Piece(const std::wstring& text); // where it begins, and its length
+    const std::wstring& Word();
+    wchar_t UnitOfChance();
 
     std::size_t Below(std::size_t limit) { return m_random() % limit; }
 
     bool OneIn(std::size_t count) { return Below(count) == 0; }
 
     const Harness& m_harness;
-    std::vector<std::wstring_view> m_words;
+    std::vector<std::wstring> m_words; // in units, as the tokens
+    std::vector<std::wstring> m_hostileTokens;
     std::mt19937 m_random;
 };
 

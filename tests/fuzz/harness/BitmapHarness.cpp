@@ -146,8 +146,6 @@ constinit const Harness BitmapHarness{.name = "bitmap",
                                       .reads = "bitmap files of every depth",
                                       .form = Form::Bytes,
                                       .inputs = 4'000,
-                                      .separators = {},
-                                      .words = {},
                                       .make = &Make<BitmapReader>};
 
 } // namespace Fuzz

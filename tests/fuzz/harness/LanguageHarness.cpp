@@ -231,8 +231,6 @@ constinit const Harness LanguageHarness{.name = "language",
                                         .reads = "texts, templates, bitmaps and a cursor of the language file",
                                         .form = Form::Bytes,
                                         .inputs = 4'000,
-                                        .separators = {},
-                                        .words = {},
                                         .make = &Make<LanguageReader>};
 
 } // namespace Fuzz

@@ -80,8 +80,6 @@ constinit const Harness ValueFileHarness{.name = "values",
                                          .reads = "the file of the service's values",
                                          .form = Form::Bytes,
                                          .inputs = 15'000,
-                                         .separators = {},
-                                         .words = {},
                                          .make = &Make<ValueFileReader>};
 
 } // namespace Fuzz
