@@ -1,10 +1,15 @@
 #include "tests/fuzz/Run.h"
 
+#include "suite/common/KernelHandle.h"
 #include "tests/fuzz/GuardedBlock.h"
 #include "tests/fuzz/KeptInputs.h"
 #include "tests/fuzz/Mutator.h"
-#include "tests/fuzz/Watch.h"
+#include "tests/support/CrashWatch.h"
+#include "tests/support/TemporaryFolder.h"
 
+#include <windows.h>
+
+#include <cstdio>
 #include <iostream>
 #include <set>
 
@@ -19,6 +24,67 @@ using Clock = std::chrono::steady_clock;
 // Of the inputs from which others are made: small ones take less time, and say as much.
 constexpr std::size_t MostInputs = 2000;
 constexpr std::size_t MostBytes = 4096;
+
+// Watches the input that is read: when the program crashes at it, or reads longer than any input may take, that is
+// told, the bare input is kept in a file, and the program ends with status 3. The next watch over the harness leaves
+// the input in the build folder as others.
+class Watch
+{
+public:
+    explicit Watch(const Harness& harness)
+        : m_harness(harness), m_path(FindingsFolder() / (std::string(harness.name) + ".crash"))
+    {
+        TakeLastCrash();
+        m_file = Suite::OpenShared(m_path.c_str(), GENERIC_WRITE, CREATE_ALWAYS);
+    }
+
+    ~Watch()
+    {
+        m_file.reset();
+        std::error_code none;
+        std::filesystem::remove(m_path, none);
+    }
+
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
+
+    // Before an input is read. It must stay as it is until the next call.
+    void Begin(std::string_view input)
+    {
+        m_input = input;
+        m_watch.Begin();
+    }
+
+private:
+    // An empty file is that of a watch that was ended with its program.
+    void TakeLastCrash() const
+    {
+        std::error_code none;
+        if (std::filesystem::file_size(m_path, none) > 0 && !none)
+        {
+            std::cout << m_harness.name << ": the last run crashed; the input is in "
+                      << LeaveInput(m_harness, ReadBytes(m_path.wstring())).string() << std::endl;
+        }
+    }
+
+    // Without the heap, in which the crash may have happened.
+    void Tell(const char* what) const
+    {
+        DWORD written = 0;
+        WriteFile(m_file.get(), m_input.data(), static_cast<DWORD>(m_input.size()), &written, nullptr);
+        char line[200];
+        const int length =
+            std::snprintf(line, sizeof line, "%.40s: %s; the next run leaves the input in the build folder\n",
+                          m_harness.name.data(), what);
+        WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), line, static_cast<DWORD>(length), &written, nullptr);
+    }
+
+    const Harness& m_harness;
+    const std::filesystem::path m_path; // of the bare bytes
+    Suite::KernelHandle m_file;
+    std::string_view m_input{};
+    CrashWatch m_watch{[this](const char* what) { Tell(what); }};
+};
 
 class Runner
 {
@@ -67,8 +133,7 @@ private:
         { return m_plan.time ? Clock::now() - start >= *m_plan.time : count >= m_harness.inputs; };
         for (std::size_t count = 0; !isEnd(count); ++count)
         {
-            const std::string input = m_mutator.Next(m_inputs);
-            if (!Try(input, "a new input"))
+            if (!Try(m_mutator.Next(m_inputs), "a new input"))
             {
                 return false;
             }
@@ -78,39 +143,31 @@ private:
 
     bool Try(const std::string& input, const std::string& which, bool isGood = false)
     {
+        const std::optional<std::string> fault = FaultOf(input, isGood);
+        if (fault)
+        {
+            const std::string small = Smaller(input);
+            std::cout << m_harness.name << ": " << which << " (" << small.size() << " bytes, seed " << m_plan.seed
+                      << "), left in " << LeaveInput(m_harness, small).string() << "\n"
+                      << FaultOf(small).value_or(*fault) << std::endl;
+        }
+        return !fault;
+    }
+
+    // What is wrong when the input is read. Others are made from one that took a new way.
+    std::optional<std::string> FaultOf(const std::string& input, bool isGood = false)
+    {
         try
         {
-            const std::size_t outcome = Read(input);
+            ++m_nRead;
+            m_watch.Begin(input);
+            const std::size_t outcome = m_reader->Read(m_block.Put(input));
             Expect(outcome != 0 || !isGood, "a good input is refused");
             const bool isNew = m_outcomes.insert(outcome).second;
             if (isNew && m_inputs.size() < MostInputs && input.size() <= MostBytes)
             {
                 m_inputs.push_back(input);
             }
-            return true;
-        }
-        catch (const std::exception& fault)
-        {
-            const std::string small = Smaller(input);
-            std::cout << m_harness.name << ": " << which << " (" << small.size() << " bytes, seed " << m_plan.seed
-                      << "), left in " << LeaveInput(m_harness, small).string() << "\n"
-                      << FaultOf(small).value_or(fault.what()) << std::endl;
-            return false;
-        }
-    }
-
-    std::size_t Read(const std::string& input)
-    {
-        ++m_nRead;
-        m_watch.Begin(input);
-        return m_reader->Read(m_block.Put(input));
-    }
-
-    std::optional<std::string> FaultOf(const std::string& input)
-    {
-        try
-        {
-            Read(input);
             return std::nullopt;
         }
         catch (const std::exception& fault)
