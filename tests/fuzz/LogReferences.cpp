@@ -17,7 +17,10 @@
 
 #include <winsock2.h>
 
-#include <utility>
+#include <algorithm>
+#include <iterator>
+#include <map>
+#include <tuple>
 
 namespace Fuzz
 {
@@ -39,19 +42,22 @@ std::uint32_t AddressNumber(const std::wstring& text)
     return address << 24 | (address & 0xFF00) << 8 | (address >> 8 & 0xFF00) | address >> 24;
 }
 
+// Those of a version that has colons stand after all others, as texts.
 int AddressOrder(const std::wstring& first, const std::wstring& second)
 {
-    const bool isFirstLong = first.find(L':') != first.npos;
-    const bool isSecondLong = second.find(L':') != second.npos;
-    if (isFirstLong != isSecondLong)
+    const auto key = [](const std::wstring& text)
     {
-        return isFirstLong ? 1 : -1;
-    }
-    if (isFirstLong)
-    {
-        return OrderOf(first, second);
-    }
-    return AddressNumber(first) < AddressNumber(second) ? -1 : AddressNumber(second) < AddressNumber(first) ? 1 : 0;
+        const bool isLong = text.find(L':') != text.npos;
+        return std::tuple(isLong, isLong ? 0 : AddressNumber(text), isLong ? text : std::wstring());
+    };
+    return key(first) < key(second) ? -1 : key(second) < key(first) ? 1 : 0;
+}
+
+int NumberOrder(const std::wstring& first, const std::wstring& second)
+{
+    const long left = std::wcstol(first.c_str(), nullptr, 10);
+    const long right = std::wcstol(second.c_str(), nullptr, 10);
+    return left < right ? -1 : right < left ? 1 : 0;
 }
 
 // The field, empty where the record is shorter.
@@ -60,51 +66,43 @@ std::wstring FieldOf(const Fields& record, std::size_t field)
     return field < record.size() ? record[field] : std::wstring();
 }
 
-int FirewallOrder(const Fields& first, const Fields& second, std::size_t column)
+// How a column is sorted: by which field, and by what of it.
+struct SortKey
 {
-    if (column <= 1)
-    {
-        return OrderOf(FieldOf(first, column + 1), FieldOf(second, column + 1));
-    }
-    const std::wstring left = FieldOf(first, column + 2);
-    const std::wstring right = FieldOf(second, column + 2);
-    if (column == 2 || column == 4)
-    {
-        return AddressOrder(left, right);
-    }
-    const long leftNumber = std::wcstol(left.c_str(), nullptr, 10);
-    const long rightNumber = std::wcstol(right.c_str(), nullptr, 10);
-    return leftNumber < rightNumber ? -1 : rightNumber < leftNumber ? 1 : 0;
-}
+    std::uint32_t type;
+    std::size_t column;
+    std::size_t field;
+    int (*order)(const std::wstring& first, const std::wstring& second) = &OrderOf;
+};
+
+// The columns that are not sorted by the text of the field of their number.
+constexpr SortKey SortKeys[] = {
+    {LogTypeSpyware, 1, 5},
+    {LogTypeSpyware, 2, 6},
+    {LogTypeVst, 1, 5},
+    {LogTypeVst, 2, 4},
+    {LogTypeUpdate, 1, 2},
+    {LogTypeUpdate, 2, 1},
+    {LogTypePrivacy, 1, 2},
+    {LogTypePrivacy, 2, 1},
+    {LogTypeTsc, 1, 2},
+    {LogTypeTsc, 2, 1},
+    {LogTypeUrlFilter, 1, 2},
+    {LogTypePhishing, 1, 2},
+    {LogTypeSystemTuner, 1, 2},
+    {LogTypeVirus, 2, 3},
+    {LogTypeFirewall, 0, 1},
+    {LogTypeFirewall, 1, 2},
+    {LogTypeFirewall, 2, 4, &AddressOrder},
+    {LogTypeFirewall, 3, 5, &NumberOrder},
+    {LogTypeFirewall, 4, 6, &AddressOrder},
+    {LogTypeFirewall, 5, 7, &NumberOrder},
+};
 
 // The text by which the virus log sorts its second column: the second action where there was one.
 std::wstring VirusOutcome(const Fields& record)
 {
     return FieldOf(record, 6).empty() ? FieldOf(record, 5) : FieldOf(record, 6);
-}
-
-// The field by which a column is sorted, of the types that sort by one field.
-std::size_t SortField(std::uint32_t type, std::size_t column)
-{
-    switch (type)
-    {
-    case LogTypeSpyware:
-        return column == 1 ? 5 : column == 2 ? 6 : column;
-    case LogTypeVst:
-        return column == 1 ? 5 : column == 2 ? 4 : column;
-    case LogTypeUpdate:
-    case LogTypePrivacy:
-    case LogTypeTsc:
-        return column == 1 ? 2 : column == 2 ? 1 : column;
-    case LogTypeUrlFilter:
-    case LogTypePhishing:
-    case LogTypeSystemTuner:
-        return column == 1 ? 2 : column;
-    case LogTypeVirus:
-        return column == 2 ? 3 : column;
-    default:
-        return column;
-    }
 }
 
 std::wstring Quoted(const std::wstring& field)
@@ -148,37 +146,20 @@ std::wstring ExportLine(std::uint32_t type, const Fields& record)
 
 LogReference ReferenceOf(std::uint32_t type, bool fromDatabase, const CategoryService::Groups& groups)
 {
-    switch (type)
-    {
-    case LogTypeVirus:
-        return VirusReference(fromDatabase);
-    case LogTypeUpdate:
-        return UpdateReference();
-    case LogTypeUrlFilter:
-        return UrlFilterReference(groups, L"first");
-    case LogTypeFirewall:
-        return FirewallReference(LocalAddress);
-    case LogTypeTsc:
-        return CleanupReference(fromDatabase);
-    case LogTypePrivacy:
-        return PrivacyReference();
-    case LogTypePhishing:
-        return PhishingReference();
-    case LogTypeVa:
-        return VulnerabilityReference();
-    case LogTypeSpyware:
-        return SpywareReference(fromDatabase);
-    case LogTypeVst:
-        return SuspiciousChangeReference();
-    case LogTypeSystemTuner:
-        return TunerReference();
-    case LogTypeScan:
-        return ScanReference();
-    case LogTypeSkippedTask:
-        return SkippedTaskReference();
-    default:
-        throw std::out_of_range("there is no log of this type");
-    }
+    const std::map<std::uint32_t, LogReference> references{{LogTypeVirus, VirusReference(fromDatabase)},
+                                                           {LogTypeUpdate, UpdateReference()},
+                                                           {LogTypeUrlFilter, UrlFilterReference(groups, L"first")},
+                                                           {LogTypeFirewall, FirewallReference(LocalAddress)},
+                                                           {LogTypeTsc, CleanupReference(fromDatabase)},
+                                                           {LogTypePrivacy, PrivacyReference()},
+                                                           {LogTypePhishing, PhishingReference()},
+                                                           {LogTypeVa, VulnerabilityReference()},
+                                                           {LogTypeSpyware, SpywareReference(fromDatabase)},
+                                                           {LogTypeVst, SuspiciousChangeReference()},
+                                                           {LogTypeSystemTuner, TunerReference()},
+                                                           {LogTypeScan, ScanReference()},
+                                                           {LogTypeSkippedTask, SkippedTaskReference()}};
+    return references.at(type);
 }
 
 int PlainOrder(std::uint32_t type, const Fields& first, const Fields& second, std::size_t column, bool isUp)
@@ -191,15 +172,14 @@ int PlainOrder(std::uint32_t type, const Fields& first, const Fields& second, st
     const bool isDown = !isUp || (type == LogTypeSystemTuner && column == 1);
     const Fields& left = isDown ? second : first;
     const Fields& right = isDown ? first : second;
-    if (type == LogTypeFirewall)
-    {
-        return FirewallOrder(left, right, column);
-    }
     if (type == LogTypeVirus && column == 1)
     {
         return OrderOf(VirusOutcome(left), VirusOutcome(right));
     }
-    return OrderOf(FieldOf(left, SortField(type, column)), FieldOf(right, SortField(type, column)));
+    const auto isOfColumn = [&](const SortKey& key) { return key.type == type && key.column == column; };
+    const auto* const found = std::ranges::find_if(SortKeys, isOfColumn);
+    const SortKey key = found == std::end(SortKeys) ? SortKey{type, column, column} : *found;
+    return key.order(FieldOf(left, key.field), FieldOf(right, key.field));
 }
 
 std::wstring PlainExport(std::uint32_t type, const std::vector<Fields>& records)
