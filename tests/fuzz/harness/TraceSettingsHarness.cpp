@@ -6,9 +6,8 @@
 #include "tests/support/RegistrySandbox.h"
 #include "tests/support/TemporaryFolder.h"
 
-#include <algorithm>
 #include <cstring>
-#include <iterator>
+#include <functional>
 #include <tuple>
 
 namespace Fuzz
@@ -28,97 +27,80 @@ constexpr const wchar_t* Names[] = {L"Enable",    L"Level",   L"LogProcess",   L
 
 constexpr DWORD MostCharacters = 0x10000; // of an INI file
 
-// A value of the registry as a line of an input tells it: a digit for its type, one for the bytes that its last
-// character lacks, and its bytes.
-struct Value
+// How one setting is asked for: its name, what it is where it is missing, and what it is then. False for one that is
+// missing and has no default, or has another form.
+struct Source
 {
-    DWORD type;
-    std::string bytes;
+    std::function<bool(const wchar_t* name, std::uint32_t usual, std::uint32_t& number)> number;
+    std::function<bool(const wchar_t* name, const wchar_t* usual, std::wstring& text)> text;
 };
 
-std::optional<Value> ValueOf(std::wstring_view line)
-{
-    if (line.size() < 2)
-    {
-        return std::nullopt;
-    }
-    const std::wstring_view data = line.substr(2);
-    std::string bytes(reinterpret_cast<const char*>(data.data()), data.size() * sizeof(wchar_t));
-    bytes.resize(bytes.size() - std::min<std::size_t>(bytes.size(), line[1] % 2));
-    return Value{static_cast<DWORD>(line[0] % 16), bytes};
-}
-
-bool TakeNumber(const std::optional<Value>& value, std::uint32_t& number)
-{
-    const bool isNumber = value && value->type == REG_DWORD && value->bytes.size() == sizeof number;
-    if (isNumber)
-    {
-        std::memcpy(&number, value->bytes.data(), sizeof number);
-    }
-    return isNumber;
-}
-
-bool TakeFlag(const std::optional<Value>& value, bool& flag)
-{
-    std::uint32_t number = flag;
-    const bool isNumber = TakeNumber(value, number);
-    flag = number != 0;
-    return isNumber;
-}
-
-// Up to the first terminator, as far as there is room.
-template <std::size_t room>
-bool TakeText(const std::optional<Value>& value, wchar_t (&text)[room])
-{
-    const bool isText = value && (value->type == REG_SZ || value->type == REG_EXPAND_SZ || value->type == REG_MULTI_SZ);
-    for (std::size_t i = 0; isText && i + 1 < room && 2 * i + 1 < value->bytes.size(); ++i)
-    {
-        std::memcpy(&text[i], value->bytes.data() + 2 * i, sizeof(wchar_t));
-        if (text[i] == L'\0')
-        {
-            break;
-        }
-    }
-    return isText;
-}
-
-// What the values say, in their order and up to the first that is missing or of another form.
-DebugLogSettings PlainSettings(const std::vector<std::optional<Value>>& values)
+// What the source says, in the order of the names and up to the first that it does not know. A text goes up to its
+// first terminator.
+DebugLogSettings PlainSettings(const Source& source)
 {
     DebugLogSettings settings;
     DebugLogConfig& config = settings.config;
-    static_cast<void>(TakeFlag(values[0], settings.enabled) && TakeNumber(values[1], settings.levelMask) &&
-                      TakeNumber(values[2], config.logProcess) && TakeNumber(values[3], config.logUnitType) &&
-                      TakeText(values[4], config.logFolder) && TakeText(values[5], config.logPrefix) &&
-                      TakeText(values[6], config.logFile) && TakeText(values[7], config.logExtension) &&
-                      TakeFlag(values[8], config.robust) && TakeFlag(values[9], config.debugger));
-    return settings;
-}
-
-// What the file says, with the defaults of what is not in it. The system is asked with room for any text.
-DebugLogSettings PlainSettings(const std::wstring& path)
-{
-    const auto number = [&](const wchar_t* name, int usual)
-    { return GetPrivateProfileIntW(Section, name, usual, path.c_str()); };
-    const auto take = [&](const wchar_t* name, const wchar_t* usual, auto& room)
+    const auto takeFlag = [&](const wchar_t* name, bool& flag)
     {
-        std::wstring text(MostCharacters, L'\0');
-        GetPrivateProfileStringW(Section, name, usual, text.data(), MostCharacters, path.c_str());
-        text.copy(room, std::size(room) - 1);
+        std::uint32_t number = 0;
+        const bool isTaken = source.number(name, 0, number);
+        flag = number != 0;
+        return isTaken;
     };
-    DebugLogSettings settings;
-    DebugLogConfig& config = settings.config;
-    settings.enabled = number(L"Enable", 0) != 0;
-    settings.levelMask = number(L"Level", 256);
-    config.logProcess = number(L"LogProcess", 0);
-    config.logUnitType = number(L"LogUnitType", 0);
-    take(L"LogFolder", L"", config.logFolder);
-    take(L"LogPrefix", L"zpt", config.logPrefix);
-    take(L"LogFile", L"", config.logFile);
-    take(L"LogExtension", L"log", config.logExtension);
-    config.robust = number(L"Robust", 0) != 0;
-    config.debugger = number(L"Debugger", 0) != 0;
+    const auto takeText = [&](const wchar_t* name, const wchar_t* usual, auto& room)
+    {
+        std::wstring text;
+        const bool isTaken = source.text(name, usual, text);
+        text.resize(isTaken ? std::min(text.find(L'\0'), text.size()) : 0);
+        text.copy(room, std::size(room) - 1);
+        return isTaken;
+    };
+    static_cast<void>(takeFlag(Names[0], settings.enabled) && source.number(Names[1], 256, settings.levelMask) &&
+                      source.number(Names[2], 0, config.logProcess) && source.number(Names[3], 0, config.logUnitType) &&
+                      takeText(Names[4], L"", config.logFolder) && takeText(Names[5], L"zpt", config.logPrefix) &&
+                      takeText(Names[6], L"", config.logFile) && takeText(Names[7], L"log", config.logExtension) &&
+                      takeFlag(Names[8], config.robust) && takeFlag(Names[9], config.debugger));
     return settings;
+}
+
+// A file has a default for everything. The system is asked with room for any text.
+Source PlainFile(const std::wstring& path)
+{
+    return {[=](const wchar_t* name, std::uint32_t usual, std::uint32_t& number)
+            {
+                number = GetPrivateProfileIntW(Section, name, static_cast<INT>(usual), path.c_str());
+                return true;
+            },
+            [=](const wchar_t* name, const wchar_t* usual, std::wstring& text)
+            {
+                text.resize(MostCharacters);
+                text.resize(GetPrivateProfileStringW(Section, name, usual, text.data(), MostCharacters, path.c_str()));
+                return true;
+            }};
+}
+
+// The registry has none.
+Source PlainRegistry(const RegistrySandbox& registry)
+{
+    return {[&](const wchar_t* name, std::uint32_t, std::uint32_t& number)
+            {
+                std::vector<BYTE> bytes;
+                const DWORD type = registry.Get(SessionKey, name, bytes);
+                const bool isNumber = type == REG_DWORD && bytes.size() == sizeof number;
+                if (isNumber)
+                {
+                    std::memcpy(&number, bytes.data(), sizeof number);
+                }
+                return isNumber;
+            },
+            [&](const wchar_t* name, const wchar_t*, std::wstring& text)
+            {
+                std::vector<BYTE> bytes;
+                const DWORD type = registry.Get(SessionKey, name, bytes);
+                text.assign(reinterpret_cast<const wchar_t*>(bytes.data()), bytes.size() / sizeof(wchar_t));
+                return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ;
+            }};
 }
 
 auto Parts(const DebugLogSettings& settings)
@@ -153,33 +135,34 @@ class TraceSettingsReader : public TextReader
         const std::wstring path = m_folder.File(L"trace.ini");
         WriteUtf16(path, text);
         const std::wstring folder = m_folder.Path().wstring();
-        return ExpectSettings(VdCommon::Storage::Key::InIniFile(folder.c_str(), L"trace.ini"), PlainSettings(path));
+        return ExpectSettings(VdCommon::Storage::Key::InIniFile(folder.c_str(), L"trace.ini"), PlainFile(path));
     }
 
+    // Each line is a value: a digit for its type, one for the bytes that its last character lacks, and its bytes.
     std::size_t ReadRegistry(std::wstring_view text) const
     {
         RegDeleteTreeW(m_registry.Root(), SettingsKey);
         m_registry.MakeKey(SessionKey);
-        std::vector<std::wstring> lines = Pieces(text, L'\n');
-        lines.resize(std::size(Names));
-        std::vector<std::optional<Value>> values;
-        std::ranges::transform(lines, std::back_inserter(values), &ValueOf);
-        for (std::size_t i = 0; i < values.size(); ++i)
+        const std::vector<std::wstring> lines = Pieces(text, L'\n');
+        for (std::size_t i = 0; i < std::min(lines.size(), std::size(Names)); ++i)
         {
-            if (values[i])
+            const std::wstring& line = lines[i];
+            if (line.size() >= 2)
             {
-                m_registry.Set(SessionKey, Names[i], values[i]->type, values[i]->bytes.data(), values[i]->bytes.size());
+                const std::size_t size = (line.size() - 2) * sizeof(wchar_t);
+                m_registry.Set(SessionKey, Names[i], line[0] % 16, line.data() + 2,
+                               size - std::min<std::size_t>(size, line[1] % 2));
             }
         }
         return ExpectSettings(VdCommon::Storage::Key::InRegistry(HKEY_LOCAL_MACHINE, SettingsKey),
-                              PlainSettings(values));
+                              PlainRegistry(m_registry));
     }
 
-    static std::size_t ExpectSettings(const VdCommon::Storage::Key& key, const DebugLogSettings& expected)
+    static std::size_t ExpectSettings(const VdCommon::Storage::Key& key, const Source& source)
     {
         DebugLogSettings settings;
         Expect(VdCommon::ReadDebugLogSettings(key, L"Fuzz", settings), "the settings are not read");
-        ExpectSame(Parts(settings), Parts(expected), "the settings");
+        ExpectSame(Parts(settings), Parts(PlainSettings(source)), "the settings");
         const DebugLogConfig& config = settings.config;
         return 1 + settings.enabled + 2U * config.robust + 4U * config.debugger + 8U * (*config.logFolder != 0) +
                16U * (*config.logPrefix != 0) + 32U * (*config.logFile != 0) + 64U * (*config.logExtension != 0);
