@@ -4,14 +4,16 @@ import lint
 
 LONGEST = 400
 ENDINGS = lint.CODE + (".idl", ".py", ".sh", ".cmake", "CMakeLists.txt")
-COMMANDS = ("run", "test", "bench", "fuzz")
+COMMANDS = ("run", "test", "bench", "fuzz", "package")
+TOOLS = "tools/"  # scripts, whose names may have no ending
 
 
 def main():
     root = lint.root_argument()
     findings = lint.Findings()
     for path in lint.files(root):
-        if path.endswith(ENDINGS) or path in COMMANDS:
+        is_tool = path.startswith(TOOLS) and "." not in path
+        if is_tool or path.endswith(ENDINGS) or path in COMMANDS:
             lines = len(lint.read(root, path).splitlines())
             if lines > LONGEST:
                 findings.add(path, LONGEST + 1, f"{lines} lines; split the file along what it does, into parts of at "

@@ -301,6 +301,14 @@ class Length(Tree):
         self.write("common/Long.cpp", "\n" * 401)
         self.expect_hit("common/Long.cpp:401: ", "lint_length")
 
+    def test_longer_command_is_a_hit(self):
+        self.write("package", "\n" * 401)
+        self.expect_hit("package:401: ", "lint_length")
+
+    def test_longer_tool_is_a_hit(self):
+        self.write("tools/update-all", "\n" * 401)
+        self.expect_hit("tools/update-all:401: ", "lint_length")
+
 
 class Format(Tree):
     def setUp(self):
