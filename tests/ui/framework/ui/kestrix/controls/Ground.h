@@ -2,6 +2,7 @@
 
 #include "platform/dialog/DialogFramework.h"
 #include "tests/support/LiveHandles.h"
+#include "tests/support/LiveWindows.h"
 
 #include <gtest/gtest.h>
 
@@ -89,34 +90,16 @@ inline std::vector<long> OwnedHandles()
     return {LiveHandles::s_nCounts.begin(), LiveHandles::s_nCounts.end()};
 }
 
-// Windows of this thread, the children included.
-inline long WindowCount()
-{
-    long count = 0;
-    const auto add = [](HWND window, LPARAM total) -> BOOL
-    {
-        const auto addChild = [](HWND, LPARAM sum) -> BOOL
-        {
-            ++*reinterpret_cast<long*>(sum);
-            return TRUE;
-        };
-        EnumChildWindows(window, addChild, total);
-        return addChild(window, total);
-    };
-    EnumThreadWindows(GetCurrentThreadId(), add, reinterpret_cast<LPARAM>(&count));
-    return count;
-}
-
 // Uses what is under test a thousand times, and expects no handle and no window to be left behind.
 inline void ExpectAThousandToLeaveNothing(const std::function<void()>& useOnce)
 {
     useOnce(); // what the system makes once and keeps
     const std::vector<long> handles = OwnedHandles();
-    const long windows = WindowCount();
+    const auto windows = LiveWindows();
     for (int i = 0; i < 1000; ++i)
     {
         useOnce();
     }
     EXPECT_EQ(OwnedHandles(), handles);
-    EXPECT_EQ(WindowCount(), windows);
+    EXPECT_EQ(LiveWindows(), windows);
 }

@@ -3,6 +3,7 @@
 
 #include "tests/support/LanguageFile.h"
 #include "tests/support/LiveHandles.h"
+#include "tests/support/LiveWindows.h"
 #include "tests/support/Picture.h"
 #include "tests/ui/gallery/SkinDialog.h"
 
@@ -18,27 +19,9 @@ namespace
 
 constexpr int Times = 1000;
 
-int WindowsOfThread()
-{
-    int count = 0;
-    const auto countOne = [](HWND window, LPARAM counter) -> BOOL
-    {
-        ++*reinterpret_cast<int*>(counter);
-        const auto countChild = [](HWND, LPARAM childCounter) -> BOOL
-        {
-            ++*reinterpret_cast<int*>(childCounter);
-            return TRUE;
-        };
-        EnumChildWindows(window, countChild, counter);
-        return TRUE;
-    };
-    EnumThreadWindows(GetCurrentThreadId(), countOne, reinterpret_cast<LPARAM>(&count));
-    return count;
-}
-
 std::vector<long> LiveObjects()
 {
-    std::vector<long> counts{WindowsOfThread()};
+    std::vector<long> counts{static_cast<long>(LiveWindows().size())};
     for (const auto& count : LiveHandles::s_nCounts)
     {
         counts.push_back(count);
@@ -82,6 +65,6 @@ TEST(LiveObjects, AreCountedWhileADialogStands)
     const std::vector<long> before = LiveObjects();
     CSkinDialog dialog({120, 90});
     dialog.SetControlFont(IDC_SKIN_TEXT, FW_BOLD);
-    EXPECT_LT(before.front() + 5, WindowsOfThread());
+    EXPECT_LT(before.front() + 5, LiveObjects().front());
     EXPECT_NE(before, LiveObjects());
 }
