@@ -9,80 +9,48 @@
 #include <oleauto.h>
 #include <sqlite3.h>
 
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <tuple>
+#include <type_traits>
 
-// The functions of the system: kind, name, what a failing call returns, and its last error.
-#define KESTRIX_FAULT_POINTS(POINT)                                                                                    \
-    POINT(Allocation, malloc, 0, ERROR_NOT_ENOUGH_MEMORY)                                                              \
-    POINT(Allocation, calloc, 0, ERROR_NOT_ENOUGH_MEMORY)                                                              \
-    POINT(Allocation, realloc, 0, ERROR_NOT_ENOUGH_MEMORY)                                                             \
-    POINT(Allocation, SysAllocString, 0, ERROR_NOT_ENOUGH_MEMORY)                                                      \
-    POINT(Allocation, SysAllocStringLen, 0, ERROR_NOT_ENOUGH_MEMORY)                                                   \
-    POINT(Allocation, SafeArrayCreate, 0, ERROR_NOT_ENOUGH_MEMORY)                                                     \
-    POINT(Allocation, SafeArrayCopy, E_OUTOFMEMORY, ERROR_NOT_ENOUGH_MEMORY)                                           \
-    POINT(File, CreateFileW, -1, ERROR_ACCESS_DENIED)                                                                  \
-    POINT(File, ReadFile, FALSE, ERROR_READ_FAULT)                                                                     \
-    POINT(File, WriteFile, FALSE, ERROR_DISK_FULL)                                                                     \
-    POINT(File, FlushFileBuffers, FALSE, ERROR_WRITE_FAULT)                                                            \
-    POINT(File, SetFilePointer, INVALID_SET_FILE_POINTER, ERROR_SEEK)                                                  \
-    POINT(File, SetFilePointerEx, FALSE, ERROR_SEEK)                                                                   \
-    POINT(File, SetEndOfFile, FALSE, ERROR_DISK_FULL)                                                                  \
-    POINT(File, GetFileSizeEx, FALSE, ERROR_INVALID_HANDLE)                                                            \
-    POINT(File, GetFileType, FILE_TYPE_UNKNOWN, ERROR_INVALID_HANDLE)                                                  \
-    POINT(File, GetFileInformationByHandle, FALSE, ERROR_INVALID_HANDLE)                                               \
-    POINT(File, GetFileAttributesW, INVALID_FILE_ATTRIBUTES, ERROR_ACCESS_DENIED)                                      \
-    POINT(File, GetFileAttributesExW, FALSE, ERROR_ACCESS_DENIED)                                                      \
-    POINT(File, GetFileSecurityW, FALSE, ERROR_ACCESS_DENIED)                                                          \
-    POINT(File, LockFileEx, FALSE, ERROR_LOCK_VIOLATION)                                                               \
-    POINT(File, CreateFileMappingW, 0, ERROR_NOT_ENOUGH_MEMORY)                                                        \
-    POINT(File, MapViewOfFile, 0, ERROR_NOT_ENOUGH_MEMORY)                                                             \
-    POINT(File, MoveFileW, FALSE, ERROR_ACCESS_DENIED)                                                                 \
-    POINT(File, MoveFileExW, FALSE, ERROR_SHARING_VIOLATION)                                                           \
-    POINT(File, ReplaceFileW, FALSE, ERROR_ACCESS_DENIED)                                                              \
-    POINT(File, DeleteFileW, FALSE, ERROR_ACCESS_DENIED)                                                               \
-    POINT(File, FindFirstFileW, -1, ERROR_ACCESS_DENIED)                                                               \
-    POINT(File, FindNextFileW, FALSE, ERROR_NO_MORE_FILES)                                                             \
-    POINT(File, LoadLibraryW, 0, ERROR_MOD_NOT_FOUND)                                                                  \
-    POINT(File, LoadLibraryExW, 0, ERROR_MOD_NOT_FOUND)                                                                \
-    POINT(File, _wfopen, 0, ERROR_ACCESS_DENIED)                                                                       \
-    POINT(Registry, RegOpenKeyExW, ERROR_ACCESS_DENIED, 0)                                                             \
-    POINT(Registry, RegCreateKeyExW, ERROR_ACCESS_DENIED, 0)                                                           \
-    POINT(Registry, RegQueryValueExW, ERROR_ACCESS_DENIED, 0)                                                          \
-    POINT(Registry, RegGetValueW, ERROR_ACCESS_DENIED, 0)                                                              \
-    POINT(Registry, RegSetValueExW, ERROR_ACCESS_DENIED, 0)                                                            \
-    POINT(Registry, RegSetKeyValueW, ERROR_ACCESS_DENIED, 0)                                                           \
-    POINT(Gdi, BeginPaint, 0, ERROR_NOT_ENOUGH_MEMORY)                                                                 \
-    POINT(Gdi, GetDC, 0, ERROR_NOT_ENOUGH_MEMORY)                                                                      \
-    POINT(Gdi, GetDIBits, 0, ERROR_NOT_ENOUGH_MEMORY)                                                                  \
-    POINT(Gdi, GetObjectW, 0, ERROR_INVALID_HANDLE)                                                                    \
-    POINT(Gdi, SelectObject, 0, ERROR_INVALID_HANDLE)                                                                  \
-    POINT(Gdi, LoadImageW, 0, ERROR_NOT_ENOUGH_MEMORY)                                                                 \
-    POINT(Gdi, CreateMappedBitmap, 0, ERROR_NOT_ENOUGH_MEMORY)                                                         \
-    POINT(Gdi, CreateCompatibleDC, 0, ERROR_NOT_ENOUGH_MEMORY)                                                         \
-    POINT(Gdi, CreateCompatibleBitmap, 0, ERROR_NOT_ENOUGH_MEMORY)                                                     \
-    POINT(Gdi, CreateDIBSection, 0, ERROR_NOT_ENOUGH_MEMORY)                                                           \
-    POINT(Gdi, CreateSolidBrush, 0, ERROR_NOT_ENOUGH_MEMORY)                                                           \
-    POINT(Gdi, CreatePatternBrush, 0, ERROR_NOT_ENOUGH_MEMORY)                                                         \
-    POINT(Gdi, CreatePen, 0, ERROR_NOT_ENOUGH_MEMORY)                                                                  \
-    POINT(Gdi, CreateFontIndirectW, 0, ERROR_NOT_ENOUGH_MEMORY)                                                        \
-    POINT(Gdi, CreatePalette, 0, ERROR_NOT_ENOUGH_MEMORY)                                                              \
-    POINT(Gdi, CreateRectRgn, 0, ERROR_NOT_ENOUGH_MEMORY)                                                              \
-    POINT(Gdi, CreateRectRgnIndirect, 0, ERROR_NOT_ENOUGH_MEMORY)                                                      \
-    POINT(Gdi, CreateRoundRectRgn, 0, ERROR_NOT_ENOUGH_MEMORY)                                                         \
-    POINT(Gdi, ImageList_Create, 0, ERROR_NOT_ENOUGH_MEMORY)                                                           \
-    POINT(Gdi, ImageList_AddMasked, -1, ERROR_NOT_ENOUGH_MEMORY)                                                       \
-    POINT(Gdi, CreateWindowExW, 0, ERROR_NOT_ENOUGH_MEMORY)                                                            \
-    POINT(Gdi, CreateDialogIndirectParamW, 0, ERROR_NOT_ENOUGH_MEMORY)                                                 \
-    POINT(Com, CoInitialize, E_OUTOFMEMORY, 0)                                                                         \
-    POINT(Com, OleInitialize, E_OUTOFMEMORY, 0)                                                                        \
-    POINT(Com, CoRegisterMessageFilter, E_OUTOFMEMORY, 0)                                                              \
-    POINT(Com, CoCreateInstance, REGDB_E_CLASSNOTREG, 0)                                                               \
-    POINT(Com, SafeArrayPutElement, E_OUTOFMEMORY, 0)                                                                  \
-    POINT(Com, SafeArrayGetElement, E_OUTOFMEMORY, 0)                                                                  \
-    POINT(Com, SafeArrayGetVartype, E_INVALIDARG, 0)                                                                   \
-    POINT(Com, SafeArrayAccessData, E_OUTOFMEMORY, 0)
+// The functions of the system. A row has the kind, what a failing call returns, its last error, and the names of those
+// for which that holds.
+#define KESTRIX_FAULT_POINTS(ROW, NAME)                                                                                \
+    ROW(Allocation, 0, ERROR_NOT_ENOUGH_MEMORY, NAME(malloc) NAME(calloc) NAME(realloc))                               \
+    ROW(Allocation, 0, ERROR_NOT_ENOUGH_MEMORY, NAME(SysAllocString) NAME(SysAllocStringLen) NAME(SafeArrayCreate))    \
+    ROW(Allocation, E_OUTOFMEMORY, ERROR_NOT_ENOUGH_MEMORY, NAME(SafeArrayCopy))                                       \
+    ROW(File, -1, ERROR_ACCESS_DENIED, NAME(CreateFileW) NAME(FindFirstFileW))                                         \
+    ROW(File, 0, ERROR_ACCESS_DENIED, NAME(_wfopen) NAME(MoveFileW) NAME(ReplaceFileW) NAME(DeleteFileW))              \
+    ROW(File, 0, ERROR_ACCESS_DENIED, NAME(GetFileAttributesExW) NAME(GetFileSecurityW))                               \
+    ROW(File, INVALID_FILE_ATTRIBUTES, ERROR_ACCESS_DENIED, NAME(GetFileAttributesW))                                  \
+    ROW(File, 0, ERROR_INVALID_HANDLE, NAME(GetFileSizeEx) NAME(GetFileType) NAME(GetFileInformationByHandle))         \
+    ROW(File, 0, ERROR_NO_MORE_FILES, NAME(FindNextFileW))                                                             \
+    ROW(File, 0, ERROR_READ_FAULT, NAME(ReadFile))                                                                     \
+    ROW(File, 0, ERROR_WRITE_FAULT, NAME(FlushFileBuffers))                                                            \
+    ROW(File, 0, ERROR_DISK_FULL, NAME(WriteFile) NAME(SetEndOfFile))                                                  \
+    ROW(File, 0, ERROR_SEEK, NAME(SetFilePointerEx))                                                                   \
+    ROW(File, INVALID_SET_FILE_POINTER, ERROR_SEEK, NAME(SetFilePointer))                                              \
+    ROW(File, 0, ERROR_LOCK_VIOLATION, NAME(LockFileEx))                                                               \
+    ROW(File, 0, ERROR_SHARING_VIOLATION, NAME(MoveFileExW))                                                           \
+    ROW(File, 0, ERROR_NOT_ENOUGH_MEMORY, NAME(CreateFileMappingW) NAME(MapViewOfFile))                                \
+    ROW(File, 0, ERROR_MOD_NOT_FOUND, NAME(LoadLibraryW) NAME(LoadLibraryExW))                                         \
+    ROW(Registry, ERROR_ACCESS_DENIED, 0, NAME(RegOpenKeyExW) NAME(RegCreateKeyExW) NAME(RegQueryValueExW))            \
+    ROW(Registry, ERROR_ACCESS_DENIED, 0, NAME(RegGetValueW) NAME(RegSetValueExW) NAME(RegSetKeyValueW))               \
+    ROW(Gdi, 0, ERROR_NOT_ENOUGH_MEMORY,                                                                               \
+        NAME(BeginPaint) NAME(GetDC) NAME(CreateCompatibleDC) NAME(CreateFontIndirectW))                               \
+    ROW(Gdi, 0, ERROR_NOT_ENOUGH_MEMORY,                                                                               \
+        NAME(CreateSolidBrush) NAME(CreatePatternBrush) NAME(CreatePen) NAME(CreatePalette))                           \
+    ROW(Gdi, 0, ERROR_NOT_ENOUGH_MEMORY, NAME(CreateCompatibleBitmap) NAME(CreateMappedBitmap) NAME(CreateDIBSection)) \
+    ROW(Gdi, 0, ERROR_NOT_ENOUGH_MEMORY, NAME(CreateRectRgn) NAME(CreateRectRgnIndirect) NAME(CreateRoundRectRgn))     \
+    ROW(Gdi, 0, ERROR_NOT_ENOUGH_MEMORY, NAME(CreateWindowExW) NAME(CreateDialogIndirectParamW))                       \
+    ROW(Gdi, 0, ERROR_NOT_ENOUGH_MEMORY, NAME(LoadImageW) NAME(GetDIBits) NAME(ImageList_Create))                      \
+    ROW(Gdi, -1, ERROR_NOT_ENOUGH_MEMORY, NAME(ImageList_AddMasked))                                                   \
+    ROW(Gdi, 0, ERROR_INVALID_HANDLE, NAME(GetObjectW) NAME(SelectObject))                                             \
+    ROW(Com, E_OUTOFMEMORY, 0, NAME(CoInitialize) NAME(OleInitialize) NAME(CoRegisterMessageFilter))                   \
+    ROW(Com, E_OUTOFMEMORY, 0, NAME(SafeArrayPutElement) NAME(SafeArrayGetElement) NAME(SafeArrayAccessData))          \
+    ROW(Com, E_INVALIDARG, 0, NAME(SafeArrayGetVartype))                                                               \
+    ROW(Com, REGDB_E_CLASSNOTREG, 0, NAME(CoCreateInstance))
 
 // The functions of the SQLite library, which the linker replaces by these: name, parameters, arguments, what a failing
 // call returns.
@@ -101,8 +69,9 @@
 
 extern "C"
 {
-#define KESTRIX_DECLARE(kind, name, failure, error) extern decltype(&::name) __imp_##name;
-    KESTRIX_FAULT_POINTS(KESTRIX_DECLARE)
+#define KESTRIX_NAMES(kind, failure, error, names) names
+#define KESTRIX_DECLARE(name) extern decltype(&::name) __imp_##name;
+    KESTRIX_FAULT_POINTS(KESTRIX_NAMES, KESTRIX_DECLARE)
 
 #define KESTRIX_WRAP(name, parameters, arguments, failure)                                                             \
     int __real_##name parameters;                                                                                      \
@@ -116,11 +85,11 @@ extern "C"
 namespace
 {
 
-template <FaultKind kind, auto& slot, long long failure, DWORD error, class Function>
+template <FaultKind kind, long long failure, DWORD error, auto& slot, class Function>
 class Point;
 
-template <FaultKind kind, auto& slot, long long failure, DWORD error, class Result, class... Arguments>
-class Point<kind, slot, failure, error, Result (*)(Arguments...)>
+template <FaultKind kind, long long failure, DWORD error, auto& slot, class Result, class... Arguments>
+class Point<kind, failure, error, slot, Result (*)(Arguments...)>
 {
     static Result Call(Arguments... arguments)
     {
@@ -136,16 +105,18 @@ class Point<kind, slot, failure, error, Result (*)(Arguments...)>
     const ImportPatch<Result (*)(Arguments...)> m_patch{slot, &Call};
 };
 
+template <FaultKind kind, long long failure, DWORD error, auto&... slots>
+using Group = std::tuple<Point<kind, failure, error, slots, std::remove_reference_t<decltype(slots)>>...>;
+
 } // namespace
 
-struct FaultPoints::Points
+FaultPoints::FaultPoints()
 {
-#define KESTRIX_MEMBER(kind, name, failure, error)                                                                     \
-    Point<FaultKind::kind, __imp_##name, failure, error, decltype(&::name)> m_##name;
-    KESTRIX_FAULT_POINTS(KESTRIX_MEMBER)
-};
-
-FaultPoints::FaultPoints() : m_points(std::make_unique<Points>()) {}
+#define KESTRIX_PATCH(kind, failure, error, names)                                                                     \
+    m_points.push_back(std::make_shared<Group<FaultKind::kind, failure, error names>>());
+#define KESTRIX_SLOT(name) , __imp_##name
+    KESTRIX_FAULT_POINTS(KESTRIX_PATCH, KESTRIX_SLOT)
+}
 
 FaultPoints::~FaultPoints()
 {

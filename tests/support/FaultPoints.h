@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <memory>
+#include <vector>
 
 // What can be made to fail: calls of the system and of the SQLite library, and those that go to a service.
 enum class FaultKind
@@ -49,9 +50,7 @@ public:
     };
 
 private:
-    struct Points;
-
-    const std::unique_ptr<Points> m_points;
+    std::vector<std::shared_ptr<const void>> m_points;
     inline static std::atomic<FaultKind> s_kind{FaultKind::None};
     inline static std::atomic<int> s_nCalls{0};
     inline static std::atomic<int> s_nNumber{0};
