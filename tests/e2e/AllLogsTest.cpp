@@ -10,8 +10,6 @@
 #include "tests/support/LanguageFile.h"
 #include "tests/support/VisibleText.h"
 
-#include <psapi.h>
-
 #include <algorithm>
 #include <stdexcept>
 
@@ -121,16 +119,6 @@ void ExpectPane(const Viewer& viewer, const Lines& expected)
         },
         Patience);
     EXPECT_TRUE(expected.empty() ? HasNoValues(pane) : pane == expected) << ::testing::PrintToString(pane);
-}
-
-std::size_t PrivateBytes(const Viewer& viewer)
-{
-    PROCESS_MEMORY_COUNTERS counters{};
-    if (!K32GetProcessMemoryInfo(viewer.Program().Handle(), &counters, sizeof counters))
-    {
-        throw std::runtime_error("the memory of the viewer cannot be told");
-    }
-    return counters.PagefileUsage;
 }
 
 class AllLogsTest : public ServiceFixture
@@ -281,9 +269,9 @@ TEST_F(AllLogsTest, RoundsThroughAllLogsLeaveTheMemoryOfTheViewerAsItWas)
             viewer.SwitchToLog(log);
             ASSERT_GT(viewer.RowCount(), 0) << "round " << round << ", log " << log;
         }
-        before = round == firstRounds ? PrivateBytes(viewer) : before;
+        before = round == firstRounds ? PrivateBytes(viewer.Program().Handle()) : before;
     }
-    const std::size_t after = PrivateBytes(viewer);
+    const std::size_t after = PrivateBytes(viewer.Program().Handle());
     RecordProperty("PrivateBytesBefore", std::to_string(before));
     RecordProperty("PrivateBytesAfter", std::to_string(after));
     EXPECT_GT(before, 0u);

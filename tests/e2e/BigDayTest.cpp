@@ -13,7 +13,6 @@
 #include <gtest/gtest.h>
 
 #include <commctrl.h>
-#include <psapi.h>
 
 #include <algorithm>
 #include <chrono>
@@ -101,13 +100,7 @@ protected:
         ASSERT_EQ(m_viewer->RowCount(), Days[index].records);
     }
 
-    double Megabytes() const
-    {
-        PROCESS_MEMORY_COUNTERS counters{};
-        counters.cb = sizeof counters;
-        EXPECT_TRUE(GetProcessMemoryInfo(m_viewer->Program().Handle(), &counters, sizeof counters));
-        return static_cast<double>(counters.PagefileUsage) / (1024 * 1024);
-    }
+    double Megabytes() const { return static_cast<double>(PrivateBytes(m_viewer->Program().Handle())) / (1024 * 1024); }
 
     const LanguageFile m_language;
     const TemporaryFolder m_files;

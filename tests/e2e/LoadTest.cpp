@@ -8,18 +8,18 @@
 #include "tests/e2e/EventLogs.h"
 #include "tests/e2e/ServiceFixture.h"
 #include "tests/e2e/Viewer.h"
-#include "tests/e2e/Worker.h"
 #include "tests/support/EventRows.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/unit/suite/framework/RandomRules.h"
 
-#include <psapi.h>
-
+#include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
+#include <future>
 #include <iostream>
 #include <list>
-#include <map>
 #include <stdexcept>
 
 namespace
@@ -32,7 +32,7 @@ constexpr EventLog::Day Day = 20261120;
 constexpr int PartLines = 50;          // that are fed at once
 constexpr int Parts = 40;              // of a day; then it is fed anew
 constexpr ULONGLONG Patience = 60'000; // milliseconds until a step that is not over is taken for one that got stuck
-constexpr SIZE_T Growth = 2048;        // kilobytes, beside a tenth
+constexpr std::size_t Growth = 2048;   // kilobytes, beside a tenth
 
 void Require(bool condition, const char* what)
 {
@@ -47,22 +47,77 @@ std::wstring NumberedThreat(int round, int number)
     return std::to_wstring(round) + L"-" + std::to_wstring(number);
 }
 
-// Kilobytes that a process has for itself alone.
-SIZE_T PrivateMemory(DWORD id)
-{
-    const UniqueKernelHandle process(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id));
-    PROCESS_MEMORY_COUNTERS counters{};
-    counters.cb = sizeof counters;
-    EXPECT_TRUE(GetProcessMemoryInfo(process.get(), &counters, sizeof counters));
-    return counters.PagefileUsage / 1024;
-}
+// The memory of a process, in kilobytes: one sample a second.
+using Samples = std::vector<std::size_t>;
 
-SIZE_T Median(const std::vector<SIZE_T>& samples, std::size_t from, std::size_t to)
+std::size_t Median(const Samples& samples, std::size_t from, std::size_t to)
 {
-    std::vector<SIZE_T> part(samples.begin() + from, samples.begin() + std::max(to, from + 1));
+    Samples part(samples.begin() + from, samples.begin() + std::max(to, from + 1));
     std::ranges::sort(part);
     return part[part.size() / 2];
 }
+
+void TellMemory(const char* name, const Samples& samples)
+{
+    const std::size_t first = Median(samples, samples.size() / 10, samples.size() / 5);
+    const std::size_t last = Median(samples, samples.size() * 9 / 10, samples.size());
+    EXPECT_LT(last, first + first / 10 + Growth) << name;
+    std::cout << "load\t" << name << "\t\t\t" << first << "\t" << last << "\n";
+}
+
+// Somebody who takes the same step again and again, in a thread and a single-threaded apartment of his own, until he is
+// told to stop or a step throws.
+class Worker
+{
+public:
+    // The step gets its number, from 0 on.
+    Worker(std::string theName, std::function<void(int)> step)
+        : name(std::move(theName)), m_fault(std::async(std::launch::async, &Worker::Run, this, std::move(step)))
+    {
+    }
+
+    ~Worker() { stops = true; }
+
+    // How long the step lasts that is not over, in milliseconds.
+    ULONGLONG InStep() const { return HasEnded() ? 0 : GetTickCount64() - m_nSince; }
+
+    bool HasEnded() const { return m_fault.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }
+
+    // What the last step threw. Waits for the end.
+    std::string Fault() const { return m_fault.get(); }
+
+    const std::string name;
+    std::atomic<bool> stops = false;
+    std::atomic<int> steps = 0;
+    std::atomic<ULONGLONG> longest = 0; // milliseconds of a step that is over
+
+private:
+    static constexpr DWORD Pause = 20; // milliseconds between two steps, so that there is room for the others
+
+    std::string Run(const std::function<void(int)>& step)
+    {
+        std::string fault;
+        CoInitialize(nullptr);
+        try
+        {
+            for (; !stops; ++steps, Sleep(Pause))
+            {
+                m_nSince = GetTickCount64();
+                step(steps);
+                longest = std::max<ULONGLONG>(longest, GetTickCount64() - m_nSince);
+            }
+        }
+        catch (const std::exception& error)
+        {
+            fault = error.what();
+        }
+        CoUninitialize();
+        return fault;
+    }
+
+    std::atomic<ULONGLONG> m_nSince = GetTickCount64();
+    const std::shared_future<std::string> m_fault; // last, since its thread uses the others
+};
 
 class LoadTest : public ServiceFixture
 {
@@ -95,6 +150,10 @@ protected:
         Require(count % PartLines == 0, "a part of a transaction is there");
         Require(round * Parts + count / PartLines > before, "what was fed is not there");
     }
+
+    static void SetValues(int step) { SetAndQuery({112, 1}, {static_cast<std::uint32_t>(step), 1u, 0u}); }
+
+    void SetRules(int step) const { SetAndQuery(Framework::FirewallRules, m_rules[step % 2]); }
 
     static void SetAndQuery(const Framework::ValueKey& key, const List& list)
     {
@@ -138,12 +197,8 @@ protected:
         m_workers.emplace_back("feeder", [this](int step) { Feed(step + 1); });
         m_workers.emplace_back("reader", [this](int) { Read(m_read[0]); });
         m_workers.emplace_back("other reader", [this](int) { Read(m_read[1]); });
-        m_workers.emplace_back("client with values",
-                               [](int step) {
-                                   SetAndQuery({112, 1}, List{static_cast<std::uint32_t>(step), 1u, 0u});
-                               });
-        m_workers.emplace_back("client with rules",
-                               [this](int step) { SetAndQuery(Framework::FirewallRules, m_rules[step % 2]); });
+        m_workers.emplace_back("client with values", &SetValues);
+        m_workers.emplace_back("client with rules", [this](int step) { SetRules(step); });
         m_workers.emplace_back("client that purges", [this](int) { Purge(); });
         m_workers.emplace_back("viewer", [this](int step) { View(step); });
     }
@@ -151,40 +206,35 @@ protected:
     // Samples the memory each second until the time is over or somebody is not at work any more.
     void Watch(ULONGLONG milliseconds)
     {
-        const std::map<const char*, DWORD> processes{{"viewer's memory", m_viewer->Program().Id()},
-                                                     {"service's memory", Service::Processes().at(0)}};
+        const UniqueKernelHandle service(
+            OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, Service::Processes().at(0)));
         const ULONGLONG end = GetTickCount64() + milliseconds;
+        const auto isIdle = [](const Worker& each) { return each.HasEnded() || each.InStep() > Patience; };
         const auto isOver = [&]
         {
-            for (const auto& [name, id] : processes)
-            {
-                m_memory[name].push_back(PrivateMemory(id));
-            }
-            return GetTickCount64() > end || std::ranges::any_of(m_workers, [](const Worker& each)
-                                                                 { return each.hasEnded || each.InStep() > Patience; });
+            m_viewersMemory.push_back(PrivateBytes(m_viewer->Program().Handle()) / 1024);
+            m_servicesMemory.push_back(PrivateBytes(service.get()) / 1024);
+            return GetTickCount64() > end || std::ranges::any_of(m_workers, isIdle);
         };
         WaitUntil(isOver, 2 * milliseconds, 1000);
     }
 
+    bool HaveAllEnded() const { return std::ranges::all_of(m_workers, &Worker::HasEnded); }
+
     void Stop()
     {
         std::ranges::for_each(m_workers, [](Worker& each) { each.stops = true; });
-        WaitUntil([&] { return std::ranges::all_of(m_workers, &Worker::hasEnded); }, Patience);
+        WaitUntil([&] { return HaveAllEnded(); }, Patience);
         for (const Worker& each : m_workers)
         {
-            EXPECT_TRUE(each.hasEnded) << each.name << " got stuck " << each.InStep() / 1000
-                                       << " s ago: in a call that Wine has lost, or in a lock";
-            EXPECT_EQ(each.hasEnded ? each.fault : "", "") << each.name;
+            EXPECT_TRUE(each.HasEnded()) << each.name << " got stuck " << each.InStep() / 1000
+                                         << " s ago: in a call that Wine has lost, or in a lock";
+            EXPECT_EQ(each.HasEnded() ? each.Fault() : "", "") << each.name;
             std::cout << "load\t" << each.name << "\t" << each.steps << "\t" << each.longest << "\t\t\n";
         }
         std::cout << "load\tclient that listens\t" << Heard() << "\t\t\t\n";
-        for (const auto& [name, samples] : m_memory)
-        {
-            const SIZE_T first = Median(samples, samples.size() / 10, samples.size() / 5);
-            const SIZE_T last = Median(samples, samples.size() * 9 / 10, samples.size());
-            EXPECT_LT(last, first + first / 10 + Growth) << name;
-            std::cout << "load\t" << name << "\t\t\t" << first << "\t" << last << "\n";
-        }
+        TellMemory("viewer's memory", m_viewersMemory);
+        TellMemory("service's memory", m_servicesMemory);
     }
 
     const LanguageFile m_language;
@@ -197,7 +247,8 @@ protected:
     const std::wstring m_heard = m_service.Installed().File(L"heard.txt");
     const List m_rules[2] = {RandomRules(200, 1), RandomRules(200, 2)};
     std::atomic<int> m_fed = 0; // the last step of the feeder that is over
-    std::map<const char*, std::vector<SIZE_T>> m_memory;
+    Samples m_viewersMemory;
+    Samples m_servicesMemory;
     std::optional<Process> m_listener;
     std::optional<Viewer> m_viewer;
     std::list<Worker> m_workers;
@@ -211,7 +262,7 @@ TEST_F(LoadTest, TheViewerSixClientsAndAFeederAtOnceLoseNothingWaitForNobodyAndS
     ASSERT_NO_FATAL_FAILURE(Start());
     Watch(1000 * std::strtoul(given == nullptr ? "10" : given, nullptr, 10));
     Stop();
-    if (!std::ranges::all_of(m_workers, &Worker::hasEnded))
+    if (!HaveAllEnded())
     {
         std::cout.flush();
         std::_Exit(EXIT_FAILURE); // who is stuck cannot be waited for

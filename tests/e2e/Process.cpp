@@ -1,5 +1,7 @@
 #include "tests/e2e/Process.h"
 
+#include <psapi.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -91,6 +93,16 @@ bool WaitUntil(const std::function<bool()>& condition, ULONGLONG limit, DWORD in
         Sleep(interval);
     }
     return true;
+}
+
+std::size_t PrivateBytes(HANDLE process)
+{
+    PROCESS_MEMORY_COUNTERS counters{};
+    if (!GetProcessMemoryInfo(process, &counters, sizeof counters))
+    {
+        throw std::runtime_error("the memory of a program cannot be told");
+    }
+    return counters.PagefileUsage;
 }
 
 std::wstring ProgramFolder()

@@ -12,6 +12,9 @@
 // are in milliseconds.
 bool WaitUntil(const std::function<bool()>& condition, ULONGLONG limit = 30'000, DWORD interval = 20);
 
+// The memory that a process has for itself alone, in bytes; throws std::runtime_error.
+std::size_t PrivateBytes(HANDLE process);
+
 // The folder of the built program, in which tests run, with its final separator.
 std::wstring ProgramFolder();
 
