@@ -6,8 +6,8 @@
 
 #include <atomic>
 #include <functional>
+#include <future>
 #include <stdexcept>
-#include <thread>
 
 // A client of the service in a thread of its own, with one call, which has begun when the constructor returns.
 class ClientThread
@@ -15,42 +15,36 @@ class ClientThread
 public:
     using Call = std::function<HRESULT(IVdFrwkLocalController&)>;
 
-    explicit ClientThread(Call call) : m_call(std::move(call)), m_thread([this] { Run(); })
+    explicit ClientThread(Call call)
+        : m_result(std::async(std::launch::async, &ClientThread::Run, this, std::move(call)))
     {
         WaitUntil([this] { return m_bCalls.load(); });
     }
 
-    ~ClientThread() { m_thread.join(); }
-
-    ClientThread(const ClientThread&) = delete;
-    ClientThread& operator=(const ClientThread&) = delete;
-
-    // What the service answered, or the system when it was gone.
+    // What the service answered, or the system when it was gone; E_PENDING when no answer comes.
     HRESULT Result() const
     {
-        WaitUntil([this] { return m_result != E_PENDING; });
-        return m_result;
+        const bool isThere = m_result.wait_for(std::chrono::seconds(30)) == std::future_status::ready;
+        return isThere ? m_result.get() : E_PENDING;
     }
 
 private:
-    void Run()
+    HRESULT Run(const Call& call)
     {
         const Framework::Apartment apartment;
         try
         {
             const auto controller = Connect();
             m_bCalls = true;
-            m_result = m_call(*controller.Get());
+            return call(*controller.Get());
         }
         catch (const std::runtime_error&)
         {
-            m_result = E_FAIL;
             m_bCalls = true;
+            return E_FAIL;
         }
     }
 
-    const Call m_call;
     std::atomic<bool> m_bCalls = false;
-    std::atomic<HRESULT> m_result = E_PENDING;
-    std::thread m_thread; // last, since it uses the others
+    const std::shared_future<HRESULT> m_result; // last, since its thread uses the other
 };

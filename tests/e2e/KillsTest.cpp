@@ -2,6 +2,7 @@
 // and the next one does the whole work with it.
 
 #include "resource/resource.h"
+#include "suite/framework/PurgeSettings.h"
 #include "suite/framework/ValueSource.h"
 #include "tests/e2e/ClientThread.h"
 #include "tests/e2e/EventLogs.h"
@@ -16,11 +17,9 @@
 #include "tests/unit/suite/framework/RandomRules.h"
 
 #include <algorithm>
-#include <array>
+#include <fstream>
 #include <iostream>
-#include <map>
 #include <random>
-#include <ranges>
 
 namespace
 {
@@ -29,8 +28,8 @@ using Lines = std::vector<std::wstring>;
 
 constexpr EventLog::Day Day = 20261118;
 constexpr int Records = static_cast<int>(Scaled(20'000));
-constexpr std::size_t Rules = Scaled(2000);
 constexpr char OldExport[] = "an older export";
+constexpr wchar_t BlockedLine[] = L"100000|4|0|2||6|2|LIP|49152|192.0.2.20|443|||C:\\a.exe||";
 
 enum Outcome
 {
@@ -42,34 +41,23 @@ enum Outcome
     Outcomes
 };
 
+// None without a threat.
 Lines VirusLines(const wchar_t* threat)
 {
-    return Lines(Records, VirusLine(L"103015", threat));
+    return threat == nullptr ? Lines() : Lines(Records, VirusLine(L"103015", threat));
 }
 
-// False while the file is being replaced.
-bool CanRead(const std::wstring& path, std::string& bytes)
+Outcome OldOrNew(bool isOld, bool isNew)
 {
-    try
-    {
-        bytes = ReadBytes(path);
-        return true;
-    }
-    catch (const std::runtime_error&)
-    {
-        return false;
-    }
+    return isNew ? New : isOld ? Old : Broken;
 }
 
-// Some, and those with one for a program before them, which is allowed.
-RuleList RulesFor(Outcome outcome)
+// Waits while the file is being replaced.
+std::string BytesOf(const std::wstring& path)
 {
-    Framework::List rules = RandomRules(Rules, 1);
-    if (outcome == New)
-    {
-        rules.insert(rules.begin(), MadeRule(L"C:\\a.exe", L"a", Tcp));
-    }
-    return RuleList(rules);
+    std::ifstream file;
+    WaitUntil([&] { return (file = std::ifstream(std::filesystem::path(path), std::ios::binary)).is_open(); });
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 class KillsTest : public ServiceFixture
@@ -79,13 +67,31 @@ protected:
     {
         std::string_view killed;
         const char* during;
-        DWORD duration;               // in milliseconds, for the first kill; the others know that of the work before
-        void (KillsTest::*prepare)(); // makes the old state
-        void (KillsTest::*begin)();   // returns when nothing is left but the work itself
+        ULONGLONG duration;         // in milliseconds, for the first kill; the others know that of the work before
+        const wchar_t* before;      // the threat of all records that are there before, where there are some
+        const wchar_t* after;       // the same of those that are to be there
+        void (KillsTest::*begin)(); // returns when nothing is left but the work itself
         Outcome (KillsTest::*look)();
+        int counts[Outcomes] = {};
     };
 
-    static const Operation Operations[10];
+    // The usual number of kills takes the first rows, which write in four ways.
+    static std::vector<Operation> Operations()
+    {
+        using Test = KillsTest;
+        return {
+            {"import", "feeding", 700, L"old", L"new", &Test::Import, &Test::LookAtRecords},
+            {"service", "settings", 20, L"old", L"old", &Test::SetSettings, &Test::LookAtSettings},
+            {"service", "rules", 400, L"old", L"old", &Test::SetRules, &Test::LookAtRules},
+            {"viewer", "export", 700, L"old", L"old", &Test::PressExport, &Test::LookAtExport},
+            {"service", "purge", 300, L"old", nullptr, &Test::OrderDeletion, &Test::LookAtRecords},
+            {"viewer", "purge", 500, L"old", nullptr, &Test::PressDelete, &Test::LookAtRecords},
+            {"viewer", "feeding", 700, L"old", L"new", &Test::ReadWhileImporting, &Test::LookAtRecords},
+            {"viewer", "settings", 50, L"old", L"old", &Test::PressSettings, &Test::LookAtSettings},
+            {"viewer", "rules", 900, L"old", L"old", &Test::PressAllow, &Test::LookAtAllowed},
+            {"import", "first feeding", 700, nullptr, L"new", &Test::Import, &Test::LookAtRecords},
+        };
+    }
 
     KillsTest()
     {
@@ -97,43 +103,25 @@ protected:
         WriteUtf16(m_file, text);
     }
 
-    void FillForImport() { Fill(VirusLines(L"new")); }
-
-    void FillForDeletion() { Fill({}); }
-
-    void Fill(const Lines& after)
+    // Makes the old state of everything.
+    void Prepare(const Operation& operation)
     {
-        m_lines = {VirusLines(L"old"), after};
-        EventLog::EventDatabase::Create(m_logs.File()).ReplaceDay(VirusSubType, Day, m_lines[Old]);
-    }
-
-    void RemoveDatabase()
-    {
-        m_lines = {Lines(), VirusLines(L"new")};
-        for (const wchar_t* const end : {L"", L"-wal", L"-shm"})
+        Framework::WritePurgeSettings({30, 0});
+        m_oldRules.Store(m_service);
+        WriteBytes(m_export, OldExport);
+        m_lines[Old] = VirusLines(operation.before);
+        m_lines[New] = VirusLines(operation.after);
+        if (m_lines[Old].empty())
         {
-            std::filesystem::remove(m_logs.File().wstring() + end);
+            std::filesystem::remove(m_logs.File());
+            std::filesystem::remove(m_logs.File().wstring() + L"-wal");
+            std::filesystem::remove(m_logs.File().wstring() + L"-shm");
+            return;
         }
+        auto database = EventLog::EventDatabase::Create(m_logs.File());
+        database.ReplaceDay(VirusSubType, Day, m_lines[Old]);
+        database.ReplaceDay(FirewallSubType, Day, Lines{BlockedLine});
     }
-
-    void WriteSettings()
-    {
-        for (const auto& [name, number] : {std::pair{L"EventLogPurgeFlag", 0}, {L"EventLogPurgeFre", 30}})
-        {
-            RegSetKeyValueW(HKEY_LOCAL_MACHINE, EventLogKey, name, REG_DWORD, &number, sizeof number);
-        }
-    }
-
-    void FillForAllowing()
-    {
-        StoreOldRules();
-        constexpr wchar_t blocked[] = L"100000|4|0|2||6|2|LIP|49152|192.0.2.20|443|||C:\\a.exe||";
-        EventLog::EventDatabase::Create(m_logs.File()).ReplaceDay(FirewallSubType, Day, Lines{blocked});
-    }
-
-    void StoreOldRules() { m_rules[Old].Store(m_service); }
-
-    void WriteOldExport() { WriteBytes(m_export, OldExport); }
 
     void Import()
     {
@@ -155,7 +143,7 @@ protected:
 
     void SetRules()
     {
-        m_client.emplace([this](auto& controller) { return m_answer = m_rules[New].Set(controller); });
+        m_client.emplace([this](auto& controller) { return m_answer = m_newRules.Set(controller); });
     }
 
     void ReadWhileImporting()
@@ -216,40 +204,43 @@ protected:
         const bool isThere = std::filesystem::exists(m_logs.File());
         const Lines lines = isThere ? m_logs.VirusLines(Day) : Lines();
         const bool isIntact = !isThere || IsIntact(m_logs.File());
-        return !isIntact ? Broken : lines == m_lines[New] ? New : lines == m_lines[Old] ? Old : Broken;
+        return isIntact ? OldOrNew(lines == m_lines[Old], lines == m_lines[New]) : Broken;
     }
 
     Outcome LookAtSettings()
     {
         const std::uint32_t days = PurgeSetting(L"EventLogPurgeFre");
         const std::uint32_t flag = PurgeSetting(L"EventLogPurgeFlag");
-        return days == 7 ? (flag == 1 ? New : Between) : days == 30 && flag == 0 ? Old : Broken;
+        return days == 7 && flag != 1 ? Between : OldOrNew(days == 30 && flag == 0, days == 7);
     }
 
-    Outcome LookAtRules()
-    {
-        return m_rules[New].AreStored(m_service) ? New : m_rules[Old].AreStored(m_service) ? Old : Broken;
-    }
+    Outcome LookAtRules() { return OldOrNew(m_oldRules.AreStored(m_service), m_newRules.AreStored(m_service)); }
 
     // Not while the press lasts: a file that is read cannot be replaced.
     Outcome LookAtAllowed() { return m_viewer && m_viewer->IsEnabled(IDC_ALLOW) ? Old : LookAtRules(); }
 
     Outcome LookAtExport()
     {
-        std::string bytes;
-        WaitUntil([&] { return CanRead(m_export, bytes); });
+        const std::string bytes = BytesOf(m_export);
         const bool isWhole = std::ranges::count(bytes, '\n') == Records + 2 && bytes.ends_with(Utf16Bytes(L"\"\r\n"));
-        return isWhole ? New : bytes == OldExport ? Old : Broken;
+        return OldOrNew(bytes == OldExport, isWhole);
     }
 
-    Outcome KillAt(DWORD moment, const Operation& operation)
+    // One kill, and what the next program makes of what is left.
+    Outcome Try(Operation& operation, DWORD moment)
     {
+        Prepare(operation);
         m_answer = E_PENDING;
         (this->*operation.begin)();
         Sleep(moment);
         End(operation.killed);
-        const Outcome outcome = (this->*operation.look)();
-        return m_answer == Framework::Success && outcome != New ? Broken : outcome;
+        const Outcome found = (this->*operation.look)();
+        const Outcome outcome = m_answer == Framework::Success && found != New ? Broken : found;
+        EXPECT_NE(outcome, Broken);
+        EXPECT_TRUE(outcome != Between || operation.killed == "service");
+        const ULONGLONG duration = Complete(operation);
+        operation.duration = outcome == Old ? duration : operation.duration;
+        return outcome;
     }
 
     // Returns how long the work took, in milliseconds.
@@ -280,54 +271,26 @@ protected:
         EXPECT_TRUE(Service::HasEnded());
     }
 
-    // One kill, and what the next program makes of what is left.
-    Outcome Try(const Operation& operation, DWORD moment, ULONGLONG& duration)
+    // After a call that did not come back, or a dialog that did not come.
+    void BeginAnew()
     {
-        try
-        {
-            WriteSettings();
-            (this->*operation.prepare)();
-            const Outcome outcome = KillAt(moment, operation);
-            EXPECT_NE(outcome, Broken);
-            EXPECT_TRUE(outcome != Between || operation.killed == "service");
-            const ULONGLONG work = Complete(operation);
-            duration = outcome == Old ? work : duration;
-            return outcome;
-        }
-        catch (const std::runtime_error& error)
-        {
-            ADD_FAILURE() << error.what();
-            End("service");
-            Connect(); // Wine's service for activations is to be started again by the process that stopped it
-            EXPECT_TRUE(Service::HasEnded());
-            return Stuck;
-        }
+        End("service");
+        Connect(); // Wine's service for activations is to be started again by the process that stopped it
+        EXPECT_TRUE(Service::HasEnded());
     }
 
     const LanguageFile m_language;
     const EventLogs m_logs{m_service.Installed()};
     const std::wstring m_file = m_service.Installed().File(L"20261118.VLG");
     const std::wstring m_export = m_service.Installed().File(L"export.txt");
-    const RuleList m_rules[2] = {RulesFor(Old), RulesFor(New)};
-    std::array<Lines, 2> m_lines;
+    const Framework::List m_rules = RandomRules(Scaled(2000), 1);
+    const RuleList m_oldRules{m_rules};
+    const RuleList m_newRules{With(m_rules, 0, MadeRule(L"C:\\a.exe", L"a", Tcp))}; // allows a program
+    Lines m_lines[2];                                                               // of the day: old and new
     std::optional<Viewer> m_viewer;
     std::optional<Process> m_import;
     std::optional<ClientThread> m_client;
     std::atomic<HRESULT> m_answer = E_PENDING; // to a client that sets a value
-};
-
-// The usual number of kills takes the first rows, which write in four ways.
-constexpr KillsTest::Operation KillsTest::Operations[10] = {
-    {"import", "feeding", 700, &KillsTest::FillForImport, &KillsTest::Import, &KillsTest::LookAtRecords},
-    {"service", "settings", 20, &KillsTest::WriteSettings, &KillsTest::SetSettings, &KillsTest::LookAtSettings},
-    {"service", "rules", 400, &KillsTest::StoreOldRules, &KillsTest::SetRules, &KillsTest::LookAtRules},
-    {"viewer", "export", 700, &KillsTest::WriteOldExport, &KillsTest::PressExport, &KillsTest::LookAtExport},
-    {"service", "purge", 300, &KillsTest::FillForDeletion, &KillsTest::OrderDeletion, &KillsTest::LookAtRecords},
-    {"viewer", "purge", 500, &KillsTest::FillForDeletion, &KillsTest::PressDelete, &KillsTest::LookAtRecords},
-    {"viewer", "feeding", 700, &KillsTest::FillForImport, &KillsTest::ReadWhileImporting, &KillsTest::LookAtRecords},
-    {"viewer", "settings", 50, &KillsTest::WriteSettings, &KillsTest::PressSettings, &KillsTest::LookAtSettings},
-    {"viewer", "rules", 900, &KillsTest::FillForAllowing, &KillsTest::PressAllow, &KillsTest::LookAtAllowed},
-    {"import", "first feeding", 700, &KillsTest::RemoveDatabase, &KillsTest::Import, &KillsTest::LookAtRecords},
 };
 
 } // namespace
@@ -337,21 +300,27 @@ TEST_F(KillsTest, AProgramThatIsKilledLeavesTheOldOrTheNewAndTheNextOneDoesItsWo
     const char* const given = std::getenv("KESTRIX_KILLS");
     const int kills = given == nullptr ? 4 : std::atoi(given);
     std::mt19937 random(Seed());
-    std::array<std::array<int, Outcomes>, std::size(Operations)> counts{};
-    std::map<std::size_t, ULONGLONG> durations;
+    std::vector<Operation> operations = Operations();
     for (int i = 0; i < kills; ++i)
     {
-        const std::size_t row = i % std::size(Operations);
-        const Operation& operation = Operations[row];
-        ULONGLONG& duration = durations.try_emplace(row, operation.duration).first->second;
-        const DWORD moment = static_cast<DWORD>(random() % duration);
+        Operation& operation = operations[i % operations.size()];
+        const DWORD moment = static_cast<DWORD>(random() % operation.duration);
         SCOPED_TRACE(std::string(operation.killed) + ", " + operation.during + ", " + std::to_string(moment) + " ms");
-        ++counts[row][Try(operation, moment, duration)];
+        try
+        {
+            ++operation.counts[Try(operation, moment)];
+        }
+        catch (const std::runtime_error& error)
+        {
+            ADD_FAILURE() << error.what();
+            ++operation.counts[Stuck];
+            BeginAnew();
+        }
     }
-    for (std::size_t row = 0; row < std::size(Operations); ++row)
+    for (const Operation& operation : operations)
     {
-        std::cout << "kills\t" << Operations[row].killed << "\t" << Operations[row].during;
-        std::ranges::for_each(counts[row], [](int number) { std::cout << "\t" << number; });
+        std::cout << "kills\t" << operation.killed << "\t" << operation.during;
+        std::ranges::for_each(operation.counts, [](int number) { std::cout << "\t" << number; });
         std::cout << "\n";
     }
 }

@@ -43,12 +43,6 @@ List RuleOfProgram(std::uint16_t action)
     return rule;
 }
 
-List With(List rules, std::size_t place, const List& rule)
-{
-    rules.insert(rules.begin() + static_cast<std::ptrdiff_t>(place), rule);
-    return rules;
-}
-
 // Kills the service at the moment for which the function waits, while the object lives.
 class Killer
 {

@@ -22,6 +22,12 @@ inline Framework::List MadeRule(const std::wstring& path, const std::wstring& na
     return rule;
 }
 
+inline Framework::List With(Framework::List rules, std::size_t place, const Framework::List& rule)
+{
+    rules.insert(rules.begin() + static_cast<std::ptrdiff_t>(place), rule);
+    return rules;
+}
+
 // Firewall rules in the form in which they travel and in that in which the store keeps them, made once: thousands of
 // them take a while.
 class RuleList
