@@ -2,6 +2,7 @@
 
 #include "suite/framework/ClassFactory.h"
 #include "suite/framework/DatabaseLogs.h"
+#include "suite/framework/FirewallRules.h"
 #include "suite/framework/PurgeSettings.h"
 #include "suite/framework/SafeArray.h"
 #include "tests/faults/Sweep.h"
@@ -19,7 +20,6 @@ using enum FaultKind;
 
 constexpr std::uint32_t Virus = 2;
 constexpr std::uint32_t VirusPurgeType = 1;
-constexpr ValueKey Rules{48, 5};
 constexpr ValueKey Settings{113, 2};
 
 class ServiceFaultsTest : public ServiceFixture
@@ -43,6 +43,9 @@ protected:
     }
 
     std::wstring RowCount() const { return std::to_wstring(EventRowsOf(m_path).size()); }
+
+    // The rules that the service has when it starts anew.
+    std::optional<List> Kept() const { return ValueStore(m_folder.Path()).Get(FirewallRules); }
 
     // Has a client set a value of the profile, and keeps the result.
     void Set(const ValueKey& key, SAFEARRAY* array)
@@ -92,29 +95,25 @@ TEST_F(ServiceFaultsTest, Deleting)
 {
     Inbox inbox;
     m_purger.Events().Advise(this, __uuidof(IVdFrwkLocalEvents), Suite::ComPtr<IUnknown>(inbox.Sink()));
-    std::size_t events = 0;
     const UniqueSafeArray order = MakeArray({20261010u, 0u, VirusPurgeType});
-    Try({.name = "delete in the service",
-         .prepare =
-             [&]
-         {
-             RestoreDatabase();
-             events = inbox.Events().size();
-         },
-         .run =
-             [&]
-         {
-             ULONG word = 0;
-             ULONG unused = 0;
-             m_result = m_controller->DoCommand(22, 1, 0, 0, &word, &unused, order.get());
-             if (SUCCEEDED(m_result))
-             {
-                 EXPECT_TRUE(inbox.WaitFor(events + 1)) << "the client waits for the event";
-                 m_result = inbox.LastResult();
-             }
-         },
-         .outcome = [&] { return RowCount(); },
-         .isWhole = [&] { return IsDatabaseWhole(); }},
+    std::size_t events = 0;
+    const auto prepare = [&]
+    {
+        RestoreDatabase();
+        events = inbox.Events().size();
+    };
+    const auto run = [&]
+    {
+        ULONG word = 0;
+        ULONG unused = 0;
+        m_result = m_controller->DoCommand(22, 1, 0, 0, &word, &unused, order.get());
+        if (SUCCEEDED(m_result))
+        {
+            EXPECT_TRUE(inbox.WaitFor(events + 1)) << "the client waits for the event";
+            m_result = inbox.LastResult();
+        }
+    };
+    Try({"delete in the service", prepare, run, [&] { return RowCount(); }, [&] { return IsDatabaseWhole(); }},
         {Allocation, File, Com, Sqlite});
     m_purger.Events().UnadviseAll(this);
 }
@@ -124,36 +123,26 @@ TEST_F(ServiceFaultsTest, TheScheduleWhileNothingIsToBeDeleted)
 {
     m_controller.Reset();
     WritePurgeSettings({1, 0});
-    Try({.name = "the schedule, switched off",
-         .prepare = [&] { RestoreDatabase(); },
-         .run =
-             [&]
-         {
-             Do([this] { m_purger.PurgeIfDue(); });
-             EXPECT_TRUE(WaitUntilIdle());
-         },
-         .outcome = [&] { return RowCount(); },
-         .isWhole = [&] { return EventRowsOf(m_path) == m_before; }},
-        {Registry});
+    const auto prepare = [&] { RestoreDatabase(); };
+    const auto run = [&]
+    {
+        Do([this] { m_purger.PurgeIfDue(); });
+        EXPECT_TRUE(WaitUntilIdle());
+    };
+    const auto isWhole = [&] { return EventRowsOf(m_path) == m_before; };
+    Try({"the schedule, switched off", prepare, run, [&] { return RowCount(); }, isWhole}, {Registry});
 }
 
 TEST_F(ServiceFaultsTest, ChangingTheSettings)
 {
-    const UniqueSafeArray wanted = MakeArray({60u, 1u});
-    Try({.name = "settings in the service",
-         .prepare =
-             [] {
-                 WritePurgeSettings({20, 0});
-             },
-         .run = [&] { Set(Settings, wanted.get()); },
-         .outcome = [] { return std::to_wstring(ReadPurgeSettings().days); },
-         .isWhole =
-             []
-         {
-             const PurgeSettings settings = ReadPurgeSettings();
-             return settings == PurgeSettings{20, 0} || settings == PurgeSettings{60, 1};
-         }},
-        {Allocation, Registry, Com});
+    const PurgeSettings before{20, 0};
+    const PurgeSettings after{60, 1};
+    const UniqueSafeArray wanted = MakeArray({after.days, after.flag});
+    const auto prepare = [&] { WritePurgeSettings(before); };
+    const auto run = [&] { Set(Settings, wanted.get()); };
+    const auto outcome = [] { return std::to_wstring(ReadPurgeSettings().days); };
+    const auto isWhole = [&] { return ReadPurgeSettings() == before || ReadPurgeSettings() == after; };
+    Try({"settings in the service", prepare, run, outcome, isWhole}, {Allocation, Registry, Com});
 }
 
 TEST_F(ServiceFaultsTest, StoringRules)
@@ -161,13 +150,11 @@ TEST_F(ServiceFaultsTest, StoringRules)
     const List before{SampleRule(L"old")};
     const List after{SampleRule(L"new"), SampleRule(L"old")};
     const UniqueSafeArray wanted = MakeArray(after);
-    const auto kept = [&] { return ValueStore(m_folder.Path()).Get(Rules); };
-    Try({.name = "rules in the service",
-         .prepare = [&] { m_store.Set(Rules, before); },
-         .run = [&] { Set(Rules, wanted.get()); },
-         .outcome = [&] { return std::to_wstring(kept().value_or(List()).size()); },
-         .isWhole = [&] { return m_store.Get(Rules) == kept() && (kept() == before || kept() == after); }},
-        {Allocation, File, Com});
+    const auto prepare = [&] { m_store.Set(FirewallRules, before); };
+    const auto run = [&] { Set(FirewallRules, wanted.get()); };
+    const auto outcome = [&] { return std::to_wstring(Kept().value_or(List()).size()); };
+    const auto isWhole = [&] { return m_store.Get(FirewallRules) == Kept() && (Kept() == before || Kept() == after); };
+    Try({"rules in the service", prepare, run, outcome, isWhole}, {Allocation, File, Com});
 }
 
 // A file whose size could not be told was taken for a damaged one, and its values for none.
@@ -175,17 +162,14 @@ TEST_F(ServiceFaultsTest, StartingWithStoredRules)
 {
     const List rules{SampleRule(L"kept")};
     std::optional<List> read;
-    Try({.name = "the service's start",
-         .prepare = [&] { m_store.Set(Rules, rules); },
-         .run =
-             [&]
-         {
-             read.reset();
-             Do([&] { read = ValueStore(m_folder.Path()).Get(Rules); });
-         },
-         .outcome = [&] { return std::to_wstring(read.value_or(List()).size()); },
-         .isWhole = [&] { return ValueStore(m_folder.Path()).Get(Rules) == rules; }},
-        {Allocation, File});
+    const auto prepare = [&] { m_store.Set(FirewallRules, rules); };
+    const auto run = [&]
+    {
+        read.reset();
+        Do([&] { read = Kept(); });
+    };
+    const auto outcome = [&] { return std::to_wstring(read.value_or(List()).size()); };
+    Try({"the service's start", prepare, run, outcome, [&] { return Kept() == rules; }}, {Allocation, File});
 }
 
 // The table of clients kept an entry without its client.
@@ -194,22 +178,16 @@ TEST_F(ServiceFaultsTest, AFirstClient)
     const auto factory = Suite::ComPtr<IClassFactory>::Attach(new ClassFactory(m_service));
     Suite::ComPtr<IVdFrwkLocalController> controller;
     Suite::ComPtr<IVdFrwkProfile> profile;
-    Try({.name = "a client of the service",
-         .prepare =
-             [&]
-         {
-             profile.Reset();
-             controller.Reset();
-         },
-         .run =
-             [&]
-         {
-             void* made = nullptr;
-             m_result = factory->CreateInstance(nullptr, __uuidof(IVdFrwkLocalController), &made);
-             controller = Suite::ComPtr<IVdFrwkLocalController>::Attach(static_cast<IVdFrwkLocalController*>(made));
-             m_result = FAILED(m_result) ? m_result : controller->GetActiveProfile(profile.Put());
-             m_objects.DisconnectEndedClients(); // as the service does all the time
-         },
-         .outcome = [&] { return std::to_wstring(FAILED(m_result)); }},
-        {Allocation});
+    const auto prepare = [&]
+    {
+        profile.Reset();
+        controller.Reset();
+    };
+    const auto run = [&]
+    {
+        m_result = factory->CreateInstance(nullptr, __uuidof(IVdFrwkLocalController), controller.PutVoid());
+        m_result = FAILED(m_result) ? m_result : controller->GetActiveProfile(profile.Put());
+        m_objects.DisconnectEndedClients(); // as the service does all the time
+    };
+    Try({"a client of the service", prepare, run, [&] { return std::to_wstring(FAILED(m_result)); }}, {Allocation});
 }

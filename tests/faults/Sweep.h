@@ -15,7 +15,7 @@
 struct Operation
 {
     const char* name;
-    std::function<void()> prepare = [] {}; // brings everything to where it begins; nothing fails in it
+    std::function<void()> prepare; // brings everything to where it begins; nothing fails in it
     std::function<void()> run;
     std::function<std::wstring()> outcome;               // what is there after it
     std::function<bool()> isWhole = [] { return true; }; // whether the data is, whatever became of the operation
@@ -25,7 +25,7 @@ struct Operation
 // Runs operations with their n-th call failing, n from 1 until nothing fails any more. KESTRIX_FAULTS in the
 // environment says how many n are tried, 3 without it. After each, the data is whole, as many handles and windows are
 // there as before, and the same operation in which nothing fails has its usual outcome. What became of the operations
-// is printed, and with KESTRIX_FAULTS goes into a table of the build folder.
+// is printed, a line for each kind of call.
 class Sweep
 {
 public:
@@ -38,27 +38,13 @@ public:
 
     void GoOn() { m_faults.Arm(m_kind, m_nNumber); }
 
-    // Traces anew, after an operation that ends tracing.
-    void TraceAnew();
-
 private:
-    struct Counts
-    {
-        int calls = 0;
-        int tried = 0;
-        int done = 0;
-        int told = 0;
-        int traced = 0;
-        int silent = 0;
-    };
-
     void TryKind(const Operation& operation, FaultKind kind);
     int Run(const Operation& operation, FaultKind kind, int number);
     std::set<std::wstring> BoxesSince(std::size_t count) const;
-    void Write(const Operation& operation, FaultKind kind, const Counts& counts) const;
 
     MessageBoxRecorder m_boxes{IDYES};
-    std::optional<TraceRecorder> m_trace{std::in_place};
+    std::optional<TraceRecorder> m_trace;
     FaultPoints m_faults;
     FaultKind m_kind = FaultKind::None;
     int m_nNumber = 0;

@@ -1,11 +1,16 @@
-// The viewer's start and end, its report, a day file and an export, with calls failing that they make.
+// What a user can start in the viewer, with calls failing that it makes: in its page, in an export, in a report, and
+// from its start to its end.
 
-#include "tests/faults/ViewerFaults.h"
 #include "framework/ui/kestrix/report/KxReportDlg.h"
 #include "framework/ui/kestrix/report/ReportHost.h"
+#include "platform/dialog/Exceptions.h"
 #include "resource/resource.h"
+#include "suite/OrlDbMg/Provider.h"
+#include "suite/database/EventDatabase.h"
+#include "suite/framework/FirewallRules.h"
+#include "suite/framework/SafeArray.h"
 #include "tests/faults/Sweep.h"
-#include "tests/support/ControllerDouble.h"
+#include "tests/support/FirewallService.h"
 #include "tests/support/OleApartment.h"
 #include "tests/support/OnTheLoop.h"
 #include "tests/support/RegistrySandbox.h"
@@ -13,69 +18,259 @@
 #include "tests/ui/framework/ui/kestrix/app/ExportFormTest.h"
 #include "tests/ui/framework/ui/kestrix/app/PageTest.h"
 
+#include <algorithm>
+
+namespace
+{
+
 using enum FaultKind;
+
+constexpr wchar_t SuiteKey[] = L"Software\\Veldrane\\Zeptara";
+
+std::wstring VirusLine(const wchar_t* time, const wchar_t* threat)
+{
+    return std::wstring(L"x|") + time + L"|1048576|x|0|0|" + threat + L"|C:\\a|4|1|0|0|x";
+}
+
+std::wstring FirewallLine(const wchar_t* time, const wchar_t* program)
+{
+    return std::wstring(time) + L"|4|0|2||6|2|192.0.2.10|49152|192.0.2.20|443|||" + program + L"|rule|message";
+}
+
+// A database with two days of viruses and one of the firewall, as the folder of the suite has it.
+void FillDatabase(const TemporaryFolder& folder)
+{
+    auto database = EventLog::EventDatabase::Create(folder.File(EventLog::DatabaseFileName));
+    database.Append(2, 20261119, Texts{VirusLine(L"0800", L"older")});
+    database.Append(2, 20261120,
+                    Texts{VirusLine(L"0900", L"beta"), VirusLine(L"1030", L"alpha"), VirusLine(L"0930", L"gamma")});
+    database.Append(6, 20261120, Texts{FirewallLine(L"090000", L"C:\\b.exe"), FirewallLine(L"100000", L"C:\\a.exe")});
+}
+
+std::wstring Joined(const Texts& texts)
+{
+    std::wstring joined;
+    for (const std::wstring& text : texts)
+    {
+        joined += text + L"|";
+    }
+    return joined;
+}
+
+// Does what a handler of a window would do, which lets no exception out.
+void Handle(const std::function<void()>& work)
+{
+    try
+    {
+        work();
+    }
+    catch (...)
+    {
+        ReportHandlerException(std::current_exception());
+    }
+}
+
+void Paint(CWnd& window)
+{
+    window.RedrawWindow(RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+// Before the page, which asks for it.
+struct WithFirewallService
+{
+    const OleApartment m_apartment;
+    FirewallService m_service;
+};
+
+// The page on the database, with a service.
+class PageFaultsTest : protected WithFirewallService, public PageTest
+{
+protected:
+    PageFaultsTest()
+    {
+        m_registry.SetText(SuiteKey, L"InstalledFolder", m_folder.Path().wstring());
+        FillDatabase(m_folder);
+        m_app.m_pIDBManagerProvider = &m_provider;
+        m_page.m_bIsLocal = true;
+        m_page.m_pParentForm = &m_form;
+        Open({});
+        auto& controller = m_service.Controller();
+        controller.m_onSend = [keep = controller.m_onSend](ULONG type, LPSAFEARRAY array)
+        {
+            if (type != Framework::FirewallRules.type)
+            {
+                return S_OK;
+            }
+            const auto list = Framework::ReadArray(array); // as the service, which takes no half of a rule
+            return list && Framework::AreFirewallRules(*list) ? keep(type, array) : E_INVALIDARG;
+        };
+    }
+
+    ~PageFaultsTest() override { m_page.DestroyWindow(); }
+
+    std::wstring Rows() const
+    {
+        return Joined({m_page.SelectedDate(), Joined(Column(0)), Joined(Column(1)), Joined(Column(2))});
+    }
+
+    // The calls that the service got, of those that begin so.
+    std::wstring CallsOf(const wchar_t* name)
+    {
+        Texts calls = m_service.Controller().m_calls;
+        std::erase_if(calls, [=](const std::wstring& call) { return !call.starts_with(name); });
+        return Joined(calls);
+    }
+
+    // Presses a button of a dialog as soon as it stands, and then Cancel, so that none stays.
+    static bool EndDialog()
+    {
+        const FaultPoints::Pause pause;
+        const HWND dialog = ::GetActiveWindow();
+        const auto has = [=](int control) { return ::GetDlgItem(dialog, control) != nullptr; };
+        if (::IsWindowVisible(dialog) && (has(IDC_SETTINGS_CLOSE_BOX) || has(IDC_DELETE_CLOSE_BOX)))
+        {
+            ::PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+            ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+        }
+        return false;
+    }
+
+    // Has the operation tried while the page is hidden, and then painted for the calls that draw: to paint takes many
+    // times as long.
+    void Try(Operation operation, std::initializer_list<FaultKind> kinds)
+    {
+        TryHidden(operation, kinds);
+        m_parent.ShowWindow(SW_SHOW);
+        operation.run = [this, run = operation.run]
+        {
+            run();
+            Paint(m_parent);
+        };
+        m_sweep.Try(operation, {Gdi});
+    }
+
+    void TryHidden(const Operation& operation, std::initializer_list<FaultKind> kinds)
+    {
+        m_parent.ShowWindow(SW_HIDE);
+        m_sweep.Try(operation, kinds);
+    }
+
+    const RegistrySandbox m_registry;
+    OrlDbMg::Provider m_provider{std::chrono::milliseconds(50)};
+    CLogFormDlg m_form;
+    Sweep m_sweep;
+};
+
+} // namespace
+
+TEST_F(PageFaultsTest, LoadingADayOfTheDatabase)
+{
+    const auto prepare = [&]
+    {
+        m_provider.Uninitialize(0, 0);
+        SelectDate(1);
+        m_provider.Uninitialize(0, 0);
+    };
+    TryHidden({"load from the database", prepare, [&] { SelectDate(0); }, [&] { return Rows(); }},
+              {Allocation, File, Registry, Sqlite});
+}
+
+TEST_F(PageFaultsTest, SortingAndTellingARecord)
+{
+    const auto details = [&] { return TextOf(IDC_INFO_VALUE_0_LINK) + TextOf(IDC_INFO_VALUE_2); };
+    Try({"sort", [&] { SelectDate(0); }, [&] { ClickHeader(2); }, [&] { return Rows(); }}, {Allocation});
+    Try({"show a record", [&] { ClickRow(0); }, [&] { ClickRow(1); }, details}, {Allocation});
+}
+
+TEST_F(PageFaultsTest, SwitchingToAnotherLog)
+{
+    const auto prepare = [&] { m_page.ShowLog(LogTypeVirus); };
+    const auto run = [&] { Handle([&] { m_page.ShowLog(LogTypeFirewall); }); };
+    Try({"switch", prepare, run, [&] { return Rows(); }}, {Allocation, File, Sqlite});
+}
+
+// What cannot be read of the answer is missing in the list that is sent back, and so are the rules after it.
+TEST_F(PageFaultsTest, AllowingTheProgramOfAnEvent)
+{
+    FirewallService::Rules others(2);
+    others.front().strAppPath = L"C:\\other.exe";
+    const auto& rules = m_service.m_rules;
+    const auto prepare = [&]
+    {
+        m_service.m_rules = others;
+        ClickRow(0);
+    };
+    const auto run = [&] { m_page.SendMessage(WM_COMMAND, IDC_ALLOW, 0); };
+    const auto programs = [&]
+    {
+        Texts programs;
+        std::ranges::transform(rules, std::back_inserter(programs),
+                               [](const auto& rule) { return rule.strAppPath + L"|" + rule.strName; });
+        return Joined(programs);
+    };
+    const auto isWhole = [&]
+    {
+        const bool isNew = !rules.empty() && rules.front().strAppPath == L"C:\\a.exe";
+        return rules == others || (isNew && std::equal(std::next(rules.begin()), rules.end(), others.begin()));
+    };
+    m_page.ShowLog(LogTypeFirewall);
+    TryHidden({"allow a program", prepare, run, programs, isWhole}, {Allocation, Com});
+}
+
+TEST_F(PageFaultsTest, OrderingADeletionAndChangingTheSettings)
+{
+    const OnTheLoop press(&EndDialog);
+    const auto prepare = [&]
+    {
+        SelectDate(0);
+        m_service.Controller().m_calls.clear();
+    };
+    const auto order = [&] { Handle([&] { m_page.OnBnClickedBtnDelete(); }); };
+    const auto change = [&] { m_page.SendMessage(WM_COMMAND, IDC_SETTING, 0); };
+    const auto kinds = {Allocation, Registry, Gdi, Com};
+    m_sweep.Try({"order a deletion", prepare, order, [&] { return CallsOf(L"DoCommand"); }}, kinds);
+    m_sweep.Try({"change the settings", prepare, change, [&] { return CallsOf(L"SetValue"); }}, kinds);
+}
 
 TEST_F(PageTest, LoadingADayFile)
 {
     OpenDay({VirusLine(L"0900", L"beta"), VirusLine(L"1030", L"alpha")});
     m_parent.ShowWindow(SW_HIDE);
-    Sweep().Try({.name = "load from a file",
-                 .run = [&] { SelectDate(0); },
-                 .outcome =
-                     [&]
-                 {
-                     std::wstring times;
-                     for (const std::wstring& time : Column(0))
-                     {
-                         times += time + L"|";
-                     }
-                     return times;
-                 }},
-                {Allocation, File});
+    const auto times = [&] { return Joined(Column(0)); };
+    Sweep().Try({"load from a file", [] {}, [&] { SelectDate(0); }, times}, {Allocation, File});
 }
 
 TEST_F(ExportFormTest, Exporting)
 {
-    std::string whole;
-    m_form.Run({[&]
-                {
-                    Sweep().Try({.name = "export",
-                                 .prepare =
-                                     [&]
-                                 {
-                                     WriteBytes(m_path, "precious");
-                                     m_dialog.AnswerWith(m_path);
-                                 },
-                                 .run = [&] { Press(); },
-                                 .outcome =
-                                     [&]
-                                 {
-                                     const std::string bytes = ReadBytes(m_path);
-                                     whole = whole.empty() ? bytes : whole;
-                                     return std::wstring(bytes.begin(), bytes.end());
-                                 },
-                                 .isWhole =
-                                     [&]
-                                 {
-                                     const std::string bytes = ReadBytes(m_path);
-                                     return bytes == "precious" || bytes == whole;
-                                 }},
-                                {Allocation, File});
-                }});
+    const auto prepare = [&]
+    {
+        WriteBytes(m_path, "precious");
+        m_dialog.AnswerWith(m_path);
+    };
+    const auto run = [&] { Press(); };
+    const auto outcome = [&]
+    {
+        const std::string bytes = ReadBytes(m_path);
+        return std::wstring(bytes.begin(), bytes.end());
+    };
+    const auto sweep = [&]
+    {
+        prepare();
+        run();
+        const std::wstring whole = outcome();
+        const auto isWhole = [&] { return outcome() == L"precious" || outcome() == whole; };
+        Sweep().Try({"export", prepare, run, outcome, isWhole}, {Allocation, File});
+    };
+    m_form.Run({sweep});
 }
-
-namespace
-{
-
-struct Host : CReportHost
-{
-    void ShowLog(std::uint32_t) override {}
-};
-
-} // namespace
 
 TEST(ReportFaultsTest, Reporting)
 {
+    struct Host : CReportHost
+    {
+        void ShowLog(std::uint32_t) override {}
+    } host;
+
     const LanguageFile language;
     const StandingClock clock;
     const RegistrySandbox registry;
@@ -84,36 +279,23 @@ TEST(ReportFaultsTest, Reporting)
     WriteUtf16(folder.File(L"Log\\20261121.VLG"), L"1\r\n2\r\n");
     WriteUtf16(folder.File(L"Log\\20261121.UFG"), L"1\r\n2\r\n3\r\n4\r\n");
     registry.SetText(SuiteKey, L"InstalledFolder", folder.Path().wstring());
-    Host host;
     CWnd parent;
     parent.Create(L"STATIC", {}, WS_POPUP | WS_VISIBLE, {0, 0, 800, 600}, nullptr, 0);
     std::unique_ptr<CKxReportDlg> page;
-    Sweep sweep;
-    sweep.Try({.name = "report",
-               .prepare =
-                   [&]
-               {
-                   page = std::make_unique<CKxReportDlg>();
-                   page->m_nReportSpan = 7;
-                   page->m_pParentForm = &host;
-               },
-               .run =
-                   [&]
-               {
-                   Handle([&] { page->Create(IDD_REPORT_PAGE, &parent); });
-                   parent.RedrawWindow(RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-               },
-               .outcome =
-                   [&]
-               {
-                   std::wstring texts;
-                   for (const UINT control : {IDC_REPORT_VIRUS, IDC_REPORT_WEB})
-                   {
-                       texts += CWindow(page->GetDlgItem(static_cast<int>(control))).GetWindowText();
-                   }
-                   return texts;
-               }},
-              {Allocation, File, Registry, Gdi});
+    const auto prepare = [&]
+    {
+        page = std::make_unique<CKxReportDlg>();
+        page->m_nReportSpan = 7;
+        page->m_pParentForm = &host;
+    };
+    const auto run = [&]
+    {
+        Handle([&] { page->Create(IDD_REPORT_PAGE, &parent); });
+        Paint(parent);
+    };
+    const auto textOf = [&](int control) { return CWindow(page->GetDlgItem(control)).GetWindowText(); };
+    const auto lines = [&] { return textOf(IDC_REPORT_VIRUS) + textOf(IDC_REPORT_WEB); };
+    Sweep().Try({"report", prepare, run, lines}, {Allocation, File, Registry, Gdi});
 }
 
 namespace
@@ -160,12 +342,6 @@ protected:
         m_pApp.reset();
     }
 
-    void Prepare()
-    {
-        m_sweep.TraceAnew();
-        m_pApp = std::make_unique<CKestrixApp>();
-    }
-
     // Stays loaded: in each that is loaded and used, the run-time library takes one of the process's 1,088 slots for
     // threads' data, and never gives it back.
     const UniqueModule m_library{LoadLibraryW(L"OrlDbMg.dll")};
@@ -182,14 +358,14 @@ protected:
 
 TEST_F(ApplicationFaultsTest, StartingAndClosing)
 {
-    const auto prepare = [&] { Prepare(); };
-    const auto outcome = [&] { return m_seen; };
-    m_sweep.Try({"start", prepare, [&] { Run([&] { m_sweep.Hold(); }); }, outcome},
-                {Allocation, File, Registry, Gdi, Com});
+    const auto prepare = [&] { m_pApp = std::make_unique<CKestrixApp>(); };
+    const auto start = [&] { Run([&] { m_sweep.Hold(); }); };
     const auto close = [&]
     {
         m_sweep.Hold();
         Run([&] { m_sweep.GoOn(); });
     };
+    const auto outcome = [&] { return m_seen; };
+    m_sweep.Try({"start", prepare, start, outcome}, {Allocation, File, Registry, Gdi, Com});
     m_sweep.Try({"close", prepare, close, outcome}, {Allocation, Com});
 }
