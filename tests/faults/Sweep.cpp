@@ -14,7 +14,6 @@
 #include <iostream>
 #include <numeric>
 #include <random>
-#include <ranges>
 
 namespace
 {
@@ -71,23 +70,21 @@ void Sweep::Try(const Operation& operation, std::initializer_list<FaultKind> kin
 void Sweep::TryKind(const Operation& operation, FaultKind kind)
 {
     const std::string kindName = KindNames[static_cast<int>(kind)];
-    const std::size_t first = m_boxes.Boxes().size();
     const int calls = Run(operation, kind, 0);
     EXPECT_GT(calls, 0) << operation.name << " makes no such call";
     const std::wstring outcome = operation.outcome(); // the usual one
-    const auto boxes = BoxesSince(first);
+    const auto boxes = BoxTexts();
     const auto handles = LiveHandles::All();
     const auto windows = LiveWindows();
     int counts[Results]{};
     for (const int number : PointsOf(calls))
     {
         SCOPED_TRACE(m_strPoint = operation.name + (", " + kindName) + " call " + std::to_string(number));
-        const std::size_t before = m_boxes.Boxes().size();
         if (Run(operation, kind, number) < number)
         {
             continue; // the calls of this run were fewer, so that none failed
         }
-        const bool isTold = !std::ranges::includes(boxes, BoxesSince(before)) || operation.isTold();
+        const bool isTold = !std::ranges::includes(boxes, BoxTexts()) || operation.isTold();
         const bool isDone = operation.outcome() == outcome;
         ++counts[isDone ? Done : isTold ? Told : !m_trace->Errors().empty() ? Traced : Silent];
         EXPECT_TRUE(operation.isWhole());
@@ -102,11 +99,10 @@ void Sweep::TryKind(const Operation& operation, FaultKind kind)
     std::cout << std::endl;
 }
 
-// The texts of the boxes after so many.
-std::set<std::wstring> Sweep::BoxesSince(std::size_t count) const
+std::set<std::wstring> Sweep::BoxTexts() const
 {
     std::set<std::wstring> texts;
-    for (const MessageBoxRecorder::Box& box : m_boxes.Boxes() | std::views::drop(count))
+    for (const MessageBoxRecorder::Box& box : m_boxes->Boxes())
     {
         texts.insert(box.text);
     }
@@ -116,8 +112,8 @@ std::set<std::wstring> Sweep::BoxesSince(std::size_t count) const
 int Sweep::Run(const Operation& operation, FaultKind kind, int number)
 {
     m_watch.Begin();
-    m_trace.reset();
-    m_trace.emplace(); // since an operation may have ended tracing
+    m_boxes.emplace(IDYES);
+    m_trace.emplace(); // an operation may have ended tracing
     operation.prepare();
     m_trace->Clear();
     m_kind = kind;

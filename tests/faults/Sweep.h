@@ -41,9 +41,9 @@ public:
 private:
     void TryKind(const Operation& operation, FaultKind kind);
     int Run(const Operation& operation, FaultKind kind, int number);
-    std::set<std::wstring> BoxesSince(std::size_t count) const;
+    std::set<std::wstring> BoxTexts() const;
 
-    MessageBoxRecorder m_boxes{IDYES};
+    std::optional<MessageBoxRecorder> m_boxes; // of the last run, as the trace
     std::optional<TraceRecorder> m_trace;
     FaultPoints m_faults;
     FaultKind m_kind = FaultKind::None;

@@ -32,11 +32,6 @@ std::wstring VirusLine(const wchar_t* time, const wchar_t* threat)
     return std::wstring(L"x|") + time + L"|1048576|x|0|0|" + threat + L"|C:\\a|4|1|0|0|x";
 }
 
-std::wstring FirewallLine(const wchar_t* time, const wchar_t* program)
-{
-    return std::wstring(time) + L"|4|0|2||6|2|192.0.2.10|49152|192.0.2.20|443|||" + program + L"|rule|message";
-}
-
 // A database with two days of viruses and one of the firewall, as the folder of the suite has it.
 void FillDatabase(const TemporaryFolder& folder)
 {
@@ -44,7 +39,9 @@ void FillDatabase(const TemporaryFolder& folder)
     database.Append(2, 20261119, Texts{VirusLine(L"0800", L"older")});
     database.Append(2, 20261120,
                     Texts{VirusLine(L"0900", L"beta"), VirusLine(L"1030", L"alpha"), VirusLine(L"0930", L"gamma")});
-    database.Append(6, 20261120, Texts{FirewallLine(L"090000", L"C:\\b.exe"), FirewallLine(L"100000", L"C:\\a.exe")});
+    database.Append(6, 20261120,
+                    Texts{L"090000|4|0|2||6|2|192.0.2.10|49152|192.0.2.20|443|||C:\\b.exe|rule|message",
+                          L"100000|4|0|2||6|2|192.0.2.10|49152|192.0.2.20|443|||C:\\a.exe|rule|message"});
 }
 
 std::wstring Joined(const Texts& texts)
@@ -68,11 +65,6 @@ void Handle(const std::function<void()>& work)
     {
         ReportHandlerException(std::current_exception());
     }
-}
-
-void Paint(CWnd& window)
-{
-    window.RedrawWindow(RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 // Before the page, which asks for it.
@@ -144,7 +136,7 @@ protected:
         operation.run = [this, run = operation.run]
         {
             run();
-            Paint(m_parent);
+            m_parent.RedrawWindow(RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
         };
         m_sweep.Try(operation, {Gdi});
     }
@@ -291,7 +283,7 @@ TEST(ReportFaultsTest, Reporting)
     const auto run = [&]
     {
         Handle([&] { page->Create(IDD_REPORT_PAGE, &parent); });
-        Paint(parent);
+        parent.RedrawWindow(RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
     };
     const auto textOf = [&](int control) { return CWindow(page->GetDlgItem(control)).GetWindowText(); };
     const auto lines = [&] { return textOf(IDC_REPORT_VIRUS) + textOf(IDC_REPORT_WEB); };

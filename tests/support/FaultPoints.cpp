@@ -85,7 +85,7 @@ extern "C"
 namespace
 {
 
-template <FaultKind kind, long long failure, DWORD error, auto& slot, class Function>
+template <FaultKind kind, long long failure, DWORD error, auto& slot, class = std::remove_cvref_t<decltype(slot)>>
 class Point;
 
 template <FaultKind kind, long long failure, DWORD error, auto& slot, class Result, class... Arguments>
@@ -106,32 +106,14 @@ class Point<kind, failure, error, slot, Result (*)(Arguments...)>
 };
 
 template <FaultKind kind, long long failure, DWORD error, auto&... slots>
-using Group = std::tuple<Point<kind, failure, error, slots, std::remove_reference_t<decltype(slots)>>...>;
+using Points = std::tuple<Point<kind, failure, error, slots>...>;
 
 } // namespace
 
 FaultPoints::FaultPoints()
 {
 #define KESTRIX_PATCH(kind, failure, error, names)                                                                     \
-    m_points.push_back(std::make_shared<Group<FaultKind::kind, failure, error names>>());
+    m_points.push_back(std::make_shared<Points<FaultKind::kind, failure, error names>>());
 #define KESTRIX_SLOT(name) , __imp_##name
     KESTRIX_FAULT_POINTS(KESTRIX_PATCH, KESTRIX_SLOT)
-}
-
-FaultPoints::~FaultPoints()
-{
-    Disarm();
-}
-
-void FaultPoints::Arm(FaultKind kind, int number)
-{
-    s_nCalls = 0;
-    s_nNumber = number;
-    s_kind = kind;
-}
-
-int FaultPoints::Disarm()
-{
-    s_kind = FaultKind::None;
-    return s_nCalls;
 }

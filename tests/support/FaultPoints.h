@@ -21,15 +21,26 @@ class FaultPoints
 {
 public:
     FaultPoints();
-    ~FaultPoints();
+
+    ~FaultPoints() { Disarm(); }
+
     FaultPoints(const FaultPoints&) = delete;
     FaultPoints& operator=(const FaultPoints&) = delete;
 
     // From now on the calls of the kind count, from 1; the one with the number fails.
-    void Arm(FaultKind kind, int number);
+    void Arm(FaultKind kind, int number)
+    {
+        s_nCalls = 0;
+        s_nNumber = number;
+        s_kind = kind;
+    }
 
     // Nothing counts or fails any more. Returns how many calls there were.
-    int Disarm();
+    int Disarm()
+    {
+        s_kind = FaultKind::None;
+        return s_nCalls;
+    }
 
     // Counts a call of the system or the library, and tells whether it fails.
     static bool Fails(FaultKind kind) noexcept { return s_nPauses == 0 && CallFails(kind); }
@@ -50,7 +61,7 @@ public:
     };
 
 private:
-    std::vector<std::shared_ptr<const void>> m_points;
+    std::vector<std::shared_ptr<const void>> m_points; // of the system's functions
     inline static std::atomic<FaultKind> s_kind{FaultKind::None};
     inline static std::atomic<int> s_nCalls{0};
     inline static std::atomic<int> s_nNumber{0};
