@@ -22,6 +22,7 @@ inline Framework::List MadeRule(const std::wstring& path, const std::wstring& na
     return rule;
 }
 
+// The rules with one more at this place.
 inline Framework::List With(Framework::List rules, std::size_t place, const Framework::List& rule)
 {
     rules.insert(rules.begin() + static_cast<std::ptrdiff_t>(place), rule);
