@@ -1,9 +1,10 @@
-"""As lint_selftest.py, for the tests that look at the kinds of log and at the documents."""
+"""As lint_selftest.py, for the tests that look at the kinds of log, at the help and at the documents."""
 
 import unittest
 
-from lint_selftest import KINDS, Tree
+from lint_selftest import Tree
 
+KINDS = "framework/ui/kestrix/logs/LogKinds.cpp"
 FACTORY = "framework/ui/kestrix/app/LogFactory.cpp"
 SAMPLES = "suite/samples/Kinds.cpp"
 DAYS = "tests/unit/framework/ui/kestrix/logs/golden"
@@ -91,6 +92,53 @@ class Links(Tree):
             with self.subTest(text):
                 self.write("docs/a.md", text)
                 self.expect_hit("docs/a.md:2: the link ", "lint_links")
+
+
+class Help(Tree):
+    def setUp(self):
+        super().setUp()
+        self.write(KINDS, "constexpr LogKind Kinds[] = {\n"
+                          "    {.help = 211,\n     .helpBesideReport = 316}, {.help = 299},\n};\n")
+        self.write("framework/ui/kestrix/app/Help.h", "inline constexpr UINT HelpNumberOfReport = 241;\n")
+        self.write_kinds("211 316", "299")
+        self.write_topics("241")
+
+    def write_kinds(self, *numbers):
+        self.write_table("suite/kinds.tsv", numbers)
+
+    def write_topics(self, *numbers):
+        self.write_table("suite/help/topics.tsv", numbers)
+
+    def write_table(self, path, numbers):
+        self.write(path, "file\tcontexts\n" + "".join(f"x\t{each}\n" for each in numbers))
+
+    def test_same_numbers_pass(self):
+        self.expect_clean("lint_help")
+
+    def test_number_without_a_topic_is_a_hit(self):
+        self.write_kinds("211", "299")
+        self.expect_hit(f"{KINDS}:2: the help has no page for 316", "lint_help")
+
+    def test_report_without_a_topic_is_a_hit(self):
+        self.write_topics()
+        self.expect_hit("framework/ui/kestrix/app/Help.h:1: the help has no page for 241", "lint_help")
+
+    def test_number_that_nobody_asks_for_is_a_hit(self):
+        self.write_kinds("211 316", "299 300")
+        self.expect_hit("suite/kinds.tsv:3: the viewer never asks for 300", "lint_help")
+
+    def test_number_of_another_topic_that_nobody_asks_for_is_a_hit(self):
+        self.write_topics("241", "301")
+        self.expect_hit("suite/help/topics.tsv:3: the viewer never asks for 301", "lint_help")
+
+    def test_two_topics_for_one_log_are_a_hit(self):
+        self.write_kinds("211", "299 316")
+        self.expect_hit(f"{KINDS}:2: the two numbers lead to two topics", "lint_help")
+
+    def test_a_table_that_is_not_found_is_a_hit(self):
+        self.write(KINDS, "")
+        self.write_kinds()
+        self.expect_hit(f"{KINDS}:1: no help number is found", "lint_help")
 
 
 if __name__ == "__main__":
