@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/dialog/UniqueHandle.h"
 #include "tests/support/CrashWatch.h"
 #include "tests/support/FaultPoints.h"
 #include "tests/support/MessageBoxRecorder.h"
@@ -43,6 +44,10 @@ private:
     int Run(const Operation& operation, FaultKind kind, int number);
     std::set<std::wstring> BoxTexts() const;
 
+    // Stay loaded: in each that is loaded and used, the run-time library takes one of the process's 1,088 slots for
+    // threads' data, and never gives it back.
+    const UniqueModule m_database{LoadLibraryW(L"OrlDbMg.dll")};
+    const UniqueModule m_tracing{LoadLibraryW(L"..\\tests\\trace-good\\VdDbg64.dll")};
     std::optional<MessageBoxRecorder> m_boxes; // of the last run, as the trace
     std::optional<TraceRecorder> m_trace;
     FaultPoints m_faults;

@@ -102,7 +102,12 @@ protected:
 
     std::wstring Rows() const
     {
-        return Joined({m_page.SelectedDate(), Joined(Column(0)), Joined(Column(1)), Joined(Column(2))});
+        Texts rows{m_page.SelectedDate()};
+        for (int row = 0; row < m_list.GetItemCount(); ++row)
+        {
+            rows.push_back(Joined(Cells(row)));
+        }
+        return Joined(rows);
     }
 
     // The calls that the service got, of those that begin so.
@@ -334,9 +339,6 @@ protected:
         m_pApp.reset();
     }
 
-    // Stays loaded: in each that is loaded and used, the run-time library takes one of the process's 1,088 slots for
-    // threads' data, and never gives it back.
-    const UniqueModule m_library{LoadLibraryW(L"OrlDbMg.dll")};
     const RegistrySandbox m_registry;
     const TemporaryFolder m_folder;
     const OleApartment m_apartment;
