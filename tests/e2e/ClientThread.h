@@ -1,12 +1,12 @@
 #pragma once
 
 #include "suite/framework/Apartment.h"
-#include "tests/e2e/Process.h"
 #include "tests/e2e/ServiceSession.h"
 
-#include <atomic>
+#include <chrono>
 #include <functional>
 #include <future>
+#include <semaphore>
 #include <stdexcept>
 
 // A client of the service in a thread of its own, with one call, which has begun when the constructor returns.
@@ -18,33 +18,35 @@ public:
     explicit ClientThread(Call call)
         : m_result(std::async(std::launch::async, &ClientThread::Run, this, std::move(call)))
     {
-        WaitUntil([this] { return m_bCalls.load(); });
+        static_cast<void>(m_calls.try_acquire_for(Patience)); // and not a moment longer: a short call may be over then
     }
 
     // What the service answered, or the system when it was gone; E_PENDING when no answer comes.
     HRESULT Result() const
     {
-        const bool isThere = m_result.wait_for(std::chrono::seconds(30)) == std::future_status::ready;
+        const bool isThere = m_result.wait_for(Patience) == std::future_status::ready;
         return isThere ? m_result.get() : E_PENDING;
     }
 
 private:
+    static constexpr std::chrono::seconds Patience{30};
+
     HRESULT Run(const Call& call)
     {
         const Framework::Apartment apartment;
         try
         {
             const auto controller = Connect();
-            m_bCalls = true;
+            m_calls.release();
             return call(*controller.Get());
         }
         catch (const std::runtime_error&)
         {
-            m_bCalls = true;
+            m_calls.release();
             return E_FAIL;
         }
     }
 
-    std::atomic<bool> m_bCalls = false;
+    std::counting_semaphore<2> m_calls{0};
     const std::shared_future<HRESULT> m_result; // last, since its thread uses the other
 };

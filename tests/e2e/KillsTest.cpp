@@ -81,7 +81,7 @@ protected:
         using Test = KillsTest;
         return {
             {"import", "feeding", 700, L"old", L"new", &Test::Import, &Test::LookAtRecords},
-            {"service", "settings", 20, L"old", L"old", &Test::SetSettings, &Test::LookAtSettings},
+            {"service", "settings", 2, L"old", L"old", &Test::SetSettings, &Test::LookAtSettings},
             {"service", "rules", 400, L"old", L"old", &Test::SetRules, &Test::LookAtRules},
             {"viewer", "export", 700, L"old", L"old", &Test::PressExport, &Test::LookAtExport},
             {"service", "purge", 300, L"old", nullptr, &Test::OrderDeletion, &Test::LookAtRecords},
