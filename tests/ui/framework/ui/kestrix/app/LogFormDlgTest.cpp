@@ -2,24 +2,13 @@
 
 #include "resource/resource.h"
 #include "tests/support/LiveHandles.h"
+#include "tests/support/LiveWindows.h"
 #include "tests/ui/framework/ui/kestrix/app/FormTest.h"
 
 namespace
 {
 
 using LogFormDlgTest = FormTest;
-
-int WindowCount()
-{
-    int count = 0;
-    const auto add = [](HWND, LPARAM counter) -> BOOL
-    {
-        ++*reinterpret_cast<int*>(counter);
-        return TRUE;
-    };
-    EnumThreadWindows(GetCurrentThreadId(), add, reinterpret_cast<LPARAM>(&count));
-    return count;
-}
 
 bool IsInside(const CWindow& inner, const CWindow& outer)
 {
@@ -123,7 +112,7 @@ TEST_F(LogFormDlgTest, ItRunsASecondTime)
 TEST_F(LogFormDlgTest, TenFormsLeaveNoHandleAndNoWindow)
 {
     const auto handles = LiveHandles::All();
-    const int windows = WindowCount();
+    const auto windows = LiveWindows();
     auto during = handles;
     for (int i = 0; i < 10; ++i)
     {
@@ -141,5 +130,5 @@ TEST_F(LogFormDlgTest, TenFormsLeaveNoHandleAndNoWindow)
     }
     EXPECT_NE(during, handles) << "a form that stands has handles";
     EXPECT_EQ(LiveHandles::All(), handles);
-    EXPECT_EQ(WindowCount(), windows);
+    EXPECT_EQ(LiveWindows(), windows);
 }
