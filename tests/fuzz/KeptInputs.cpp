@@ -17,12 +17,14 @@ std::vector<KeptInput> KeptInputs(const Harness& harness)
     std::error_code none; // most harnesses have no folder
     for (const fs::directory_entry& entry : fs::directory_iterator(folder, none))
     {
+        std::string lines = ReadBytes(entry.path().wstring());
+        lines.resize(lines.size() - lines.ends_with('\n')); // the last line ends as well
         std::wstring units;
-        for (const std::string& line : Pieces<char>(ReadBytes(entry.path().wstring()), '\n'))
+        for (const std::string& line : Pieces<char>(lines, '\n'))
         {
             units += FromVisible(line) + L"\n";
         }
-        units.resize(units.size() - 2); // the last line ends as well
+        units.pop_back();
         inputs.push_back({entry.path().stem().string(), InputOf(units, harness.form)});
     }
     std::ranges::sort(inputs, {}, &KeptInput::name);
