@@ -1,3 +1,4 @@
+#include "tests/support/Pieces.h"
 #include "tests/unit/resource/BuiltFile.h"
 
 #include <gtest/gtest.h>
@@ -13,17 +14,6 @@ namespace
 constexpr unsigned TextsResource = 1;
 constexpr std::size_t FirstLanguageColumn = 4;
 
-std::vector<std::string> Split(std::string_view text, char separator)
-{
-    std::vector<std::string> parts;
-    for (std::size_t end = 0; end != std::string_view::npos; text.remove_prefix(std::min(end + 1, text.size())))
-    {
-        end = text.find(separator);
-        parts.emplace_back(text.substr(0, end));
-    }
-    return parts;
-}
-
 std::wstring Wide(const std::string& utf8)
 {
     const int bytes = static_cast<int>(utf8.size());
@@ -38,12 +28,12 @@ using Table = std::map<unsigned, std::wstring>;
 std::map<std::wstring, Table> TablesOfTexts()
 {
     const auto bytes = ResourceBytes(GetModuleHandleW(nullptr), TextsResource, MAKEINTRESOURCEW(10));
-    const auto lines = Split({reinterpret_cast<const char*>(bytes.data()), bytes.size()}, '\n');
-    const auto names = Split(lines.at(0), '\t');
+    const auto lines = Pieces<char>({reinterpret_cast<const char*>(bytes.data()), bytes.size()}, '\n');
+    const auto names = Pieces<char>(lines.at(0), '\t');
     std::map<std::wstring, Table> tables;
     for (std::size_t line = 1; line + 1 < lines.size(); ++line)
     {
-        const auto cells = Split(lines[line], '\t');
+        const auto cells = Pieces<char>(lines[line], '\t');
         const bool isNumbered = cells.at(0).find_first_not_of("0123456789") == std::string::npos;
         for (std::size_t column = FirstLanguageColumn; isNumbered && column < names.size(); ++column)
         {

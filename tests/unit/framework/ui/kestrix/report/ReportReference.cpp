@@ -1,5 +1,6 @@
 #include "tests/unit/framework/ui/kestrix/report/ReportReference.h"
 
+#include "tests/support/Pieces.h"
 #include "tests/unit/framework/ui/kestrix/logs/reference/PlainLines.h"
 #include "tests/unit/framework/ui/kestrix/logs/reference/PlainReaders.h"
 
@@ -13,7 +14,6 @@ namespace
 
 using namespace std::chrono;
 using Entry = ReportFilesDouble::Entry;
-using Texts = std::vector<std::wstring>;
 
 constexpr sys_days Today = year{2026} / November / 21;
 
@@ -54,23 +54,6 @@ const Entry* FileOfDay(const std::vector<Entry>& files, int daysBack, const std:
     return nullptr;
 }
 
-Texts FieldsOf(const std::wstring& line)
-{
-    Texts fields{{}};
-    for (const wchar_t character : line)
-    {
-        if (character == L'|')
-        {
-            fields.emplace_back();
-        }
-        else
-        {
-            fields.back() += character;
-        }
-    }
-    return fields;
-}
-
 struct Events
 {
     std::uint32_t all = 0;
@@ -80,7 +63,7 @@ struct Events
 
 void CountLine(const std::wstring& extension, const std::wstring& line, Events& events)
 {
-    const Texts fields = FieldsOf(line);
+    const std::vector<std::wstring> fields = Pieces<wchar_t>(line, L'|');
     if (extension == L".SCG" && fields.size() > 12)
     {
         events.first += Plain::NarrowedNumber(fields[12], 10) == 2;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/Pieces.h"
+
 #include <windows.h>
 
 #include <cstdint>
@@ -20,18 +22,7 @@ inline std::vector<std::wstring> Tokens(std::wstring_view line)
     {
         return {};
     }
-    std::vector<std::wstring> tokens(1);
-    for (const wchar_t unit : line)
-    {
-        if (unit == L'|')
-        {
-            tokens.emplace_back();
-        }
-        else
-        {
-            tokens.back() += unit;
-        }
-    }
+    std::vector<std::wstring> tokens = Pieces(line, L'|');
     if (tokens.back().ends_with(L"\r\n"))
     {
         tokens.back().resize(tokens.back().size() - 2);
