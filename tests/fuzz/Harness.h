@@ -1,10 +1,13 @@
 #pragma once
 
+#include "tests/support/Pieces.h"
+
 #include <gtest/gtest-printers.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <memory>
-#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -29,6 +32,14 @@ inline std::wstring UnitsOf(std::string_view input, Form form)
     const auto* const units = reinterpret_cast<const wchar_t*>(input.data());
     return form == Form::Utf16 ? std::wstring(units, input.size() / sizeof(wchar_t))
                                : std::wstring(bytes, bytes + input.size());
+}
+
+inline std::vector<std::wstring> UnitsOf(const std::vector<std::string>& inputs)
+{
+    std::vector<std::wstring> units;
+    std::ranges::transform(inputs, std::back_inserter(units),
+                           [](const std::string& input) { return UnitsOf(input, Form::Bytes); });
+    return units;
 }
 
 // The input that has these units, of which a byte is the lower half.
@@ -73,10 +84,10 @@ public:
     Reader& operator=(const Reader&) = delete;
     virtual ~Reader() = default;
 
-    // Good inputs, from which others are made.
-    virtual std::vector<std::string> Samples() const = 0;
+    // The units of good inputs, from which others are made.
+    virtual std::vector<std::wstring> Samples() const = 0;
 
-    // Reads the input, behind which stands a page that cannot be touched. Returns a number for what became of it, 0
+    // Reads the input, after which stands a page that cannot be touched. Returns a number for what became of it, 0
     // when it was refused: an input with a new one took another way through the reader, and others are made from it.
     // Any exception is a finding, and so is a sample that is refused.
     virtual std::size_t Read(std::string_view input) = 0;
@@ -85,67 +96,41 @@ public:
 // The same for texts of UTF-16.
 class TextReader : public Reader
 {
-public:
-    std::vector<std::string> Samples() const final
-    {
-        std::vector<std::string> samples;
-        for (const std::wstring& text : Texts())
-        {
-            samples.push_back(InputOf(text, Form::Utf16));
-        }
-        return samples;
-    }
-
     std::size_t Read(std::string_view input) final
     {
         return ReadText({reinterpret_cast<const wchar_t*>(input.data()), input.size() / sizeof(wchar_t)});
     }
 
-private:
-    virtual std::vector<std::wstring> Texts() const = 0;
     virtual std::size_t ReadText(std::wstring_view text) = 0;
 };
-
-// The parts of a text between separators, of which there is one at least.
-template <class Unit>
-std::vector<std::basic_string<Unit>> Pieces(std::basic_string_view<Unit> text, Unit separator)
-{
-    std::vector<std::basic_string<Unit>> pieces(1);
-    for (const Unit unit : text)
-    {
-        if (unit == separator)
-        {
-            pieces.emplace_back();
-        }
-        else
-        {
-            pieces.back() += unit;
-        }
-    }
-    return pieces;
-}
 
 struct Harness
 {
     std::string_view name;
     std::string_view reads; // for the help
-    Form form;
+    Form form = Form::Utf16;
     std::size_t inputs;             // of a run that is part of the tests
     std::wstring_view separators{}; // that stand between the pieces of a text
     std::wstring_view words{};      // pieces that mean something to the reader, with a blank between them
-    std::unique_ptr<Reader> (*make)();
+    std::unique_ptr<Reader> (*make)() = nullptr;
 };
 
-template <class Kind>
-std::unique_ptr<Reader> Make()
+// All harnesses.
+inline std::vector<Harness>& Harnesses()
 {
-    return std::make_unique<Kind>();
+    static std::vector<Harness> harnesses;
+    return harnesses;
 }
 
-// All harnesses.
-std::span<const Harness* const> Harnesses();
-
-// The one of this name, null when there is none.
-const Harness* FindHarness(std::string_view name);
+// Puts a harness among them, with the reader of this class.
+template <class Kind>
+struct Registration
+{
+    explicit Registration(Harness harness)
+    {
+        harness.make = []() -> std::unique_ptr<Reader> { return std::make_unique<Kind>(); };
+        Harnesses().push_back(harness);
+    }
+};
 
 } // namespace Fuzz

@@ -25,7 +25,7 @@ std::vector<KeptInput> KeptInputs(const Harness& harness)
             units += FromVisible(line) + L"\n";
         }
         units.pop_back();
-        inputs.push_back({entry.path().stem().string(), InputOf(units, harness.form)});
+        inputs.push_back({entry.path().stem().string(), units});
     }
     std::ranges::sort(inputs, {}, &KeptInput::name);
     return inputs;
@@ -37,14 +37,14 @@ std::filesystem::path FindingsFolder()
     return KESTRIX_FUZZ_FINDINGS;
 }
 
-std::filesystem::path LeaveInput(const Harness& harness, std::string_view input)
+std::filesystem::path LeaveInput(const Harness& harness, std::wstring_view input)
 {
     std::string lines;
-    for (const std::wstring& line : Pieces<wchar_t>(UnitsOf(input, harness.form), L'\n'))
+    for (const std::wstring& line : Pieces(input, L'\n'))
     {
         lines += Visible(line) + "\n";
     }
-    const std::string number = std::to_string(std::hash<std::string_view>()(input) % 1'000'000);
+    const std::string number = std::to_string(std::hash<std::wstring_view>()(input) % 1'000'000);
     const fs::path path = FindingsFolder() / (std::string(harness.name) + "-" + number + ".txt");
     WriteBytes(path.wstring(), lines);
     return path;

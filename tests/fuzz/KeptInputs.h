@@ -12,7 +12,7 @@ namespace Fuzz
 struct KeptInput
 {
     std::string name; // of the file, without its ending
-    std::string bytes;
+    std::wstring units;
 };
 
 // The inputs that are kept for a harness, in the order of their names; each once showed a fault. Throws
@@ -23,6 +23,6 @@ std::vector<KeptInput> KeptInputs(const Harness& harness);
 std::filesystem::path FindingsFolder();
 
 // Leaves an input in the build folder, under a name that tells its content, and returns the path.
-std::filesystem::path LeaveInput(const Harness& harness, std::string_view input);
+std::filesystem::path LeaveInput(const Harness& harness, std::wstring_view input);
 
 } // namespace Fuzz

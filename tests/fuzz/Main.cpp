@@ -5,8 +5,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iomanip>
 #include <iostream>
-#include <iterator>
 
 namespace
 {
@@ -15,16 +15,15 @@ using namespace Fuzz;
 
 void PrintHarnesses()
 {
-    for (const Harness* const harness : Harnesses())
+    for (const Harness& harness : Harnesses())
     {
-        const std::string blanks(16 - std::min<std::size_t>(16, harness->name.size()), ' ');
-        std::cout << "  " << harness->name << blanks << harness->reads << "\n";
+        std::cout << "  " << std::left << std::setw(16) << harness.name << harness.reads << "\n";
     }
 }
 
 struct Arguments
 {
-    std::vector<const Harness*> harnesses{};
+    std::vector<Harness> harnesses{};
     std::optional<std::chrono::seconds> time{};
 };
 
@@ -38,9 +37,10 @@ std::optional<Arguments> Parse(const std::vector<std::string>& words)
         {
             arguments.time = std::chrono::seconds(static_cast<int>(60 * std::strtod(words[++i].c_str(), nullptr)));
         }
-        else if (const Harness* const harness = FindHarness(words[i]))
+        else if (const auto found = std::ranges::find(Harnesses(), words[i], &Harness::name);
+                 found != Harnesses().end())
         {
-            arguments.harnesses.push_back(harness);
+            arguments.harnesses.push_back(*found);
         }
         else
         {
@@ -50,7 +50,7 @@ std::optional<Arguments> Parse(const std::vector<std::string>& words)
     }
     if (arguments.harnesses.empty())
     {
-        std::ranges::copy(Harnesses(), std::back_inserter(arguments.harnesses));
+        arguments.harnesses = Harnesses();
     }
     return arguments;
 }
@@ -71,6 +71,7 @@ std::vector<std::string> Words(int argc, wchar_t** argv)
 // The exit status is 0 when nothing was found, 2 for a wrong command line.
 int wmain(int argc, wchar_t** argv)
 {
+    std::ranges::sort(Harnesses(), {}, &Harness::name);
     const std::optional<Arguments> arguments = Parse(Words(argc, argv));
     if (!arguments)
     {
@@ -79,9 +80,9 @@ int wmain(int argc, wchar_t** argv)
     }
     const std::uint32_t seed = Seed();
     bool isGood = true;
-    for (const Harness* const harness : arguments->harnesses)
+    for (const Harness& harness : arguments->harnesses)
     {
-        isGood = Run(*harness, {seed, arguments->time}) && isGood;
+        isGood = Run(harness, {seed, arguments->time}) && isGood;
     }
     return isGood ? 0 : 1;
 }

@@ -14,9 +14,9 @@ using namespace std::string_view_literals;
 namespace
 {
 
-constexpr std::size_t MostBytes = 16 * 1024; // of an input
-constexpr std::size_t HeadBytes = 64;        // where most sizes and counts stand
-constexpr std::size_t LongRun = 2000;        // units; the longest line has a few more
+constexpr std::size_t MostUnits = 8 * 1024; // of an input
+constexpr std::size_t HeadBytes = 64;       // where most sizes and counts stand
+constexpr std::size_t LongRun = 2000;       // units; the longest line has a few more
 
 constexpr std::uint32_t Numbers[] = {
     0,   1,   2,   3,   4,      7,      8,      15,          16,          17,          32,          64,
@@ -38,10 +38,10 @@ Mutator::Mutator(const Harness& harness, std::uint32_t seed) : m_harness(harness
 }
 
 // Mostly a small change: a reader that refuses an input at once says nothing of what comes after.
-std::string Mutator::Next(const std::vector<std::string>& inputs)
+std::wstring Mutator::Next(const std::vector<std::wstring>& inputs)
 {
-    std::wstring text = UnitsOf(inputs[Below(inputs.size())], m_harness.form);
-    const std::wstring other = UnitsOf(inputs[Below(inputs.size())], m_harness.form);
+    std::wstring text = inputs[Below(inputs.size())];
+    const std::wstring& other = inputs[Below(inputs.size())];
     std::size_t changes = 1;
     while (changes < 20 && !OneIn(2))
     {
@@ -51,9 +51,8 @@ std::string Mutator::Next(const std::vector<std::string>& inputs)
     {
         ChangeOnce(text, other);
     }
-    std::string input = InputOf(text, m_harness.form);
-    input.resize(std::min(input.size(), MostBytes));
-    return input;
+    text.resize(std::min(text.size(), MostUnits));
+    return text;
 }
 
 void Mutator::ChangeOnce(std::wstring& text, const std::wstring& other)

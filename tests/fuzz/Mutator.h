@@ -17,7 +17,7 @@ public:
     Mutator(const Harness& harness, std::uint32_t seed);
 
     // A changed copy of one of these, of which there must be one at least.
-    std::string Next(const std::vector<std::string>& inputs);
+    std::wstring Next(const std::vector<std::wstring>& inputs);
 
 private:
     void ChangeOnce(std::wstring& text, const std::wstring& other);

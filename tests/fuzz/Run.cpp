@@ -23,7 +23,7 @@ using Clock = std::chrono::steady_clock;
 
 // Of the inputs from which others are made: small ones take less time, and say as much.
 constexpr std::size_t MostInputs = 2000;
-constexpr std::size_t MostBytes = 4096;
+constexpr std::size_t MostUnits = 4096;
 
 // Watches the input that is read: when the program crashes at it, or reads longer than any input may take, that is
 // told, the bare input is kept in a file, and the program ends with status 3. The next watch over the harness leaves
@@ -63,7 +63,8 @@ private:
         if (std::filesystem::file_size(m_path, none) > 0 && !none)
         {
             std::cout << m_harness.name << ": the last run crashed; the input is in "
-                      << LeaveInput(m_harness, ReadBytes(m_path.wstring())).string() << std::endl;
+                      << LeaveInput(m_harness, UnitsOf(ReadBytes(m_path.wstring()), m_harness.form)).string()
+                      << std::endl;
         }
     }
 
@@ -110,13 +111,13 @@ private:
     {
         for (const KeptInput& kept : KeptInputs(m_harness))
         {
-            if (!Try(kept.bytes, "the kept input " + kept.name))
+            if (!Try(kept.units, "the kept input " + kept.name))
             {
                 return false;
             }
-            m_inputs.push_back(kept.bytes);
+            m_inputs.push_back(kept.units);
         }
-        for (const std::string& sample : m_reader->Samples())
+        for (const std::wstring& sample : m_reader->Samples())
         {
             if (!Try(sample, "a sample", true))
             {
@@ -141,13 +142,13 @@ private:
         return true;
     }
 
-    bool Try(const std::string& input, const std::string& which, bool isGood = false)
+    bool Try(const std::wstring& input, const std::string& which, bool isGood = false)
     {
         const std::optional<std::string> fault = FaultOf(input, isGood);
         if (fault)
         {
-            const std::string small = Smaller(input);
-            std::cout << m_harness.name << ": " << which << " (" << small.size() << " bytes, seed " << m_plan.seed
+            const std::wstring small = Smaller(input);
+            std::cout << m_harness.name << ": " << which << " (" << small.size() << " units, seed " << m_plan.seed
                       << "), left in " << LeaveInput(m_harness, small).string() << "\n"
                       << FaultOf(small).value_or(*fault) << std::endl;
         }
@@ -155,16 +156,17 @@ private:
     }
 
     // What is wrong when the input is read. Others are made from one that took a new way.
-    std::optional<std::string> FaultOf(const std::string& input, bool isGood = false)
+    std::optional<std::string> FaultOf(const std::wstring& input, bool isGood = false)
     {
         try
         {
             ++m_nRead;
-            m_watch.Begin(input);
-            const std::size_t outcome = m_reader->Read(m_block.Put(input));
+            const std::string_view bytes = m_block.Put(InputOf(input, m_harness.form));
+            m_watch.Begin(bytes);
+            const std::size_t outcome = m_reader->Read(bytes);
             Expect(outcome != 0 || !isGood, "a good input is refused");
             const bool isNew = m_outcomes.insert(outcome).second;
-            if (isNew && m_inputs.size() < MostInputs && input.size() <= MostBytes)
+            if (isNew && m_inputs.size() < MostInputs && input.size() <= MostUnits)
             {
                 m_inputs.push_back(input);
             }
@@ -177,14 +179,13 @@ private:
     }
 
     // What is left of the input when everything is taken away that is not needed for a finding.
-    std::string Smaller(std::string input)
+    std::wstring Smaller(std::wstring input)
     {
-        const std::size_t unit = m_harness.form == Form::Utf16 ? sizeof(wchar_t) : 1;
-        for (std::size_t step = input.size() / 2 / unit * unit; step >= unit; step = step / 2 / unit * unit)
+        for (std::size_t step = input.size() / 2; step > 0; step /= 2)
         {
             for (std::size_t at = 0; at < input.size();)
             {
-                const std::string shorter = std::string(input).erase(at, step);
+                const std::wstring shorter = std::wstring(input).erase(at, step);
                 const bool isFinding = FaultOf(shorter).has_value();
                 input = isFinding ? shorter : input;
                 at += isFinding ? 0 : step;
@@ -199,7 +200,7 @@ private:
     GuardedBlock m_block;
     const std::unique_ptr<Reader> m_reader;
     Watch m_watch;
-    std::vector<std::string> m_inputs;
+    std::vector<std::wstring> m_inputs;
     std::set<std::size_t> m_outcomes;
     std::uint64_t m_nRead = 0;
 };

@@ -1,8 +1,9 @@
 // Bitmap files, and what is drawn and saved of them.
 
 #include "framework/ui/kestrix/controls/DIBitmap.h"
-#include "tests/fuzz/harness/Harnesses.h"
+#include "tests/fuzz/Harness.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/ui/framework/ui/kestrix/controls/BitmapFile.h"
 
 #include <algorithm>
 #include <cstring>
@@ -15,19 +16,14 @@ namespace
 
 constexpr int CanvasSize = 32; // pixels
 
-// A file of this form, with a gap in bytes before its rows.
-std::string FileOf(WORD bits, LONG width, LONG height, DWORD compression, DWORD gap = 0)
+// A file with room for more colours before its rows.
+std::string FileOf(WORD bits, LONG width, LONG height, std::size_t colours, DWORD compression = BI_RGB)
 {
-    const DWORD table = bits <= 8 ? 4u << bits : compression == BI_BITFIELDS ? 12 : 0;
-    const auto row = static_cast<DWORD>((width * bits + 31) / 32 * 4);
-    BITMAPFILEHEADER file{};
-    file.bfType = 0x4D42;
-    file.bfOffBits = sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER) + table + gap;
-    BITMAPINFOHEADER info{sizeof info, width, height, 1, bits, compression, 0, 0, 0, 0, 0};
-    std::string bytes(file.bfOffBits + row * static_cast<DWORD>(std::abs(height)), '\x5A');
-    std::memcpy(bytes.data(), &file, sizeof file);
-    std::memcpy(bytes.data() + sizeof file, &info, sizeof info);
-    return bytes;
+    BitmapFile file(width, height, bits);
+    file.header.biCompression = compression;
+    file.table.resize(file.table.size() + colours);
+    file.fileHeader.bfOffBits += static_cast<DWORD>(colours * sizeof(RGBQUAD));
+    return file.Bytes();
 }
 
 BITMAPINFOHEADER InfoOf(std::string_view file)
@@ -66,18 +62,15 @@ public:
     {
     }
 
-    std::vector<std::string> Samples() const override
+    std::vector<std::wstring> Samples() const override
     {
-        std::vector<std::string> files;
+        // Three colours of a bitmap that has masks are these.
+        std::vector<std::string> files{FileOf(16, 4, 4, 3, BI_BITFIELDS), FileOf(32, 4, 4, 3, BI_BITFIELDS)};
         for (const WORD bits : {1, 4, 8, 16, 24, 32})
         {
-            files.push_back(FileOf(bits, 7, 5, BI_RGB));
-            files.push_back(FileOf(bits, 3, -4, BI_RGB));
-            files.push_back(FileOf(bits, 3, 2, BI_RGB, 1024)); // room for more colours
+            files.insert(files.end(), {FileOf(bits, 7, 5, 0), FileOf(bits, 3, -4, 0), FileOf(bits, 3, 2, 256)});
         }
-        files.push_back(FileOf(16, 4, 4, BI_BITFIELDS));
-        files.push_back(FileOf(32, 4, 4, BI_BITFIELDS));
-        return files;
+        return UnitsOf(files);
     }
 
     std::size_t Read(std::string_view input) override
@@ -140,12 +133,9 @@ private:
     const UniqueBitmap m_canvas;
 };
 
-} // namespace
+const Registration<BitmapReader>
+    Bitmap({.name = "bitmap", .reads = "bitmap files of every depth", .form = Form::Bytes, .inputs = 4'000});
 
-constinit const Harness BitmapHarness{.name = "bitmap",
-                                      .reads = "bitmap files of every depth",
-                                      .form = Form::Bytes,
-                                      .inputs = 4'000,
-                                      .make = &Make<BitmapReader>};
+} // namespace
 
 } // namespace Fuzz

@@ -4,7 +4,7 @@
 #include "suite/common/Failure.h"
 #include "suite/framework/CommandLine.h"
 #include "suite/import/CommandLine.h"
-#include "tests/fuzz/harness/Harnesses.h"
+#include "tests/fuzz/Harness.h"
 
 #include <algorithm>
 #include <cwchar>
@@ -53,7 +53,7 @@ bool IsPlainlyLocal(const std::wstring& target)
 
 class CommandLineReader : public TextReader
 {
-    std::vector<std::wstring> Texts() const override
+    std::vector<std::wstring> Samples() const override
     {
         return {L"LocalLog%|1%|192.0.2.77%|%|%|7", L"Files%|0%|a%|C:\\a b.VLG%|%|0%|0", L"", L"LocalLog%|14%|%|%|"};
     }
@@ -87,7 +87,7 @@ std::vector<std::wstring> ArgumentsOf(std::wstring_view text)
 
 class ServiceCommandReader : public TextReader
 {
-    std::vector<std::wstring> Texts() const override
+    std::vector<std::wstring> Samples() const override
     {
         return {L"", L"/RegServer\n/Idle:250", L"/Rules\nC:\\a b\\rules.txt", L"-Embedding", L"/Exit"};
     }
@@ -119,7 +119,7 @@ class ServiceCommandReader : public TextReader
 
 class ImportCommandReader : public TextReader
 {
-    std::vector<std::wstring> Texts() const override
+    std::vector<std::wstring> Samples() const override
     {
         return {L"20261121.VLG\nfolder", L"--database\na.db\n20261121.VLG", L"folder\n--database\na.db", L"--help"};
     }
@@ -150,33 +150,28 @@ class ImportCommandReader : public TextReader
     }
 };
 
+const Registration<CommandLineReader> CommandLine(
+    {.name = "commandline",
+     .reads = "the command line of the viewer",
+     .inputs = 30'000,
+     .separators = L"%|",
+     .words = L"%| |% %%| LocalLog locallog LOCALLOG LocalLog\x212A Files 14 9 C:\\Logs\\20261121.VLG 192.0.2.77"});
+
+const Registration<ServiceCommandReader> ServiceCommand(
+    {.name = "servicecommand",
+     .reads = "the command line of the service",
+     .inputs = 30'000,
+     .separators = L"\n:",
+     .words = L"/RegServer -regserver /UNREGSERVER /Exit /Rules /Embedding /? /Idle: /Idle:0 /idle:99999999 "
+              L"/idle:100000000 - / rules.txt /\x212A \n"});
+
+const Registration<ImportCommandReader>
+    ImportCommand({.name = "importcommand",
+                   .reads = "the command line of the program that imports",
+                   .inputs = 30'000,
+                   .separators = L"\n",
+                   .words = L"--database --help /? -- --data a.db 20261121.VLG folder \n"});
+
 } // namespace
-
-constinit const Harness CommandLineHarness{
-    .name = "commandline",
-    .reads = "the command line of the viewer",
-    .form = Form::Utf16,
-    .inputs = 30'000,
-    .separators = L"%|",
-    .words = L"%| |% %%| LocalLog locallog LOCALLOG LocalLog\x212A Files 14 9 C:\\Logs\\20261121.VLG 192.0.2.77",
-    .make = &Make<CommandLineReader>};
-
-constinit const Harness ServiceCommandHarness{
-    .name = "servicecommand",
-    .reads = "the command line of the service",
-    .form = Form::Utf16,
-    .inputs = 30'000,
-    .separators = L"\n:",
-    .words = L"/RegServer -regserver /UNREGSERVER /Exit /Rules /Embedding /? /Idle: /Idle:0 /idle:99999999 "
-             L"/idle:100000000 - / rules.txt /\x212A \n",
-    .make = &Make<ServiceCommandReader>};
-
-constinit const Harness ImportCommandHarness{.name = "importcommand",
-                                             .reads = "the command line of the program that imports",
-                                             .form = Form::Utf16,
-                                             .inputs = 30'000,
-                                             .separators = L"\n",
-                                             .words = L"--database --help /? -- --data a.db 20261121.VLG folder \n",
-                                             .make = &Make<ImportCommandReader>};
 
 } // namespace Fuzz

@@ -6,7 +6,8 @@
 #include "suite/database/LogKinds.h"
 #include "suite/database/LogLine.h"
 #include "suite/import/DailyFile.h"
-#include "tests/fuzz/harness/Harnesses.h"
+#include "tests/fuzz/Harness.h"
+#include "tests/fuzz/LogReferences.h"
 #include "tests/support/CategoryService.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/TemporaryFolder.h"
@@ -81,7 +82,7 @@ bool IsPlainlyDay(EventLog::Day day)
 // The first line of an input is the name of the file, the rest what stands in it.
 class ImportReader : private WithCategoryService, public TextReader
 {
-    std::vector<std::wstring> Texts() const override
+    std::vector<std::wstring> Samples() const override
     {
         std::vector<std::wstring> texts{
             L"20261121.VLG\n20261121|103015|1048576|5|2|1|Threat|C:\\a.exe|2|1|0|0|detail\r\n"
@@ -186,14 +187,12 @@ class ImportReader : private WithCategoryService, public TextReader
     const TemporaryFolder m_folder;
 };
 
-} // namespace
+const Registration<ImportReader> Import({.name = "import",
+                                         .reads = "daily files that are taken into the database",
+                                         .inputs = 2'000,
+                                         .separators = L"|\r\n",
+                                         .words = LogWords});
 
-constinit const Harness ImportHarness{.name = "import",
-                                      .reads = "daily files that are taken into the database",
-                                      .form = Form::Utf16,
-                                      .inputs = 2'000,
-                                      .separators = L"|\r\n",
-                                      .words = LogWords,
-                                      .make = &Make<ImportReader>};
+} // namespace
 
 } // namespace Fuzz

@@ -9,9 +9,10 @@
 #include "platform/dialog/ResourceText.h"
 #include "resource/resource.h"
 #include "tests/fuzz/GuardedBlock.h"
-#include "tests/fuzz/harness/Harnesses.h"
+#include "tests/fuzz/Harness.h"
 #include "tests/support/OneResource.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/ui/framework/ui/kestrix/controls/BitmapFile.h"
 
 #include <cstring>
 
@@ -91,14 +92,6 @@ private:
     std::string_view m_image;
 };
 
-// A bitmap of the smallest form, so that a change often comes to its end.
-std::string SmallBitmap()
-{
-    const BITMAPINFOHEADER info{sizeof info, 4, 4, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    return std::string(reinterpret_cast<const char*>(&info), sizeof info) +
-           std::string(4 * 4 * sizeof(RGBQUAD), '\x5A');
-}
-
 // The bytes that a bitmap has by what its header says, which is there.
 std::uint64_t PlainSize(std::string_view input)
 {
@@ -112,18 +105,17 @@ std::uint64_t PlainSize(std::string_view input)
 
 class LanguageReader : public Reader
 {
-    std::vector<std::string> Samples() const override
+    std::vector<std::wstring> Samples() const override
     {
         VdCommon::Library::MuiConfiguration configuration{};
         configuration.signature = VdCommon::Library::MuiConfiguration::Signature;
-        return {Sample('0', 1 + IDS_COLUMN_TIME / TextsInBlock, RT_STRING),
-                Sample('0', 1 + IDS_OUT_OF_MEMORY / TextsInBlock, RT_STRING),
-                Sample('1', IDD_LOG_FORM, RT_DIALOG),
-                Sample('1', IDD_DELETE, RT_DIALOG),
-                Sample('2', IDB_LOG_ICONS, RT_BITMAP),
-                "2" + SmallBitmap(),
-                "4" + m_language.Cursor(),
-                "3" + std::string(reinterpret_cast<const char*>(&configuration), sizeof configuration)};
+        return UnitsOf(
+            {Sample('0', 1 + IDS_COLUMN_TIME / TextsInBlock, RT_STRING),
+             Sample('0', 1 + IDS_OUT_OF_MEMORY / TextsInBlock, RT_STRING), Sample('1', IDD_LOG_FORM, RT_DIALOG),
+             Sample('1', IDD_DELETE, RT_DIALOG), Sample('2', IDB_LOG_ICONS, RT_BITMAP),
+             "2" + BitmapFile(4, 4, 32).ResourceBytes(), // the smallest form: a change often comes to its end
+             "4" + m_language.Cursor(),
+             "3" + std::string(reinterpret_cast<const char*>(&configuration), sizeof configuration)});
     }
 
     std::size_t Read(std::string_view input) override
@@ -225,12 +217,11 @@ class LanguageReader : public Reader
     LanguageInMemory m_language;
 };
 
-} // namespace
+const Registration<LanguageReader> Language({.name = "language",
+                                             .reads = "texts, templates, bitmaps and a cursor of the language file",
+                                             .form = Form::Bytes,
+                                             .inputs = 4'000});
 
-constinit const Harness LanguageHarness{.name = "language",
-                                        .reads = "texts, templates, bitmaps and a cursor of the language file",
-                                        .form = Form::Bytes,
-                                        .inputs = 4'000,
-                                        .make = &Make<LanguageReader>};
+} // namespace
 
 } // namespace Fuzz

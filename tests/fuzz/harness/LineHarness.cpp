@@ -1,6 +1,6 @@
 // The reader of lines, whatever pieces its bytes come in.
 
-#include "tests/fuzz/harness/Harnesses.h"
+#include "tests/fuzz/Harness.h"
 #include "tests/support/MemoryLineReader.h"
 #include "tests/unit/framework/ui/kestrix/logs/reference/PlainLines.h"
 
@@ -15,7 +15,7 @@ using namespace std::string_view_literals;
 // The first character says how many bytes come at once, and whether half a character ends the text.
 class LineReader : public TextReader
 {
-    std::vector<std::wstring> Texts() const override
+    std::vector<std::wstring> Samples() const override
     {
         const std::wstring longest(LogLineReader::LongestLine - 2, L'x');
         std::vector<std::wstring> texts{L"\x0002one\r\ntwo\r\n\r\nthree\nfour",
@@ -53,14 +53,12 @@ class LineReader : public TextReader
     MemoryLineReader m_reader;
 };
 
-} // namespace
+const Registration<LineReader> Line({.name = "lines",
+                                     .reads = "lines of a daily file, from memory",
+                                     .inputs = 5'000,
+                                     .separators = L"\r\n",
+                                     .words = L"\r\n \n \r \r\r\n \0 \0\n a\n \n\0\n \r\n\r line\r\n"sv});
 
-constinit const Harness LineHarness{.name = "lines",
-                                    .reads = "lines of a daily file, from memory",
-                                    .form = Form::Utf16,
-                                    .inputs = 5'000,
-                                    .separators = L"\r\n",
-                                    .words = L"\r\n \n \r \r\r\n \0 \0\n a\n \n\0\n \r\n\r line\r\n"sv,
-                                    .make = &Make<LineReader>};
+} // namespace
 
 } // namespace Fuzz

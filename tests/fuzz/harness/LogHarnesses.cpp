@@ -3,8 +3,8 @@
 #include "framework/ui/kestrix/app/LogFactory.h"
 #include "framework/ui/kestrix/logs/ZPTLogURL.h"
 #include "platform/dialog/OleDateTime.h"
+#include "tests/fuzz/Harness.h"
 #include "tests/fuzz/LogReferences.h"
-#include "tests/fuzz/harness/Harnesses.h"
 #include "tests/support/GoldenDayFile.h"
 #include "tests/support/InfoPaneDouble.h"
 #include "tests/support/LanguageFile.h"
@@ -60,7 +60,7 @@ private:
     // The lines that the class is given of the text.
     virtual std::vector<std::wstring> LinesOf(std::wstring_view text) const = 0;
 
-    std::vector<std::wstring> Texts() const override
+    std::vector<std::wstring> Samples() const override
     {
         std::vector<std::wstring> texts;
         for (const std::string& name : GoldenDayFile::Names())
@@ -242,22 +242,18 @@ private:
     std::vector<std::wstring> LinesOf(std::wstring_view text) const override { return Pieces(text, L'\n'); }
 };
 
+const Registration<DayFileReader> DayFile({.name = "dayfile",
+                                           .reads = "daily files of every kind: records, order of columns, export",
+                                           .inputs = 2'000,
+                                           .separators = L"|\r\n",
+                                           .words = LogWords});
+
+const Registration<ProviderReader> Provider({.name = "provider",
+                                             .reads = "records of every kind as the database library answers",
+                                             .inputs = 2'000,
+                                             .separators = L"|\r\n",
+                                             .words = LogWords});
+
 } // namespace
-
-constinit const Harness DayFileHarness{.name = "dayfile",
-                                       .reads = "daily files of every kind: records, order of columns, export",
-                                       .form = Form::Utf16,
-                                       .inputs = 2'000,
-                                       .separators = L"|\r\n",
-                                       .words = LogWords,
-                                       .make = &Make<DayFileReader>};
-
-constinit const Harness ProviderHarness{.name = "provider",
-                                        .reads = "records of every kind as the database library answers",
-                                        .form = Form::Utf16,
-                                        .inputs = 2'000,
-                                        .separators = L"|\r\n",
-                                        .words = LogWords,
-                                        .make = &Make<ProviderReader>};
 
 } // namespace Fuzz

@@ -1,7 +1,7 @@
 // The counts of a report about a folder in memory.
 
 #include "framework/ui/kestrix/report/ReportCollector.h"
-#include "tests/fuzz/harness/Harnesses.h"
+#include "tests/fuzz/Harness.h"
 #include "tests/support/StandingClock.h"
 #include "tests/unit/framework/ui/kestrix/report/ReportReference.h"
 
@@ -26,7 +26,7 @@ bool IsRefused(const std::wstring& name)
 // The first two characters say how many days and intervals there are.
 class ReportReader : public TextReader
 {
-    std::vector<std::wstring> Texts() const override
+    std::vector<std::wstring> Samples() const override
     {
         return {L"73\f20261121.VLG\vone\r\ntwo\r\n\f20261120.SCG\v||||||||||||2\r\n||||||||||||0\r\n"
                 L"\f20261118.SPG\v||0x1||||||||||1\r\n||4||||||||||3\r\n\f20261116.UFG\vone\r\n"
@@ -86,16 +86,14 @@ class ReportReader : public TextReader
     const StandingClock m_clock;
 };
 
-} // namespace
+const Registration<ReportReader>
+    Report({.name = "report",
+            .reads = "names and lines of the daily files that a report counts",
+            .inputs = 6'000,
+            .separators = L"\f\v\r\n|",
+            .words = L"20261121.VLG 20261120.SCG 20261118.SPG 20261115.UFG 20261121.ppg \f \v \r\n ||| ||||||||||||2 "
+                     L"||1||||||||||1 20260229.VLG 0x3"});
 
-constinit const Harness ReportHarness{
-    .name = "report",
-    .reads = "names and lines of the daily files that a report counts",
-    .form = Form::Utf16,
-    .inputs = 6'000,
-    .separators = L"\f\v\r\n|",
-    .words = L"20261121.VLG 20261120.SCG 20261118.SPG 20261115.UFG 20261121.ppg \f \v \r\n ||| ||||||||||||2 "
-             L"||1||||||||||1 20260229.VLG 0x3",
-    .make = &Make<ReportReader>};
+} // namespace
 
 } // namespace Fuzz

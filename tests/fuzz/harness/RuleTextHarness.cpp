@@ -6,7 +6,7 @@
 #include "suite/framework/RuleWords.h"
 #include "suite/framework/TextFile.h"
 #include "suite/framework/Utf8.h"
-#include "tests/fuzz/harness/Harnesses.h"
+#include "tests/fuzz/Harness.h"
 #include "tests/unit/suite/framework/RandomRules.h"
 
 #include <algorithm>
@@ -100,11 +100,11 @@ void ExpectRules(const List& rules, std::string_view text)
 
 class RuleTextReader : public Reader
 {
-    std::vector<std::string> Samples() const override
+    std::vector<std::wstring> Samples() const override
     {
-        return {m_goodRules, std::string(SomeRules),
-                "allow in TCP 1 80 * * \"a b\" - 0=0 14=00112233445566778899aabbccddeeff\r\n",
-                "# comment\r\n03 = Adult content\r\nkey=name=more\r\n"};
+        return UnitsOf({m_goodRules, std::string(SomeRules),
+                        "allow in TCP 1 80 * * \"a b\" - 0=0 14=00112233445566778899aabbccddeeff\r\n",
+                        "# comment\r\n03 = Adult content\r\nkey=name=more\r\n"});
     }
 
     std::size_t Read(std::string_view text) override
@@ -143,17 +143,16 @@ class RuleTextReader : public Reader
     const std::string m_goodRules = GoodRules();
 };
 
-} // namespace
+const Registration<RuleTextReader> RuleText(
+    {.name = "rules",
+     .reads = "texts of firewall rules and categories",
+     .form = Form::Utf8,
+     .inputs = 2'500,
+     .separators = L" \n",
+     .words =
+         L"allow block in out any TCP ICMPv6 65535 65536 - \"\" \" \"-\" %0041 %% %000 %0000 %D800 # = 0=1 "
+         L"14=00 12=4294967295 12=4294967296 1=65536 19=1 20=0000000000000000000000000000000000000001 03=Adult \r\n"});
 
-constinit const Harness RuleTextHarness{
-    .name = "rules",
-    .reads = "texts of firewall rules and categories",
-    .form = Form::Utf8,
-    .inputs = 2'500,
-    .separators = L" \n",
-    .words =
-        L"allow block in out any TCP ICMPv6 65535 65536 - \"\" \" \"-\" %0041 %% %000 %0000 %D800 # = 0=1 "
-        L"14=00 12=4294967295 12=4294967296 1=65536 19=1 20=0000000000000000000000000000000000000001 03=Adult \r\n",
-    .make = &Make<RuleTextReader>};
+} // namespace
 
 } // namespace Fuzz

@@ -2,7 +2,7 @@
 
 #include "common/VdCommon/VdComn_Number.h"
 #include "framework/ui/kestrix/logs/TokenReaders.h"
-#include "tests/fuzz/harness/Harnesses.h"
+#include "tests/fuzz/Harness.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/support/PlainLog.h"
 #include "tests/unit/framework/ui/kestrix/logs/reference/PlainReaders.h"
@@ -15,7 +15,7 @@ namespace
 
 class TokenReader : public TextReader
 {
-    std::vector<std::wstring> Texts() const override
+    std::vector<std::wstring> Samples() const override
     {
         return {L"20261121|103015|0x100000|-1|a%Ib%%c|\x0661|", L"a|b\r\n", L"||", L"text"};
     }
@@ -58,18 +58,17 @@ class TokenReader : public TextReader
     PlainLog m_log;
 };
 
-} // namespace
+const Registration<TokenReader>
+    Token({.name = "tokens",
+           .reads = "tokens of a line, escapes, numbers and times",
+           .inputs = 15'000,
+           .separators = L"|%",
+           .words = L"%I %% % %x 2147483647 -2147483648 4294967295 0x 0x7fffffff \r\n \x00A0"
+                    L"1 \x2003"
+                    L"-1 "
+                    L"\xFF10\xFF58"
+                    L"1"});
 
-constinit const Harness TokenHarness{.name = "tokens",
-                                     .reads = "tokens of a line, escapes, numbers and times",
-                                     .form = Form::Utf16,
-                                     .inputs = 15'000,
-                                     .separators = L"|%",
-                                     .words = L"%I %% % %x 2147483647 -2147483648 4294967295 0x 0x7fffffff \r\n \x00A0"
-                                              L"1 \x2003"
-                                              L"-1 "
-                                              L"\xFF10\xFF58"
-                                              L"1",
-                                     .make = &Make<TokenReader>};
+} // namespace
 
 } // namespace Fuzz

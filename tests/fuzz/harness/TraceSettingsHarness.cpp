@@ -2,7 +2,7 @@
 
 #include "common/VdCommon/VdComn_DebugLogSettings.h"
 #include "common/VdCommon/VdComn_Storage.h"
-#include "tests/fuzz/harness/Harnesses.h"
+#include "tests/fuzz/Harness.h"
 #include "tests/support/RegistrySandbox.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -113,7 +113,7 @@ auto Parts(const DebugLogSettings& settings)
 
 class TraceSettingsReader : public TextReader
 {
-    std::vector<std::wstring> Texts() const override
+    std::vector<std::wstring> Samples() const override
     {
         return {
             std::wstring(
@@ -172,16 +172,14 @@ class TraceSettingsReader : public TextReader
     const TemporaryFolder m_folder;
 };
 
-} // namespace
+const Registration<TraceSettingsReader>
+    TraceSettings({.name = "tracesettings",
+                   .reads = "settings of the trace in the registry and in an INI file",
+                   .inputs = 1'500,
+                   .separators = L"\n=",
+                   .words = L"40 10 11 20 70 30 B0 00 C:\\Trace 10zpt [InteractiveSession]\n [ServiceSession]\n "
+                            L"Enable= Level= \nLogFolder= LogPrefix= Robust= =0x11 =-1 =4294967296 =\"a\" ;"});
 
-constinit const Harness TraceSettingsHarness{
-    .name = "tracesettings",
-    .reads = "settings of the trace in the registry and in an INI file",
-    .form = Form::Utf16,
-    .inputs = 1'500,
-    .separators = L"\n=",
-    .words = L"40 10 11 20 70 30 B0 00 C:\\Trace 10zpt [InteractiveSession]\n [ServiceSession]\n "
-             L"Enable= Level= \nLogFolder= LogPrefix= Robust= =0x11 =-1 =4294967296 =\"a\" ;",
-    .make = &Make<TraceSettingsReader>};
+} // namespace
 
 } // namespace Fuzz

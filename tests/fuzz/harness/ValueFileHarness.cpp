@@ -3,7 +3,7 @@
 #include "suite/framework/FirewallRules.h"
 #include "suite/framework/SafeArray.h"
 #include "suite/framework/ValueFile.h"
-#include "tests/fuzz/harness/Harnesses.h"
+#include "tests/fuzz/Harness.h"
 
 namespace Fuzz
 {
@@ -33,12 +33,13 @@ std::string WithCheckSum(std::string_view input)
 
 class ValueFileReader : public Reader
 {
-    std::vector<std::string> Samples() const override
+    std::vector<std::wstring> Samples() const override
     {
-        return {FileBytes({}), FileBytes({{{1, 1}, {std::wstring(L"text")}}}), FileBytes({{{112, 1}, {7u, 0u, 0u}}}),
-                FileBytes({{FirewallRules, {UsualRule(), UsualRule()}}}),
-                FileBytes({{{1, 1}, {true, std::uint8_t{1}, std::uint16_t{2}, 3u, std::wstring(L"text"), List{List{}}}},
-                           {{1, 2}, {}}})};
+        return UnitsOf(
+            {FileBytes({}), FileBytes({{{1, 1}, {std::wstring(L"text")}}}), FileBytes({{{112, 1}, {7u, 0u, 0u}}}),
+             FileBytes({{FirewallRules, {UsualRule(), UsualRule()}}}),
+             FileBytes({{{1, 1}, {true, std::uint8_t{1}, std::uint16_t{2}, 3u, std::wstring(L"text"), List{List{}}}},
+                        {{1, 2}, {}}})});
     }
 
     std::size_t Read(std::string_view input) override
@@ -74,12 +75,9 @@ class ValueFileReader : public Reader
     }
 };
 
-} // namespace
+const Registration<ValueFileReader>
+    ValueFile({.name = "values", .reads = "the file of the service's values", .form = Form::Bytes, .inputs = 15'000});
 
-constinit const Harness ValueFileHarness{.name = "values",
-                                         .reads = "the file of the service's values",
-                                         .form = Form::Bytes,
-                                         .inputs = 15'000,
-                                         .make = &Make<ValueFileReader>};
+} // namespace
 
 } // namespace Fuzz

@@ -6,7 +6,7 @@
 #include "common/DataConversion/Frwk_ComPrpUrlFilterCategoryCroupList.h"
 #include "suite/framework/FirewallRules.h"
 #include "suite/framework/SafeArray.h"
-#include "tests/fuzz/harness/Harnesses.h"
+#include "tests/fuzz/Harness.h"
 #include "tests/unit/common/ComMemoryWatch.h"
 #include "tests/unit/common/WireArray.h"
 
@@ -190,7 +190,7 @@ bool HasWholeBlocks(const Framework::List& list)
 
 class VariantReader : public TextReader
 {
-    std::vector<std::wstring> Texts() const override
+    std::vector<std::wstring> Samples() const override
     {
         return {RuleWords(),
                 RuleWords() + RuleWords(),
@@ -252,16 +252,14 @@ class VariantReader : public TextReader
     }
 };
 
-} // namespace
+const Registration<VariantReader> Variant(
+    {.name = "variants",
+     .reads = "arrays of the service",
+     .inputs = 6'000,
+     .separators = L" ",
+     .words = L"( (7 (-1 ) b0 b-1 b1 y0 y255 w0 w1 w65535 n0 n7 n-1 t ttext u oodd a12 a17,16 a17,20 a8,3 a12,0 "
+              L"a12,2,2 a17,0 a19,4 a3,2 v0 v1 v3 v5 v9 v10 v13 tC:\\Program%Files\\a.exe t192.0.2.1"});
 
-constinit const Harness VariantHarness{
-    .name = "variants",
-    .reads = "arrays of the service",
-    .form = Form::Utf16,
-    .inputs = 6'000,
-    .separators = L" ",
-    .words = L"( (7 (-1 ) b0 b-1 b1 y0 y255 w0 w1 w65535 n0 n7 n-1 t ttext u oodd a12 a17,16 a17,20 a8,3 a12,0 "
-             L"a12,2,2 a17,0 a19,4 a3,2 v0 v1 v3 v5 v9 v10 v13 tC:\\Program%Files\\a.exe t192.0.2.1",
-    .make = &Make<VariantReader>};
+} // namespace
 
 } // namespace Fuzz
