@@ -84,12 +84,12 @@ public:
     Reader& operator=(const Reader&) = delete;
     virtual ~Reader() = default;
 
-    // The units of good inputs, from which others are made.
-    virtual std::vector<std::wstring> Samples() const = 0;
+    // The units of good inputs that are made by code; others lie among the kept ones.
+    virtual std::vector<std::wstring> Samples() const { return {}; }
 
     // Reads the input, after which stands a page that cannot be touched. Returns a number for what became of it, 0
     // when it was refused: an input with a new one took another way through the reader, and others are made from it.
-    // Any exception is a finding, and so is a sample that is refused.
+    // Any exception is a finding, and so is a good input that is refused.
     virtual std::size_t Read(std::string_view input) = 0;
 };
 

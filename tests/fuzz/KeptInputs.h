@@ -15,8 +15,8 @@ struct KeptInput
     std::wstring units;
 };
 
-// The inputs that are kept for a harness, in the order of their names; each once showed a fault. Throws
-// std::runtime_error for a file that is none of these.
+// The inputs that are kept for a harness, in the order of their names: good ones, whose names begin with "good-", and
+// others, of which each once showed a fault. Throws std::runtime_error for a file that is none of these.
 std::vector<KeptInput> KeptInputs(const Harness& harness);
 
 // Where inputs are left, in the build folder.

@@ -53,11 +53,6 @@ bool IsPlainlyLocal(const std::wstring& target)
 
 class CommandLineReader : public TextReader
 {
-    std::vector<std::wstring> Samples() const override
-    {
-        return {L"LocalLog%|1%|192.0.2.77%|%|%|7", L"Files%|0%|a%|C:\\a b.VLG%|%|0%|0", L"", L"LocalLog%|14%|%|%|"};
-    }
-
     std::size_t ReadText(std::wstring_view text) override
     {
         const std::wstring line(text.substr(0, text.find(L'\0'))); // as long as the system's is
@@ -87,11 +82,6 @@ std::vector<std::wstring> ArgumentsOf(std::wstring_view text)
 
 class ServiceCommandReader : public TextReader
 {
-    std::vector<std::wstring> Samples() const override
-    {
-        return {L"", L"/RegServer\n/Idle:250", L"/Rules\nC:\\a b\\rules.txt", L"-Embedding", L"/Exit"};
-    }
-
     std::size_t ReadText(std::wstring_view text) override
     {
         using namespace Framework;
@@ -119,11 +109,6 @@ class ServiceCommandReader : public TextReader
 
 class ImportCommandReader : public TextReader
 {
-    std::vector<std::wstring> Samples() const override
-    {
-        return {L"20261121.VLG\nfolder", L"--database\na.db\n20261121.VLG", L"folder\n--database\na.db", L"--help"};
-    }
-
     std::size_t ReadText(std::wstring_view text) override
     {
         const std::vector<std::wstring> arguments = ArgumentsOf(text);

@@ -82,32 +82,6 @@ bool IsPlainlyDay(EventLog::Day day)
 // The first line of an input is the name of the file, the rest what stands in it.
 class ImportReader : private WithCategoryService, public TextReader
 {
-    std::vector<std::wstring> Samples() const override
-    {
-        std::vector<std::wstring> texts{
-            L"20261121.VLG\n20261121|103015|1048576|5|2|1|Threat|C:\\a.exe|2|1|0|0|detail\r\n"
-            L"20261121|103015|1|0|Threat|a.zip|subject|1|1|0|0\r\n",
-            L"20261121.SPG\n20261121|080000|1|0|Adware|a.zip|c@example.net|0|1\r\n"
-            L"20261121|081500|0x100000|706||toolbar.dll|C:\\a|||0|Adware|1|1|Toolbar|rule\r\n"
-            L"20261121|081500|268435456|x|1|||program|1|target|1|2|||\r\n",
-            L"20261121.PFG\n103015|3|6|1||6|0|LIP|80|192.0.2.20|443|0||C:\\a.exe|rule|message\r\n",
-            L"20261121.UPG\n20261121|103015|1|2|3|4|1.0|1.1\r\n",
-            L"20261121.HLG\n20261121|103015|1|80|a|b|01|3\r\n",
-            L"20261121.UFG\n20261121|103015|x|1F|Blocked|0|http://a/|03\r\n",
-            L"20261121.PTG\n20261121|103015|Threat|1|detail\r\n",
-            L"20261121.PPG\n20261121|103015|1|x|subject|1|item|receiver\r\n",
-            L"20240229.VAG\n20261121|103015|name|1|0|solution\r\n",
-            L"20261121.SCG\n20261121|103015|0x10000000|1||program|1|item|file||name|1|2|detector\r\n",
-            L"20261121.STC\n20261121|103015|1|2|0|text|command\r\n20261121|103015|3|2|0|text|2026/11/20\r\n",
-            L"20261130.SCI\n20261121|103015|x|103015|x|103015|1|9|1|2|3|4|5\r\n",
-            L"20261121.SKP\n1|x|20261121|103015|0|2\r\n"};
-        for (std::wstring& text : texts)
-        {
-            text.insert(text.find(L'\n') + 1, 1, L'\xFEFF');
-        }
-        return texts;
-    }
-
     std::size_t ReadText(std::wstring_view text) override
     {
         const std::wstring_view nameOfFile = text.substr(0, text.find(L'\n'));

@@ -26,14 +26,6 @@ bool IsRefused(const std::wstring& name)
 // The first two characters say how many days and intervals there are.
 class ReportReader : public TextReader
 {
-    std::vector<std::wstring> Samples() const override
-    {
-        return {L"73\f20261121.VLG\vone\r\ntwo\r\n\f20261120.SCG\v||||||||||||2\r\n||||||||||||0\r\n"
-                L"\f20261118.SPG\v||0x1||||||||||1\r\n||4||||||||||3\r\n\f20261116.UFG\vone\r\n"
-                L"\f20261115.PPG\vone\r\n",
-                L"35\f20261121.vlg\vone\r\n\f20261119.SPG\v||2\r\n"};
-    }
-
     std::size_t ReadText(std::wstring_view text) override
     {
         if (text.size() < 2)

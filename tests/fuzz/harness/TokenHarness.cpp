@@ -15,11 +15,6 @@ namespace
 
 class TokenReader : public TextReader
 {
-    std::vector<std::wstring> Samples() const override
-    {
-        return {L"20261121|103015|0x100000|-1|a%Ib%%c|\x0661|", L"a|b\r\n", L"||", L"text"};
-    }
-
     std::size_t ReadText(std::wstring_view line) override
     {
         std::vector<std::wstring_view> views;

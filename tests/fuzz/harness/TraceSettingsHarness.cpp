@@ -113,17 +113,6 @@ auto Parts(const DebugLogSettings& settings)
 
 class TraceSettingsReader : public TextReader
 {
-    std::vector<std::wstring> Samples() const override
-    {
-        return {
-            std::wstring(
-                L"40\1\0\n40\x0111\0\n40\3\0\n40\4\0\n10C:\\Trace\0\n10pre\0\n20file\0\n70txt\0\0\n40\1\0\n40\0\0", 60),
-            std::wstring(L"40\1\0\n40\x10\0\n40\0\0\n40\0\0\n11unterminated\n10\n", 45),
-            L"[InteractiveSession]\nEnable=1\nLevel=17\nLogProcess=0x3\nLogUnitType=-4\nLogFolder=C:\\Trace\n"
-            L"LogPrefix=pre\nLogFile=\"a file\"\nLogExtension=txt\nRobust=1\nDebugger=0\n",
-            L"[InteractiveSession]\nLogFile=" + std::wstring(255, L'x') + L"\nLogPrefix=" + std::wstring(511, L'x')};
-    }
-
     // A text that begins with a section is an INI file.
     std::size_t ReadText(std::wstring_view text) override
     {

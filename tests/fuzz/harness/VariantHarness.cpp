@@ -145,23 +145,6 @@ private:
     std::wstring_view m_text;
 };
 
-std::wstring Times(std::size_t count, const std::wstring& word)
-{
-    std::wstring words;
-    for (; count > 0; --count)
-    {
-        words += word + L" ";
-    }
-    return words;
-}
-
-std::wstring RuleWords()
-{
-    const std::wstring bytes16 = L"( " + Times(16, L"y7") + L") ";
-    return L"( b-1 w0 tname w1 tC:\\a.exe w0 w1 w0 w0 t* t* w0 n0 n0 " + bytes16 + bytes16 + L"n6 w1 t443 b0 ( " +
-           Times(20, L"y1") + L") " + bytes16 + bytes16 + L") ";
-}
-
 // What a list becomes when it is written into an array and read again.
 bool ComesBack(const FwRuleList& rules)
 {
@@ -190,17 +173,6 @@ bool HasWholeBlocks(const Framework::List& list)
 
 class VariantReader : public TextReader
 {
-    std::vector<std::wstring> Samples() const override
-    {
-        return {RuleWords(),
-                RuleWords() + RuleWords(),
-                L"( ( t03 tAdult ) ( t97 u ) )",
-                L"n7 n0 n0",
-                L"b-1",
-                L"a17,16 a12,2,2 v3",
-                L"(1 y1 y2 )"};
-    }
-
     std::size_t ReadText(std::wstring_view text) override
     {
         const ComMemoryWatch memory;
