@@ -31,12 +31,9 @@ std::vector<std::wstring> PlainTexts(std::string_view bytes)
     std::vector<std::wstring> texts;
     std::wstring units(bytes.size() / sizeof(wchar_t), L'\0');
     std::memcpy(units.data(), bytes.data(), units.size() * sizeof(wchar_t));
-    for (std::size_t place = 0; texts.size() < TextsInBlock && place < units.size(); place += 1 + units[place])
+    for (std::size_t place = 0; texts.size() < TextsInBlock && place + units[place] < units.size();
+         place += 1 + units[place])
     {
-        if (place + 1 + units[place] > units.size())
-        {
-            break;
-        }
         texts.push_back(units.substr(place + 1, units[place]));
     }
     texts.resize(TextsInBlock);
