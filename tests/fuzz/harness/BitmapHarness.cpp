@@ -1,6 +1,7 @@
 // Bitmap files, and what is drawn and saved of them.
 
 #include "framework/ui/kestrix/controls/DIBitmap.h"
+#include "suite/common/KernelHandle.h"
 #include "tests/fuzz/Harness.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/ui/framework/ui/kestrix/controls/BitmapFile.h"
@@ -54,14 +55,6 @@ std::vector<std::string_view> RowsOf(std::string_view bytes)
 
 class BitmapReader : public Reader
 {
-public:
-    BitmapReader()
-        : m_file(MakeFile(L"read.bmp")),
-          m_saved(MakeFile(L"saved.bmp")),
-          m_canvas(CreateCompatibleBitmap(CMemoryDC(), CanvasSize, CanvasSize))
-    {
-    }
-
     std::vector<std::wstring> Samples() const override
     {
         // Three colours of a bitmap that has masks are these.
@@ -98,11 +91,9 @@ public:
                (bitmap.GetHeight() > 5);
     }
 
-private:
-    UniqueFile MakeFile(const wchar_t* name) const
+    Suite::KernelHandle Open(const wchar_t* name) const
     {
-        return UniqueFile(CreateFileW(m_folder.File(name).c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ,
-                                      nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+        return Suite::OpenShared(m_folder.File(name).c_str(), GENERIC_READ | GENERIC_WRITE, CREATE_ALWAYS);
     }
 
     static void Rewind(HANDLE file) { SetFilePointer(file, 0, nullptr, FILE_BEGIN); }
@@ -128,9 +119,9 @@ private:
     }
 
     const TemporaryFolder m_folder;
-    const UniqueFile m_file;
-    const UniqueFile m_saved;
-    const UniqueBitmap m_canvas;
+    const Suite::KernelHandle m_file = Open(L"read.bmp");
+    const Suite::KernelHandle m_saved = Open(L"saved.bmp");
+    const UniqueBitmap m_canvas{CreateCompatibleBitmap(CMemoryDC(), CanvasSize, CanvasSize)};
 };
 
 const Registration<BitmapReader>
