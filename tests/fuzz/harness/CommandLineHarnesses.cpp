@@ -21,34 +21,22 @@ constexpr std::uint32_t NoType = 15;
 
 using Fields = std::vector<std::wstring>;
 
-// The fields of a line, a character at a time; what follows the fifth separator is the sixth.
-Fields PlainFields(std::wstring_view line)
+// The fields of a line; what follows the fifth separator is the sixth.
+Fields PlainFields(std::wstring line)
 {
-    Fields fields(1);
-    for (std::size_t i = 0; i < line.size(); ++i)
+    Fields fields;
+    for (std::size_t end = line.find(L"%|"); fields.size() < 5 && end != line.npos; end = line.find(L"%|"))
     {
-        const bool isSeparator = fields.size() < 6 && line[i] == L'%' && i + 1 < line.size() && line[i + 1] == L'|';
-        if (isSeparator)
-        {
-            fields.emplace_back();
-            ++i;
-        }
-        else
-        {
-            fields.back() += line[i];
-        }
+        fields.push_back(line.substr(0, end));
+        line.erase(0, end + 2);
     }
+    fields.push_back(line);
     return fields;
 }
 
 bool IsPlainlyLocal(const std::wstring& target)
 {
-    std::wstring small;
-    for (const wchar_t c : target)
-    {
-        small += c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c + 32) : c;
-    }
-    return small == L"locallog";
+    return CompareStringOrdinal(target.c_str(), -1, L"LocalLog", -1, TRUE) == CSTR_EQUAL;
 }
 
 class CommandLineReader : public TextReader
