@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <numeric>
@@ -47,12 +46,6 @@ std::vector<int> PointsOf(int calls)
 } // namespace
 
 Sweep::Sweep()
-    : m_watch(
-          [this](const char* what)
-          {
-              std::printf("%s: %s\n", m_strPoint.c_str(), what);
-              std::fflush(stdout);
-          })
 {
     // The framework keeps some for good, as many as were there at once.
     const std::array<CMemoryDC, std::tuple_size_v<decltype(FrameworkState::spareMemoryDCs)>> spares;
@@ -111,7 +104,7 @@ std::set<std::wstring> Sweep::BoxTexts() const
 
 int Sweep::Run(const Operation& operation, FaultKind kind, int number)
 {
-    m_watch.Begin();
+    m_watch.Begin(m_strPoint);
     m_boxes.emplace(IDYES);
     m_trace.emplace(); // an operation may have ended tracing
     operation.prepare();

@@ -1,15 +1,12 @@
 #include "tests/fuzz/Run.h"
 
-#include "suite/common/KernelHandle.h"
 #include "tests/fuzz/GuardedBlock.h"
 #include "tests/fuzz/KeptInputs.h"
 #include "tests/fuzz/Mutator.h"
 #include "tests/support/CrashWatch.h"
 #include "tests/support/TemporaryFolder.h"
 
-#include <windows.h>
-
-#include <cstdio>
+#include <filesystem>
 #include <iostream>
 #include <set>
 
@@ -19,79 +16,36 @@ namespace Fuzz
 namespace
 {
 
+namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
 // Of the inputs from which others are made: small ones take less time, and say as much.
 constexpr std::size_t MostInputs = 2000;
 constexpr std::size_t MostUnits = 4096;
 
-// Watches the input that is read: when the program crashes at it, or reads longer than any input may take, that is
-// told, the bare input is kept in a file, and the program ends with status 3. The next watch over the harness leaves
-// the input in the build folder as others.
-class Watch
+// Where the bytes of an input are left at which the program crashes, or that is read longer than any may take.
+fs::path CrashOf(const Harness& harness)
 {
-public:
-    explicit Watch(const Harness& harness)
-        : m_harness(harness), m_path(FindingsFolder() / (std::string(harness.name) + ".crash"))
+    return FindingsFolder() / (std::string(harness.name) + ".crash");
+}
+
+// Leaves the input of the last crash as others. An empty file is that of a run that was ended with its program.
+void TakeLastCrash(const Harness& harness)
+{
+    std::error_code none;
+    if (fs::file_size(CrashOf(harness), none) > 0 && !none)
     {
-        TakeLastCrash();
-        m_file = Suite::OpenShared(m_path.c_str(), GENERIC_WRITE, CREATE_ALWAYS);
+        const std::wstring input = UnitsOf(ReadBytes(CrashOf(harness).wstring()), harness.form);
+        std::cout << harness.name << ": the last run crashed; the input is in " << LeaveInput(harness, input).string()
+                  << std::endl;
     }
-
-    ~Watch()
-    {
-        m_file.reset();
-        std::error_code none;
-        std::filesystem::remove(m_path, none);
-    }
-
-    Watch(const Watch&) = delete;
-    Watch& operator=(const Watch&) = delete;
-
-    // Before an input is read. It must stay as it is until the next call.
-    void Begin(std::string_view input)
-    {
-        m_input = input;
-        m_watch.Begin();
-    }
-
-private:
-    // An empty file is that of a watch that was ended with its program.
-    void TakeLastCrash() const
-    {
-        std::error_code none;
-        if (std::filesystem::file_size(m_path, none) > 0 && !none)
-        {
-            std::cout << m_harness.name << ": the last run crashed; the input is in "
-                      << LeaveInput(m_harness, UnitsOf(ReadBytes(m_path.wstring()), m_harness.form)).string()
-                      << std::endl;
-        }
-    }
-
-    // Without the heap, in which the crash may have happened.
-    void Tell(const char* what) const
-    {
-        DWORD written = 0;
-        WriteFile(m_file.get(), m_input.data(), static_cast<DWORD>(m_input.size()), &written, nullptr);
-        char line[200];
-        const int length =
-            std::snprintf(line, sizeof line, "%.40s: %s; the next run leaves the input in the build folder\n",
-                          m_harness.name.data(), what);
-        WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), line, static_cast<DWORD>(length), &written, nullptr);
-    }
-
-    const Harness& m_harness;
-    const std::filesystem::path m_path; // of the bare bytes
-    Suite::KernelHandle m_file;
-    std::string_view m_input{};
-    CrashWatch m_watch{[this](const char* what) { Tell(what); }};
-};
+}
 
 class Runner
 {
 public:
     Runner(const Harness& harness, const Plan& plan)
-        : m_harness(harness), m_plan(plan), m_mutator(harness, plan.seed), m_reader(harness.make()), m_watch(harness)
+        : m_harness(harness), m_plan(plan), m_mutator(harness, plan.seed), m_reader(harness.make())
     {
     }
 
@@ -162,7 +116,7 @@ private:
         {
             ++m_nRead;
             const std::string_view bytes = m_block.Put(InputOf(input, m_harness.form));
-            m_watch.Begin(bytes);
+            m_watch.Begin(m_harness.name, bytes);
             const std::size_t outcome = m_reader->Read(bytes);
             Expect(outcome != 0 || !isGood, "a good input is refused");
             const bool isNew = m_outcomes.insert(outcome).second;
@@ -199,7 +153,7 @@ private:
     Mutator m_mutator;
     GuardedBlock m_block;
     const std::unique_ptr<Reader> m_reader;
-    Watch m_watch;
+    CrashWatch m_watch{CrashOf(m_harness)};
     std::vector<std::wstring> m_inputs;
     std::set<std::size_t> m_outcomes;
     std::uint64_t m_nRead = 0;
@@ -209,7 +163,10 @@ private:
 
 bool Run(const Harness& harness, const Plan& plan)
 {
-    return Runner(harness, plan).Run();
+    TakeLastCrash(harness);
+    const bool isGood = Runner(harness, plan).Run();
+    fs::remove(CrashOf(harness));
+    return isGood;
 }
 
 } // namespace Fuzz

@@ -2,9 +2,9 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
-#include <utility>
 
 namespace
 {
@@ -32,8 +32,10 @@ void TellAbort(int)
 
 } // namespace
 
-CrashWatch::CrashWatch(std::function<void(const char* what)> tell)
-    : m_tell(std::move(tell)), m_since(Clock::now().time_since_epoch().count()), m_thread(&CrashWatch::AwaitHang, this)
+CrashWatch::CrashWatch(const std::filesystem::path& file)
+    : m_file(file.empty() ? nullptr : Suite::OpenShared(file.c_str(), GENERIC_WRITE, CREATE_ALWAYS)),
+      m_since(Clock::now().time_since_epoch().count()),
+      m_thread(&CrashWatch::AwaitHang, this)
 {
     g_pCrashWatch = this;
     ULONG room = RoomOfHandler;
@@ -51,9 +53,23 @@ CrashWatch::~CrashWatch()
     g_pCrashWatch = nullptr;
 }
 
+void CrashWatch::Begin(std::string_view name, std::string_view input)
+{
+    m_strName = name;
+    m_strInput = input;
+    m_since = Clock::now().time_since_epoch().count();
+}
+
+// Without the heap, in which the crash may have happened.
 void CrashWatch::Tell(const char* what)
 {
-    m_tell(what);
+    DWORD written = 0;
+    WriteFile(m_file.get(), m_strInput.data(), static_cast<DWORD>(m_strInput.size()), &written, nullptr);
+    char line[200];
+    const int length =
+        std::snprintf(line, sizeof line, "%.*s: %s\n", static_cast<int>(std::min<std::size_t>(m_strName.size(), 100)),
+                      m_strName.data(), what);
+    WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), line, static_cast<DWORD>(length), &written, nullptr);
     TerminateProcess(GetCurrentProcess(), CrashStatus);
     std::abort();
 }

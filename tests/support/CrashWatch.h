@@ -1,8 +1,11 @@
 #pragma once
 
+#include "suite/common/KernelHandle.h"
+
 #include <atomic>
 #include <chrono>
-#include <functional>
+#include <filesystem>
+#include <string_view>
 #include <thread>
 
 // Tells when the program crashes, aborts itself or does one thing for longer than 20 seconds, and ends it with status
@@ -10,14 +13,14 @@
 class CrashWatch
 {
 public:
-    // The function gets what happened; there may be no heap any more.
-    explicit CrashWatch(std::function<void(const char* what)> tell);
+    // The input of the thing that crashed is left in this file, which must not be open elsewhere; in none by default.
+    explicit CrashWatch(const std::filesystem::path& file = {});
     ~CrashWatch();
     CrashWatch(const CrashWatch&) = delete;
     CrashWatch& operator=(const CrashWatch&) = delete;
 
-    // The next thing begins.
-    void Begin() { m_since = Clock::now().time_since_epoch().count(); }
+    // The next thing begins. Its name and its input must stay as they are until the next call.
+    void Begin(std::string_view name, std::string_view input = {});
 
     [[noreturn]] void Tell(const char* what);
 
@@ -26,7 +29,9 @@ private:
 
     using Clock = std::chrono::steady_clock;
 
-    const std::function<void(const char* what)> m_tell;
+    const Suite::KernelHandle m_file;
+    std::string_view m_strName;
+    std::string_view m_strInput;
     std::atomic<Clock::rep> m_since;
     std::atomic<bool> m_bEnds = false;
     std::thread m_thread;
