@@ -7,19 +7,12 @@
 #include <cstdlib>
 #include <iomanip>
 #include <iostream>
+#include <iterator>
 
 namespace
 {
 
 using namespace Fuzz;
-
-void PrintHarnesses()
-{
-    for (const Harness& harness : Harnesses())
-    {
-        std::cout << "  " << std::left << std::setw(16) << harness.name << harness.reads << "\n";
-    }
-}
 
 struct Arguments
 {
@@ -44,7 +37,6 @@ std::optional<Arguments> Parse(const std::vector<std::string>& words)
         }
         else
         {
-            std::cerr << "The harnesses are\n";
             return std::nullopt;
         }
     }
@@ -55,27 +47,23 @@ std::optional<Arguments> Parse(const std::vector<std::string>& words)
     return arguments;
 }
 
-std::vector<std::string> Words(int argc, wchar_t** argv)
-{
-    std::vector<std::string> words;
-    for (int i = 1; i < argc; ++i)
-    {
-        const std::wstring_view word(argv[i]);
-        words.emplace_back(word.begin(), word.end());
-    }
-    return words;
-}
-
 } // namespace
 
 // The exit status is 0 when nothing was found, 2 for a wrong command line.
 int wmain(int argc, wchar_t** argv)
 {
     std::ranges::sort(Harnesses(), {}, &Harness::name);
-    const std::optional<Arguments> arguments = Parse(Words(argc, argv));
+    std::vector<std::string> words;
+    std::transform(argv + 1, argv + argc, std::back_inserter(words),
+                   [](std::wstring_view word) { return std::string(word.begin(), word.end()); });
+    const std::optional<Arguments> arguments = Parse(words);
     if (!arguments)
     {
-        PrintHarnesses();
+        std::cout << "The harnesses are\n" << std::left;
+        for (const Harness& harness : Harnesses())
+        {
+            std::cout << "  " << std::setw(16) << harness.name << harness.reads << "\n";
+        }
         return 2;
     }
     const std::uint32_t seed = Seed();
