@@ -15,6 +15,7 @@
 #include "tests/ui/framework/ui/kestrix/controls/BitmapFile.h"
 
 #include <cstring>
+#include <filesystem>
 
 namespace Fuzz
 {
@@ -102,6 +103,14 @@ std::uint64_t PlainSize(std::string_view input)
 
 class LanguageReader : public Reader
 {
+public:
+    LanguageReader()
+    {
+        std::filesystem::copy_file(BuiltFile, m_file);
+        std::filesystem::copy_file(BuiltFile, m_file + L".mui"); // which speaks for the other
+    }
+
+private:
     std::vector<std::wstring> Samples() const override
     {
         VdCommon::Library::MuiConfiguration configuration{};
@@ -121,21 +130,14 @@ class LanguageReader : public Reader
         {
             return 0;
         }
-        const char sort = input.front();
+        const std::size_t sort = input.front() & 7;
         input.remove_prefix(1);
-        switch (sort & 7)
-        {
-        case 0:
-            return ReadTexts(input);
-        case 1:
-            return 100 + ReadTemplate(input);
-        case 2:
-            return 1000 + ReadBitmap(input);
-        case 3:
-            return 2000 + ReadConfiguration(input);
-        default:
-            return 3000 + ReadCursor(input);
-        }
+        const std::size_t outcome = sort == 0   ? ReadTexts(input)
+                                    : sort == 1 ? ReadTemplate(input)
+                                    : sort == 2 ? ReadBitmap(input)
+                                    : sort == 3 ? ReadConfiguration(input)
+                                                : ReadCursor(input);
+        return outcome == 0 ? 0 : 1000 * sort + outcome;
     }
 
     static std::size_t ReadTexts(std::string_view input)
@@ -189,10 +191,10 @@ class LanguageReader : public Reader
         return bitmap.IsEmpty() ? 0 : 1 + static_cast<std::size_t>(size.cx > 16) + 2 * (size.cy > 16);
     }
 
-    static std::size_t ReadConfiguration(std::string_view input)
+    std::size_t ReadConfiguration(std::string_view input) const
     {
         const OneResource resource(input);
-        const HMODULE module = VdCommon::Library::LoadMUILibrary(BuiltFile, MUI_LANGUAGE_NAME, 0);
+        const HMODULE module = VdCommon::Library::LoadMUILibrary(m_file.c_str(), MUI_LANGUAGE_NAME, 0);
         return module != nullptr && VdCommon::Library::FreeMUILibrary(module);
     }
 
@@ -212,6 +214,8 @@ class LanguageReader : public Reader
     }
 
     LanguageInMemory m_language;
+    const TemporaryFolder m_folder;
+    const std::wstring m_file = m_folder.File(L"file");
 };
 
 const Registration<LanguageReader> Language({.name = "language",
