@@ -70,7 +70,7 @@ int wmain(int argc, wchar_t** argv)
     bool isGood = true;
     for (const Harness& harness : arguments->harnesses)
     {
-        isGood = Run(harness, {seed, arguments->time}) && isGood;
+        isGood = Run(harness, seed, arguments->time) && isGood;
     }
     return isGood ? 0 : 1;
 }

@@ -44,15 +44,15 @@ void TakeLastCrash(const Harness& harness)
 class Runner
 {
 public:
-    Runner(const Harness& harness, const Plan& plan)
-        : m_harness(harness), m_plan(plan), m_mutator(harness, plan.seed), m_reader(harness.make())
+    Runner(const Harness& harness, std::uint32_t seed)
+        : m_harness(harness), m_nSeed(seed), m_mutator(harness, seed), m_reader(harness.make())
     {
     }
 
-    bool Run()
+    bool Run(std::optional<std::chrono::seconds> time)
     {
         const Clock::time_point start = Clock::now();
-        const bool isGood = TryKnown() && TryNew(start);
+        const bool isGood = TryKnown() && TryNew(start, time);
         const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
         std::cout << m_harness.name << ": " << m_nRead << " inputs in " << static_cast<std::uint64_t>(seconds) << " s, "
                   << static_cast<std::uint64_t>(static_cast<double>(m_nRead) / seconds) << " a second, "
@@ -63,29 +63,26 @@ public:
 private:
     bool TryKnown()
     {
-        for (const KeptInput& kept : KeptInputs(m_harness))
-        {
-            if (!Try(kept.units, "the kept input " + kept.name, kept.name.starts_with("good-")))
-            {
-                return false;
-            }
-            m_inputs.push_back(kept.units);
-        }
+        std::vector<KeptInput> known = KeptInputs(m_harness);
         for (const std::wstring& sample : m_reader->Samples())
         {
-            if (!Try(sample, "a sample", true))
+            known.push_back({"good-sample", sample});
+        }
+        for (const KeptInput& input : known)
+        {
+            if (!Try(input.units, "the input " + input.name, input.name.starts_with("good-")))
             {
                 return false;
             }
-            m_inputs.push_back(sample);
+            m_inputs.push_back(input.units);
         }
         return true;
     }
 
-    bool TryNew(Clock::time_point start)
+    bool TryNew(Clock::time_point start, std::optional<std::chrono::seconds> time)
     {
         const auto isEnd = [&](std::size_t count)
-        { return m_plan.time ? Clock::now() - start >= *m_plan.time : count >= m_harness.inputs; };
+        { return time ? Clock::now() - start >= *time : count >= m_harness.inputs; };
         for (std::size_t count = 0; !isEnd(count); ++count)
         {
             if (!Try(m_mutator.Next(m_inputs), "a new input"))
@@ -102,7 +99,7 @@ private:
         if (fault)
         {
             const std::wstring small = Smaller(input);
-            std::cout << m_harness.name << ": " << which << " (" << small.size() << " units, seed " << m_plan.seed
+            std::cout << m_harness.name << ": " << which << " (" << small.size() << " units, seed " << m_nSeed
                       << "), left in " << LeaveInput(m_harness, small).string() << "\n"
                       << FaultOf(small).value_or(*fault) << std::endl;
         }
@@ -149,7 +146,7 @@ private:
     }
 
     const Harness& m_harness;
-    const Plan m_plan;
+    const std::uint32_t m_nSeed;
     Mutator m_mutator;
     GuardedBlock m_block;
     const std::unique_ptr<Reader> m_reader;
@@ -161,10 +158,10 @@ private:
 
 } // namespace
 
-bool Run(const Harness& harness, const Plan& plan)
+bool Run(const Harness& harness, std::uint32_t seed, std::optional<std::chrono::seconds> time)
 {
     TakeLastCrash(harness);
-    const bool isGood = Runner(harness, plan).Run();
+    const bool isGood = Runner(harness, seed).Run(time);
     fs::remove(CrashOf(harness));
     return isGood;
 }
