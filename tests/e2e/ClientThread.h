@@ -7,7 +7,6 @@
 #include <functional>
 #include <future>
 #include <semaphore>
-#include <stdexcept>
 
 // A client of the service in a thread of its own, with one call, which has begun when the constructor returns.
 class ClientThread
@@ -18,10 +17,11 @@ public:
     explicit ClientThread(Call call)
         : m_result(std::async(std::launch::async, &ClientThread::Run, this, std::move(call)))
     {
-        static_cast<void>(m_calls.try_acquire_for(Patience)); // and not a moment longer: a short call may be over then
+        m_hasBegun.try_acquire_for(Patience); // and not a moment longer: a short call may be over then
     }
 
-    // What the service answered, or the system when it was gone; E_PENDING when no answer comes.
+    // What the service answered, or the system when it was gone; E_PENDING when no answer comes. Throws
+    // std::runtime_error when there was no service to call.
     HRESULT Result() const
     {
         const bool isThere = m_result.wait_for(Patience) == std::future_status::ready;
@@ -34,19 +34,11 @@ private:
     HRESULT Run(const Call& call)
     {
         const Framework::Apartment apartment;
-        try
-        {
-            const auto controller = Connect();
-            m_calls.release();
-            return call(*controller.Get());
-        }
-        catch (const std::runtime_error&)
-        {
-            m_calls.release();
-            return E_FAIL;
-        }
+        const auto controller = Connect();
+        m_hasBegun.release();
+        return call(*controller.Get());
     }
 
-    std::counting_semaphore<2> m_calls{0};
+    std::counting_semaphore<1> m_hasBegun{0};
     const std::shared_future<HRESULT> m_result; // last, since its thread uses the other
 };

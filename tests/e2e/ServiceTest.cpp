@@ -1,7 +1,10 @@
 // The service in its own process: its values and commands.
 
 #include "suite/database/EventDatabase.h"
+#include "suite/framework/Caller.h"
 #include "suite/framework/FirewallRules.h"
+#include "suite/framework/Journal.h"
+#include "suite/framework/RuleText.h"
 #include "suite/framework/SafeArray.h"
 #include "suite/framework/ValueSource.h"
 #include "suite/samples/UrlCategories.h"
@@ -104,6 +107,31 @@ TEST_F(ServiceTest, FirewallRulesComeBackUnchangedInTheirOrderAfterARestart)
     EXPECT_EQ(QueryProfile(*Connect().Get(), RulesKey), rules);
 }
 
+TEST_F(ServiceTest, APersonPrintsTheRulesChangesThemAndLoadsThem)
+{
+    const TemporaryFolder& folder = m_service.Installed();
+    const std::wstring table = folder.File(L"rules.txt");
+    const std::wstring output = folder.File(L"output.txt");
+    const List first = Framework::FirstFirewallRules(folder.Path());
+    const auto controller = Connect(); // keeps the service: who comes in the moment in which it ends is refused by Wine
+    EXPECT_EQ(Service::Run(L"/Rules", table), 0u);
+    EXPECT_EQ(Framework::ParseRules(ReadBytes(table)), first);
+
+    const std::string changed = ReadBytes(table) + "block any TCP 0 - * * \"One more\" C:\\more.exe\r\n";
+    WriteBytes(table, changed);
+    EXPECT_EQ(Service::Run(L"/Rules \"" + table + L"\"", output), 0u);
+    EXPECT_EQ(ReadBytes(output), "");
+    const List rules = QueryProfile(*controller.Get(), RulesKey);
+    EXPECT_EQ(rules.size(), first.size() + 1);
+    EXPECT_EQ(rules, Framework::ParseRules(changed));
+
+    WriteBytes(table, "block any TCP 0 - * * good -\r\nblock any TCP wrong\r\n");
+    EXPECT_EQ(Service::Run(L"/Rules \"" + table + L"\"", output), 1u);
+    EXPECT_NE(ReadBytes(output).find("\nline 2: "), std::string::npos) << ReadBytes(output);
+    EXPECT_EQ(Service::Run(L"/Rules \"" + folder.File(L"missing.txt") + L"\"", output), 1u);
+    EXPECT_EQ(QueryProfile(*controller.Get(), RulesKey), rules);
+}
+
 TEST_F(ServiceTest, PurgeSettingsGoIntoTheTwoRegistryValues)
 {
     EXPECT_EQ(SetProfile(*Connect().Get(), PurgeKey, List{45u, 0u}), Framework::Success);
@@ -134,7 +162,7 @@ TEST_F(ServiceTest, ThePropertyTellsTheConnectionAndTheCategoryGroups)
     EXPECT_EQ(groups[0], Framework::Value(List{std::wstring(L"03"), std::wstring(L"Adult content")}));
 }
 
-TEST_F(ServiceTest, APurgeDeletesUpToAndIncludingTheDayAndThenTellsTheClientInItsApartment)
+TEST_F(ServiceTest, APurgeDeletesUpToAndIncludingTheDayAndThenTellsTheClientInItsApartmentAndTheJournal)
 {
     FillDatabase(m_service);
     ServiceSession session;
@@ -143,6 +171,9 @@ TEST_F(ServiceTest, APurgeDeletesUpToAndIncludingTheDayAndThenTellsTheClientInIt
     EXPECT_EQ(session.events, Events{PurgeDone});
     EXPECT_TRUE(session.cameInOwnThread);
     EXPECT_EQ(DaysLeft(m_service), std::vector<EventLog::Day>{20261120});
+    const std::string user = Framework::Caller().Name(); // and the process of this test
+    const std::string journal = ReadBytes(m_service.Installed().File(Framework::Journal::FileName));
+    EXPECT_NE(journal.find("Virus log through 2026-11-19: deletion ordered by " + user), journal.npos) << journal;
 }
 
 TEST_F(ServiceTest, APurgeWithoutADatabaseTellsItsEndAllTheSame)
