@@ -2,10 +2,11 @@
 
 #include "common/DataConversion/Frwk_ComPrfFwRules.h"
 #include "tests/support/ControllerDouble.h"
+#include "tests/support/OleApartment.h"
 
 #include <functional>
 
-// A service framework whose active profile keeps rules of the firewall. The thread must have an apartment.
+// A service framework whose active profile keeps rules of the firewall, with the apartment that it needs.
 class FirewallService
 {
 public:
@@ -53,5 +54,12 @@ private:
         return type == RulesType && rules.GetPrfFwRules(m_rules) ? S_OK : E_INVALIDARG;
     }
 
+    const OleApartment m_apartment;
     ControllerDouble m_controller;
+};
+
+// The base class of tests in which it has to be there before what asks for it.
+struct WithFirewallService
+{
+    FirewallService m_service;
 };

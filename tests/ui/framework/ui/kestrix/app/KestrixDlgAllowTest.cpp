@@ -1,6 +1,5 @@
 // The button that allows the program of a firewall event, and the end of a purge that comes in while it is at work.
 
-#include "platform/dialog/Ole.h"
 #include "resource/resource.h"
 #include "tests/support/FirewallService.h"
 #include "tests/support/MenuVisit.h"
@@ -13,21 +12,6 @@ using Frwk::DataTypes::FwRule;
 using Step = ControllerDouble::Step;
 
 constexpr auto NoServer = static_cast<HRESULT>(0x800706BA);
-
-struct Apartment
-{
-    Apartment() { AfxOleInit(); }
-
-    ~Apartment() { AfxOleTerm(); }
-};
-
-// Before the service, which needs it, as the service comes before the page.
-class WithFirewallService
-{
-protected:
-    const Apartment m_apartment;
-    FirewallService m_service;
-};
 
 // The page of a firewall log of two blocked programs and an allowed one, with the first blocked one selected.
 class KestrixDlgAllowTest : protected WithFirewallService, public DatabasePageTest

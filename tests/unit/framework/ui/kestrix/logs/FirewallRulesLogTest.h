@@ -1,7 +1,6 @@
 #pragma once
 
 #include "framework/ui/kestrix/logs/ZPTLogPFW.h"
-#include "platform/dialog/ComUse.h"
 #include "tests/support/FirewallService.h"
 #include "tests/support/LogFixture.h"
 #include "tests/support/TraceRecorder.h"
@@ -22,14 +21,8 @@ public:
     using CZPTLogPFW::StorePfwRules;
 };
 
-// Before the service, which needs it.
-class WithApartment
-{
-    const ComUse m_com;
-};
-
 // A log that shows a blocked event of a program.
-class FirewallRulesLogTest : private WithApartment, public LogFixture<OpenRulesLog>
+class FirewallRulesLogTest : public LogFixture<OpenRulesLog>
 {
 protected:
     FirewallRulesLogTest() { ShowProgram(L"C:\\a.exe"); }
