@@ -34,18 +34,11 @@ protected:
         m_before = EventRowsOf(m_path);
     }
 
-    void RestoreDatabase() const { WriteBytes(m_path, m_file); }
+    // What the database has, and whether it is intact.
+    auto Events() const { return std::pair(EventRowsOf(m_path), IsIntact(m_path)); }
 
-    bool IsDatabaseWhole() const
-    {
-        const EventRows rows = EventRowsOf(m_path);
-        return IsIntact(m_path) && (rows == m_before || rows == WithoutKindThrough(m_before, Virus, 20261010));
-    }
-
-    std::wstring RowCount() const { return std::to_wstring(EventRowsOf(m_path).size()); }
-
-    // The rules that the service has when it starts anew.
-    std::optional<List> Kept() const { return ValueStore(m_folder.Path()).Get(FirewallRules); }
+    // The rules that the service has now, and those when it starts anew.
+    auto Rules() const { return std::pair(m_store.Get(FirewallRules), ValueStore(m_folder.Path()).Get(FirewallRules)); }
 
     // Has a client set a value of the profile, and keeps the result.
     void Set(const ValueKey& key, SAFEARRAY* array)
@@ -71,9 +64,10 @@ protected:
             });
     }
 
-    // A failure is told by the result.
+    // All is done or nothing, and a failure is told by the result.
     void Try(Operation operation, std::initializer_list<FaultKind> kinds)
     {
+        operation.isOldOrNew = true;
         operation.isTold = [this] { return FAILED(m_result); };
         m_sweep.Try(operation, kinds);
     }
@@ -99,7 +93,7 @@ TEST_F(ServiceFaultsTest, Deleting)
     std::size_t events = 0;
     const auto prepare = [&]
     {
-        RestoreDatabase();
+        WriteBytes(m_path, m_file);
         events = inbox.Events().size();
     };
     const auto run = [&]
@@ -113,8 +107,8 @@ TEST_F(ServiceFaultsTest, Deleting)
             m_result = inbox.LastResult();
         }
     };
-    Try({"delete in the service", prepare, run, [&] { return RowCount(); }, [&] { return IsDatabaseWhole(); }},
-        {Allocation, File, Com, Sqlite});
+    Try({"delete in the service", prepare, run, [&] { return Events(); }}, {Allocation, File, Com, Sqlite});
+    EXPECT_EQ(Events(), std::pair(WithoutKindThrough(m_before, Virus, 20261010), true));
     m_purger.Events().UnadviseAll(this);
 }
 
@@ -123,38 +117,34 @@ TEST_F(ServiceFaultsTest, TheScheduleWhileNothingIsToBeDeleted)
 {
     m_controller.Reset();
     WritePurgeSettings({1, 0});
-    const auto prepare = [&] { RestoreDatabase(); };
+    const auto prepare = [&] { WriteBytes(m_path, m_file); };
     const auto run = [&]
     {
         Do([this] { m_purger.PurgeIfDue(); });
         EXPECT_TRUE(WaitUntilIdle());
     };
-    const auto isWhole = [&] { return EventRowsOf(m_path) == m_before; };
-    Try({"the schedule, switched off", prepare, run, [&] { return RowCount(); }, isWhole}, {Registry});
+    Try({"the schedule, switched off", prepare, run, [&] { return Events(); }}, {Registry});
+    EXPECT_EQ(Events(), std::pair(m_before, true));
 }
 
 TEST_F(ServiceFaultsTest, ChangingTheSettings)
 {
-    const PurgeSettings before{20, 0};
     const PurgeSettings after{60, 1};
     const UniqueSafeArray wanted = MakeArray({after.days, after.flag});
-    const auto prepare = [&] { WritePurgeSettings(before); };
+    const auto prepare = [&] { WritePurgeSettings({20, 0}); };
     const auto run = [&] { Set(Settings, wanted.get()); };
-    const auto outcome = [] { return std::to_wstring(ReadPurgeSettings().days); };
-    const auto isWhole = [&] { return ReadPurgeSettings() == before || ReadPurgeSettings() == after; };
-    Try({"settings in the service", prepare, run, outcome, isWhole}, {Allocation, Registry, Com});
+    Try({"settings in the service", prepare, run, &ReadPurgeSettings}, {Allocation, Registry, Com});
+    EXPECT_EQ(ReadPurgeSettings(), after);
 }
 
 TEST_F(ServiceFaultsTest, StoringRules)
 {
-    const List before{SampleRule(L"old")};
     const List after{SampleRule(L"new"), SampleRule(L"old")};
     const UniqueSafeArray wanted = MakeArray(after);
-    const auto prepare = [&] { m_store.Set(FirewallRules, before); };
+    const auto prepare = [&] { m_store.Set(FirewallRules, {SampleRule(L"old")}); };
     const auto run = [&] { Set(FirewallRules, wanted.get()); };
-    const auto outcome = [&] { return std::to_wstring(Kept().value_or(List()).size()); };
-    const auto isWhole = [&] { return m_store.Get(FirewallRules) == Kept() && (Kept() == before || Kept() == after); };
-    Try({"rules in the service", prepare, run, outcome, isWhole}, {Allocation, File, Com});
+    Try({"rules in the service", prepare, run, [&] { return Rules(); }}, {Allocation, File, Com});
+    EXPECT_EQ(Rules(), std::pair(std::optional(after), std::optional(after)));
 }
 
 // A file whose size could not be told was taken for a damaged one, and its values for none.
@@ -162,14 +152,14 @@ TEST_F(ServiceFaultsTest, StartingWithStoredRules)
 {
     const List rules{SampleRule(L"kept")};
     std::optional<List> read;
-    const auto prepare = [&] { m_store.Set(FirewallRules, rules); };
-    const auto run = [&]
+    const auto prepare = [&]
     {
         read.reset();
-        Do([&] { read = Kept(); });
+        m_store.Set(FirewallRules, rules);
     };
-    const auto outcome = [&] { return std::to_wstring(read.value_or(List()).size()); };
-    Try({"the service's start", prepare, run, outcome, [&] { return Kept() == rules; }}, {Allocation, File});
+    const auto run = [&] { Do([&] { read = ValueStore(m_folder.Path()).Get(FirewallRules); }); };
+    Try({"the service's start", prepare, run, [&] { return std::pair(read, Rules()); }}, {Allocation, File});
+    EXPECT_EQ(read, rules);
 }
 
 // The table of clients kept an entry without its client.
@@ -189,5 +179,5 @@ TEST_F(ServiceFaultsTest, AFirstClient)
         m_result = FAILED(m_result) ? m_result : controller->GetActiveProfile(profile.Put());
         m_objects.DisconnectEndedClients(); // as the service does all the time
     };
-    Try({"a client of the service", prepare, run, [&] { return std::to_wstring(FAILED(m_result)); }}, {Allocation});
+    Try({"a client of the service", prepare, run, [&] { return profile.Get() != nullptr; }}, {Allocation});
 }

@@ -12,14 +12,33 @@
 #include <set>
 #include <string>
 
+// What is there, of any type that can be compared.
+class Outcome
+{
+public:
+    using Comparison = std::function<bool()>;
+
+    template <class Look>
+    Outcome(Look look) : m_note([=] { return [=, noted = look()] { return look() == noted; }; })
+    {
+    }
+
+    // Tells later whether it is as it is now.
+    Comparison Note() const { return m_note(); }
+
+private:
+    std::function<Comparison()> m_note;
+};
+
 // What a user can start.
 struct Operation
 {
     const char* name;
     std::function<void()> prepare; // brings everything to where it begins; nothing fails in it
     std::function<void()> run;
-    std::function<std::wstring()> outcome;               // what is there after it
+    Outcome outcome;
     std::function<bool()> isWhole = [] { return true; }; // whether the data is, whatever became of the operation
+    bool isOldOrNew = false; // whether that is the outcome as it was before the operation, or the usual one
     std::function<bool()> isTold = [] { return false; }; // in another way than by a box or a trace
 };
 
@@ -50,6 +69,7 @@ private:
     const UniqueModule m_tracing{LoadLibraryW(L"..\\tests\\trace-good\\VdDbg64.dll")};
     std::optional<MessageBoxRecorder> m_boxes; // of the last run, as the trace
     std::optional<TraceRecorder> m_trace;
+    Outcome::Comparison m_isOld;
     FaultPoints m_faults;
     FaultKind m_kind = FaultKind::None;
     int m_nNumber = 0;

@@ -44,16 +44,6 @@ void FillDatabase(const TemporaryFolder& folder)
                           L"100000|4|0|2||6|2|192.0.2.10|49152|192.0.2.20|443|||C:\\a.exe|rule|message"});
 }
 
-std::wstring Joined(const Texts& texts)
-{
-    std::wstring joined;
-    for (const std::wstring& text : texts)
-    {
-        joined += text + L"|";
-    }
-    return joined;
-}
-
 // Does what a handler of a window would do, which lets no exception out.
 void Handle(const std::function<void()>& work)
 {
@@ -66,13 +56,6 @@ void Handle(const std::function<void()>& work)
         ReportHandlerException(std::current_exception());
     }
 }
-
-// Before the page, which asks for it.
-struct WithFirewallService
-{
-    const OleApartment m_apartment;
-    FirewallService m_service;
-};
 
 // The page on the database, with a service.
 class PageFaultsTest : protected WithFirewallService, public PageTest
@@ -89,33 +72,24 @@ protected:
         auto& controller = m_service.Controller();
         controller.m_onSend = [keep = controller.m_onSend](ULONG type, LPSAFEARRAY array)
         {
-            if (type != Framework::FirewallRules.type)
-            {
-                return S_OK;
-            }
             const auto list = Framework::ReadArray(array); // as the service, which takes no half of a rule
-            return list && Framework::AreFirewallRules(*list) ? keep(type, array) : E_INVALIDARG;
+            return type != Framework::FirewallRules.type        ? S_OK
+                   : list && Framework::AreFirewallRules(*list) ? keep(type, array)
+                                                                : E_INVALIDARG;
         };
     }
 
     ~PageFaultsTest() override { m_page.DestroyWindow(); }
 
-    std::wstring Rows() const
-    {
-        Texts rows{m_page.SelectedDate()};
-        for (int row = 0; row < m_list.GetItemCount(); ++row)
-        {
-            rows.push_back(Joined(Cells(row)));
-        }
-        return Joined(rows);
-    }
+    // The date, and the cells.
+    std::vector<Texts> Rows() const { return {{m_page.SelectedDate()}, Column(0), Column(1), Column(2)}; }
 
     // The calls that the service got, of those that begin so.
-    std::wstring CallsOf(const wchar_t* name)
+    Texts CallsOf(const wchar_t* name)
     {
         Texts calls = m_service.Controller().m_calls;
         std::erase_if(calls, [=](const std::wstring& call) { return !call.starts_with(name); });
-        return Joined(calls);
+        return calls;
     }
 
     // Presses a button of a dialog as soon as it stands, and then Cancel, so that none stays.
@@ -203,7 +177,7 @@ TEST_F(PageFaultsTest, AllowingTheProgramOfAnEvent)
         Texts programs;
         std::ranges::transform(rules, std::back_inserter(programs),
                                [](const auto& rule) { return rule.strAppPath + L"|" + rule.strName; });
-        return Joined(programs);
+        return programs;
     };
     const auto isWhole = [&]
     {
@@ -233,8 +207,7 @@ TEST_F(PageTest, LoadingADayFile)
 {
     OpenDay({VirusLine(L"0900", L"beta"), VirusLine(L"1030", L"alpha")});
     m_parent.ShowWindow(SW_HIDE);
-    const auto times = [&] { return Joined(Column(0)); };
-    Sweep().Try({"load from a file", [] {}, [&] { SelectDate(0); }, times}, {Allocation, File});
+    Sweep().Try({"load from a file", [] {}, [&] { SelectDate(0); }, [&] { return Column(0); }}, {Allocation, File});
 }
 
 TEST_F(ExportFormTest, Exporting)
@@ -244,21 +217,9 @@ TEST_F(ExportFormTest, Exporting)
         WriteBytes(m_path, "precious");
         m_dialog.AnswerWith(m_path);
     };
-    const auto run = [&] { Press(); };
-    const auto outcome = [&]
-    {
-        const std::string bytes = ReadBytes(m_path);
-        return std::wstring(bytes.begin(), bytes.end());
-    };
-    const auto sweep = [&]
-    {
-        prepare();
-        run();
-        const std::wstring whole = outcome();
-        const auto isWhole = [&] { return outcome() == L"precious" || outcome() == whole; };
-        Sweep().Try({"export", prepare, run, outcome, isWhole}, {Allocation, File});
-    };
-    m_form.Run({sweep});
+    Operation operation{"export", prepare, [&] { Press(); }, [&] { return ReadBytes(m_path); }};
+    operation.isOldOrNew = true;
+    m_form.Run({[&] { Sweep().Try(operation, {Allocation, File}); }});
 }
 
 TEST(ReportFaultsTest, Reporting)
