@@ -1,8 +1,6 @@
 // What a user can start in the viewer, with calls failing that it makes: in its page, in an export, in a report, and
 // from its start to its end.
 
-#include "framework/ui/kestrix/report/KxReportDlg.h"
-#include "framework/ui/kestrix/report/ReportHost.h"
 #include "platform/dialog/Exceptions.h"
 #include "resource/resource.h"
 #include "suite/OrlDbMg/Provider.h"
@@ -14,9 +12,9 @@
 #include "tests/support/OleApartment.h"
 #include "tests/support/OnTheLoop.h"
 #include "tests/support/RegistrySandbox.h"
-#include "tests/support/StandingClock.h"
 #include "tests/ui/framework/ui/kestrix/app/ExportFormTest.h"
 #include "tests/ui/framework/ui/kestrix/app/PageTest.h"
+#include "tests/ui/framework/ui/kestrix/report/KxReportDlgTest.h"
 
 #include <algorithm>
 
@@ -172,20 +170,13 @@ TEST_F(PageFaultsTest, AllowingTheProgramOfAnEvent)
         ClickRow(0);
     };
     const auto run = [&] { m_page.SendMessage(WM_COMMAND, IDC_ALLOW, 0); };
-    const auto programs = [&]
-    {
-        Texts programs;
-        std::ranges::transform(rules, std::back_inserter(programs),
-                               [](const auto& rule) { return rule.strAppPath + L"|" + rule.strName; });
-        return programs;
-    };
     const auto isWhole = [&]
     {
         const bool isNew = !rules.empty() && rules.front().strAppPath == L"C:\\a.exe";
         return rules == others || (isNew && std::equal(std::next(rules.begin()), rules.end(), others.begin()));
     };
     m_page.ShowLog(LogTypeFirewall);
-    TryHidden({"allow a program", prepare, run, programs, isWhole}, {Allocation, Com});
+    TryHidden({"allow a program", prepare, run, [&] { return rules; }, isWhole}, {Allocation, Com});
 }
 
 TEST_F(PageFaultsTest, OrderingADeletionAndChangingTheSettings)
@@ -222,34 +213,21 @@ TEST_F(ExportFormTest, Exporting)
     m_form.Run({[&] { Sweep().Try(operation, {Allocation, File}); }});
 }
 
-TEST(ReportFaultsTest, Reporting)
+TEST_F(KxReportDlgTest, Reporting)
 {
-    struct Host : CReportHost
-    {
-        void ShowLog(std::uint32_t) override {}
-    } host;
-
-    const LanguageFile language;
-    const StandingClock clock;
-    const RegistrySandbox registry;
-    const TemporaryFolder folder;
-    std::filesystem::create_directory(folder.File(L"Log"));
-    WriteUtf16(folder.File(L"Log\\20261121.VLG"), L"1\r\n2\r\n");
-    WriteUtf16(folder.File(L"Log\\20261121.UFG"), L"1\r\n2\r\n3\r\n4\r\n");
-    registry.SetText(SuiteKey, L"InstalledFolder", folder.Path().wstring());
-    CWnd parent;
-    parent.Create(L"STATIC", {}, WS_POPUP | WS_VISIBLE, {0, 0, 800, 600}, nullptr, 0);
+    AddFile(L"20261121.VLG", L"1\r\n2\r\n");
+    AddFile(L"20261121.UFG", L"1\r\n2\r\n3\r\n4\r\n");
     std::unique_ptr<CKxReportDlg> page;
     const auto prepare = [&]
     {
         page = std::make_unique<CKxReportDlg>();
         page->m_nReportSpan = 7;
-        page->m_pParentForm = &host;
+        page->m_pParentForm = &m_host;
     };
     const auto run = [&]
     {
-        Handle([&] { page->Create(IDD_REPORT_PAGE, &parent); });
-        parent.RedrawWindow(RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+        Handle([&] { page->Create(IDD_REPORT_PAGE, &m_parent); });
+        m_parent.RedrawWindow(RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
     };
     const auto textOf = [&](int control) { return CWindow(page->GetDlgItem(control)).GetWindowText(); };
     const auto lines = [&] { return textOf(IDC_REPORT_VIRUS) + textOf(IDC_REPORT_WEB); };
