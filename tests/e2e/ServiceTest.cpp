@@ -10,6 +10,7 @@
 #include "suite/samples/UrlCategories.h"
 #include "tests/e2e/EventLogs.h"
 #include "tests/e2e/ServiceFixture.h"
+#include "tests/unit/suite/framework/SampleRule.h"
 
 namespace
 {
@@ -22,46 +23,6 @@ constexpr ValueKey ReportKey{112, 1};
 constexpr ValueKey PurgeKey{113, 2};
 constexpr ValueKey CategoriesKey{3, 2};
 constexpr ValueKey ConnectionKey{39, 4};
-
-List Bytes(std::size_t count, std::uint8_t first)
-{
-    List list;
-    for (std::size_t i = 0; i < count; ++i)
-    {
-        list.emplace_back(static_cast<std::uint8_t>(first + i));
-    }
-    return list;
-}
-
-List Rule(const std::wstring& name, std::uint16_t action)
-{
-    using Word = std::uint16_t;
-    using Double = std::uint32_t;
-    const auto w = [](int value) { return static_cast<Word>(value); };
-    return {true,
-            w(1),
-            name,
-            w(1),
-            std::wstring(),
-            w(2),
-            action,
-            w(3),
-            w(4),
-            std::wstring(L"10.0.0.1"),
-            std::wstring(L"*"),
-            w(5),
-            Double{6},
-            Double{70'000},
-            Bytes(16, 1),
-            Bytes(16, 50),
-            Double{0x10000},
-            w(7),
-            std::wstring(L"80,443"),
-            false,
-            Bytes(20, 100),
-            Bytes(16, 200),
-            Bytes(16, 240)};
-}
 
 // The database of the installed folder with three days of one kind.
 void FillDatabase(const Service& service)
@@ -101,7 +62,7 @@ TEST_F(ServiceTest, ValuesSurviveAServiceThatIsKilled)
 TEST_F(ServiceTest, FirewallRulesComeBackUnchangedInTheirOrderAfterARestart)
 {
     EXPECT_EQ(QueryProfile(*Connect().Get(), RulesKey), Framework::FirstFirewallRules(m_service.Installed().Path()));
-    const List rules{Rule(L"first", 0), Rule(L"", 1), Rule(L"\x00E4\x65E5", 0)};
+    const List rules{SampleRule(L"first"), SampleRule(L""), SampleRule(L"\x00E4\x65E5")};
     EXPECT_EQ(SetProfile(*Connect().Get(), RulesKey, rules), Framework::Success);
     ASSERT_TRUE(Service::HasEnded());
     EXPECT_EQ(QueryProfile(*Connect().Get(), RulesKey), rules);
@@ -208,16 +169,16 @@ TEST_F(ServiceTest, AnOrderThatIsNoneIsRefused)
 TEST_F(ServiceTest, ArraysThatAreNoneOfItsValuesAreRefusedAndChangeNothing)
 {
     const auto controller = Connect();
-    List longRule = Rule(L"a", 0);
+    List longRule = SampleRule(L"a");
     longRule.emplace_back(0u);
-    List shortBlock = Rule(L"a", 0);
-    shortBlock[20] = Bytes(19, 0);
-    List otherType = Rule(L"a", 0);
+    List shortBlock = SampleRule(L"a");
+    shortBlock[20] = SampleBytes(19);
+    List otherType = SampleRule(L"a");
     otherType[5] = 2u;
-    List terminator = Rule(std::wstring(L"a\0b", 3), 0);
+    List terminator = SampleRule(std::wstring(L"a\0b", 3));
     for (const List& rule : {longRule, shortBlock, otherType, terminator})
     {
-        EXPECT_EQ(SetProfile(*controller.Get(), RulesKey, List{Rule(L"good", 0), rule}), E_INVALIDARG);
+        EXPECT_EQ(SetProfile(*controller.Get(), RulesKey, List{SampleRule(L"good"), rule}), E_INVALIDARG);
     }
     EXPECT_EQ(SetProfile(*controller.Get(), ReportKey, List{7u, 0u}), E_INVALIDARG);
     EXPECT_EQ(SetProfile(*controller.Get(), PurgeKey, List{7u, true}), E_INVALIDARG);
