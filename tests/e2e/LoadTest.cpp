@@ -17,10 +17,10 @@
 #include <cstdlib>
 #include <fstream>
 #include <functional>
-#include <future>
 #include <iostream>
 #include <list>
 #include <stdexcept>
+#include <thread>
 
 namespace
 {
@@ -72,35 +72,30 @@ class Worker
 public:
     // The step gets its number, from 0 on.
     Worker(std::string theName, std::function<void(int)> step)
-        : name(std::move(theName)), m_fault(std::async(std::launch::async, &Worker::Run, this, std::move(step)))
+        : name(std::move(theName)), m_thread(std::bind_front(&Worker::Run, this), std::move(step))
     {
     }
 
-    ~Worker() { stops = true; }
+    void Stop() { m_thread.request_stop(); }
 
     // How long the step lasts that is not over, in milliseconds.
-    ULONGLONG InStep() const { return HasEnded() ? 0 : GetTickCount64() - m_nSince; }
-
-    bool HasEnded() const { return m_fault.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }
-
-    // What the last step threw. Waits for the end.
-    std::string Fault() const { return m_fault.get(); }
+    ULONGLONG InStep() const { return hasEnded ? 0 : GetTickCount64() - m_nSince; }
 
     const std::string name;
-    std::atomic<bool> stops = false;
     std::atomic<int> steps = 0;
     std::atomic<ULONGLONG> longest = 0; // milliseconds of a step that is over
+    std::atomic<bool> hasEnded = false;
+    std::string fault; // what the last step threw, when it has ended
 
 private:
     static constexpr DWORD Pause = 20; // milliseconds between two steps, so that there is room for the others
 
-    std::string Run(const std::function<void(int)>& step)
+    void Run(const std::stop_token& stop, const std::function<void(int)>& step)
     {
-        std::string fault;
         CoInitialize(nullptr);
         try
         {
-            for (; !stops; ++steps, Sleep(Pause))
+            for (; !stop.stop_requested(); ++steps, Sleep(Pause))
             {
                 m_nSince = GetTickCount64();
                 step(steps);
@@ -112,11 +107,11 @@ private:
             fault = error.what();
         }
         CoUninitialize();
-        return fault;
+        hasEnded = true;
     }
 
     std::atomic<ULONGLONG> m_nSince = GetTickCount64();
-    const std::shared_future<std::string> m_fault; // last, since its thread uses the others
+    std::jthread m_thread; // last, since it uses the others
 };
 
 class LoadTest : public ServiceFixture
@@ -209,7 +204,7 @@ protected:
         const UniqueKernelHandle service(
             OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, Service::Processes().at(0)));
         const ULONGLONG end = GetTickCount64() + milliseconds;
-        const auto isIdle = [](const Worker& each) { return each.HasEnded() || each.InStep() > Patience; };
+        const auto isIdle = [](const Worker& each) { return each.hasEnded || each.InStep() > Patience; };
         const auto isOver = [&]
         {
             m_viewersMemory.push_back(PrivateBytes(m_viewer->Program().Handle()) / 1024);
@@ -219,17 +214,17 @@ protected:
         WaitUntil(isOver, 2 * milliseconds, 1000);
     }
 
-    bool HaveAllEnded() const { return std::ranges::all_of(m_workers, &Worker::HasEnded); }
+    bool HaveAllEnded() const { return std::ranges::all_of(m_workers, &Worker::hasEnded); }
 
     void Stop()
     {
-        std::ranges::for_each(m_workers, [](Worker& each) { each.stops = true; });
+        std::ranges::for_each(m_workers, &Worker::Stop);
         WaitUntil([&] { return HaveAllEnded(); }, Patience);
         for (const Worker& each : m_workers)
         {
-            EXPECT_TRUE(each.HasEnded()) << each.name << " got stuck " << each.InStep() / 1000
-                                         << " s ago: in a call that Wine has lost, or in a lock";
-            EXPECT_EQ(each.HasEnded() ? each.Fault() : "", "") << each.name;
+            EXPECT_TRUE(each.hasEnded) << each.name << " got stuck " << each.InStep() / 1000
+                                       << " s ago: in a call that Wine has lost, or in a lock";
+            EXPECT_EQ(each.hasEnded ? each.fault : "", "") << each.name;
             std::cout << "load\t" << each.name << "\t" << each.steps << "\t" << each.longest << "\t\t\n";
         }
         std::cout << "load\tclient that listens\t" << Heard() << "\t\t\t\n";
