@@ -133,10 +133,12 @@ TEST_F(RuleFailuresTest, AServiceThatIsKilledDuringTheWriteIsTracedAndTheProfile
 {
     const auto controller = Connect();
     const std::filesystem::path beside = m_service.Installed().File(L"Framework.new");
+    bool isWritten = false;
     {
-        const std::jthread killer = KillAt([&] { WaitUntil([&] { return exists(beside); }, 30'000, 0); });
+        const std::jthread killer = KillAt([&] { isWritten = WaitUntil([&] { return exists(beside); }, 30'000, 0); });
         EXPECT_EQ(Allow(), 1);
     }
+    EXPECT_TRUE(isWritten) << "the rules are not written beside those that are there";
     const bool isNew = m_new.AreStored(m_service);
     EXPECT_TRUE(isNew || m_old.AreStored(m_service));
     const Texts errors = StartsOf(m_traces.Errors());
