@@ -1,6 +1,7 @@
 // The viewer, six other clients of the service and of the database, and a feeder at once: who looks sees all that was
 // done before and nothing by halves, nobody waits for ever, and neither the viewer nor the service grows.
 
+#include "platform/dialog/ComUse.h"
 #include "suite/database/LogKinds.h"
 #include "suite/database/LogLine.h"
 #include "suite/framework/FirewallRules.h"
@@ -92,7 +93,7 @@ private:
 
     void Run(const std::stop_token& stop, const std::function<void(int)>& step)
     {
-        CoInitialize(nullptr);
+        const ComUse com;
         try
         {
             for (; !stop.stop_requested(); ++steps, Sleep(Pause))
@@ -106,7 +107,6 @@ private:
         {
             fault = error.what();
         }
-        CoUninitialize();
         hasEnded = true;
     }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/dialog/ComUse.h"
 #include "tests/support/ControllerDouble.h"
 
 #include <functional>
@@ -49,14 +50,7 @@ protected:
     WithCategoryService() = default;
 
 private:
-    struct Apartment
-    {
-        Apartment() { ::CoInitialize(nullptr); }
-
-        ~Apartment() { ::CoUninitialize(); }
-    };
-
-    const Apartment m_apartment;
+    const ComUse m_com;
 
 protected:
     CategoryService m_service;

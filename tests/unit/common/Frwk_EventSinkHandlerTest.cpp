@@ -1,8 +1,8 @@
 #include "common/Frwk_EventSinkHandler.h"
 
-#include "platform/dialog/Ole.h"
 #include "tests/support/ControllerDouble.h"
 #include "tests/support/ImportPatch.h"
+#include "tests/support/OleApartment.h"
 #include "tests/support/TraceRecorder.h"
 #include "tests/unit/common/RecordingSink.h"
 
@@ -19,13 +19,6 @@ using Step = ControllerDouble::Step;
 
 constexpr std::uint32_t EveryKind = 63;
 constexpr auto Refused = static_cast<HRESULT>(0x80040201);
-
-struct Apartment
-{
-    Apartment() { AfxOleInit(); }
-
-    ~Apartment() { AfxOleTerm(); }
-};
 
 class EventSinkHandlerTest : public ::testing::Test
 {
@@ -44,7 +37,7 @@ protected:
                 sink.OnDetectionEvent(1, 0, 0, 0, 0, 0, 0, block, block, nullptr)};
     }
 
-    const Apartment m_apartment;
+    const OleApartment m_apartment;
     ControllerDouble m_controller;
     const TraceRecorder m_trace;
 };
