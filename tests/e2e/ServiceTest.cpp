@@ -1,6 +1,5 @@
 // The service in its own process: its values and commands.
 
-#include "suite/database/EventDatabase.h"
 #include "suite/framework/Caller.h"
 #include "suite/framework/FirewallRules.h"
 #include "suite/framework/Journal.h"
@@ -24,20 +23,12 @@ constexpr ValueKey PurgeKey{113, 2};
 constexpr ValueKey CategoriesKey{3, 2};
 constexpr ValueKey ConnectionKey{39, 4};
 
-// The database of the installed folder with three days of one kind.
-void FillDatabase(const Service& service)
+void FillThreeDays(const EventLogs& logs)
 {
-    auto database = EventLog::EventDatabase::Create(service.Installed().Path() / EventLog::DatabaseFileName);
-    const std::vector<std::wstring> lines{L"one|", L"two|"};
-    for (const std::uint32_t day : {20261118u, 20261119u, 20261120u})
+    for (const EventLog::Day day : {20261118, 20261119, 20261120})
     {
-        database.Append(VirusSubType, day, lines);
+        logs.Append(VirusSubType, day, {L"one|", L"two|"});
     }
-}
-
-std::vector<EventLog::Day> DaysLeft(const Service& service)
-{
-    return EventLog::EventDatabase::Open(service.Installed().Path() / EventLog::DatabaseFileName).Days(VirusSubType);
 }
 
 using ServiceTest = ServiceFixture;
@@ -125,13 +116,14 @@ TEST_F(ServiceTest, ThePropertyTellsTheConnectionAndTheCategoryGroups)
 
 TEST_F(ServiceTest, APurgeDeletesUpToAndIncludingTheDayAndThenTellsTheClientInItsApartmentAndTheJournal)
 {
-    FillDatabase(m_service);
+    const EventLogs logs(m_service.Installed());
+    FillThreeDays(logs);
     ServiceSession session;
     EXPECT_EQ(OrderPurge(session.Controller(), VirusPurgeType, 20261119), Framework::Success);
     EXPECT_TRUE(PumpUntil([&] { return !session.events.empty(); }));
     EXPECT_EQ(session.events, Events{PurgeDone});
     EXPECT_TRUE(session.cameInOwnThread);
-    EXPECT_EQ(DaysLeft(m_service), std::vector<EventLog::Day>{20261120});
+    EXPECT_EQ(logs.VirusDays(), std::vector<EventLog::Day>{20261120});
     const std::string user = Framework::Caller().Name(); // and the process of this test
     const std::string journal = ReadBytes(m_service.Installed().File(Framework::Journal::FileName));
     EXPECT_NE(journal.find("Virus log through 2026-11-19: deletion ordered by " + user), journal.npos) << journal;
@@ -147,10 +139,11 @@ TEST_F(ServiceTest, APurgeWithoutADatabaseTellsItsEndAllTheSame)
 
 TEST_F(ServiceTest, APurgeGoesOnWhenItsClientLeaves)
 {
-    FillDatabase(m_service);
+    const EventLogs logs(m_service.Installed());
+    FillThreeDays(logs);
     EXPECT_EQ(OrderPurge(*Connect().Get(), VirusPurgeType, 20261120), Framework::Success);
     EXPECT_TRUE(Service::HasEnded());
-    EXPECT_TRUE(DaysLeft(m_service).empty());
+    EXPECT_TRUE(logs.VirusDays().empty());
 }
 
 TEST_F(ServiceTest, AnOrderThatIsNoneIsRefused)
