@@ -38,7 +38,7 @@ struct Operation
     std::function<void()> run;
     Outcome outcome;
     std::function<bool()> isWhole = [] { return true; }; // whether the data is, whatever became of the operation
-    bool isOldOrNew = false; // whether that is the outcome as it was before the operation, or the usual one
+    bool isOldOrNew = false; // whether the outcome may only be what it was before, or the usual one
     std::function<bool()> isTold = [] { return false; }; // in another way than by a box or a trace
 };
 
