@@ -2,8 +2,10 @@
 
 #include "framework/ui/kestrix/report/ReportCollector.h"
 #include "tests/fuzz/Harness.h"
+#include "tests/fuzz/ReportReference.h"
 #include "tests/support/StandingClock.h"
-#include "tests/unit/framework/ui/kestrix/report/ReportReference.h"
+
+#include <numeric>
 
 namespace Fuzz
 {
@@ -13,8 +15,10 @@ namespace
 
 using Entry = ReportFilesDouble::Entry;
 
-constexpr wchar_t FileMark = L'\f'; // before each file
-constexpr wchar_t TextMark = L'\v'; // between its name and its text
+constexpr wchar_t FileMark = L'\f';     // before each file
+constexpr wchar_t TextMark = L'\v';     // between its name and its text
+constexpr wchar_t DirectoryMark = L'/'; // in the place of the text
+constexpr wchar_t LockMark = L'!';      // before the text of a file that cannot be read
 
 // Whether the calendar of the system refuses the year, and the report with it, as its tests tell.
 bool IsRefused(const std::wstring& name)
@@ -37,25 +41,39 @@ class ReportReader : public TextReader
         ReportFilesDouble folder;
         folder.m_arrEntry = EntriesOf(text.substr(2));
         const ReportCounts counts = CReportCollector(folder, span, intervals).Collect();
-        const std::vector<ReferenceLine> expected = CountReport(folder.m_arrEntry, span, intervals);
         std::size_t outcome = folder.m_arrEntry.size();
-        auto reference = expected.begin();
+        std::uint32_t total = 0;
+        ReportSeries maxima;
+        const std::vector<ReferenceLine> reference = CountReport(folder.m_arrEntry, span, intervals);
+        auto expected = reference.begin();
         for (const ReportLineCounts& line : ReportLines())
         {
-            ExpectSame(counts.*line.series, reference->series, "a series");
-            ExpectSort(line.sorts[0], counts, reference->first);
-            ExpectSort(line.sorts[1], counts, reference->second);
+            ExpectEvents(counts, {.series = line.series, .total = line.total}, expected->series);
+            ExpectEvents(counts, line.sorts[0], expected->first);
+            ExpectEvents(counts, line.sorts[1], expected->second);
+            ExpectSame(counts.*line.max, Greatest(expected->series), "the maximum of a line");
+            maxima.push_back(counts.*line.max);
+            total += counts.*line.total;
             outcome = outcome * 31 + counts.*line.total;
-            ++reference;
+            ++expected;
         }
+        ExpectSame(counts.m_nGrandTotal, total, "the total of all lines");
+        ExpectSame(counts.m_vecSeriesMax, maxima, "the maxima of the lines");
+        ExpectSame(counts.m_nMaxCount, Greatest(maxima), "the maximum of all lines");
         return outcome;
     }
 
-    static void ExpectSort(const ReportSort& sort, const ReportCounts& counts, const std::vector<std::uint32_t>& series)
+    static std::uint32_t Greatest(const ReportSeries& series)
+    {
+        return series.empty() ? 0 : *std::ranges::max_element(series);
+    }
+
+    static void ExpectEvents(const ReportCounts& counts, const ReportSort& sort, const ReportSeries& expected)
     {
         if (sort.series != nullptr)
         {
-            ExpectSame(counts.*sort.series, series, "the series of a sort");
+            ExpectSame(counts.*sort.series, expected, "a series");
+            ExpectSame(counts.*sort.total, std::accumulate(expected.begin(), expected.end(), 0U), "a total");
         }
     }
 
@@ -65,7 +83,11 @@ class ReportReader : public TextReader
         for (const std::wstring& part : Pieces(text, FileMark))
         {
             const std::wstring name = part.substr(0, part.find(TextMark));
-            const Entry entry{.name = name, .text = part.substr(std::min(part.size(), name.size() + 1))};
+            const std::wstring content = part.substr(std::min(part.size(), name.size() + 1));
+            const Entry entry{.name = name,
+                              .text = content,
+                              .isDirectory = content.starts_with(DirectoryMark),
+                              .isReadable = !content.starts_with(LockMark)};
             const auto isSame = [&](const Entry& other) { return IsSameName(other.name, entry.name); };
             if (!IsRefused(entry.name) && std::ranges::none_of(entries, isSame))
             {
@@ -78,13 +100,13 @@ class ReportReader : public TextReader
     const StandingClock m_clock;
 };
 
-const Registration<ReportReader>
-    Report({.name = "report",
-            .reads = "names and lines of the daily files that a report counts",
-            .inputs = 6'000,
-            .separators = L"\f\v\r\n|",
-            .words = L"20261121.VLG 20261120.SCG 20261118.SPG 20261115.UFG 20261121.ppg \f \v \r\n ||| ||||||||||||2 "
-                     L"||1||||||||||1 20260229.VLG 0x3"});
+const Registration<ReportReader> Report(
+    {.name = "report",
+     .reads = "names and lines of the daily files that a report counts",
+     .inputs = 6'000,
+     .separators = L"\f\v\r\n|",
+     .words = L"20261121.VLG 20261120.SCG 20261118.SPG 20261115.UFG 20261121.ppg \f \v \v/ \v! \r\n ||| ||||||||||||2 "
+              L"||1||||||||||1 20260229.VLG 0x3"});
 
 } // namespace
 

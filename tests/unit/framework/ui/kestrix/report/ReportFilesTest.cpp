@@ -5,6 +5,7 @@
 #include "tests/support/AllocationWatch.h"
 #include "tests/support/StandingClock.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/unit/framework/ui/kestrix/report/ReportFilesDouble.h"
 
 #include <gtest/gtest.h>
 
@@ -42,6 +43,33 @@ TEST_F(ReportFilesTest, FilesOfAllLogsAreReadWhateverTheCaseOfTheirNames)
     EXPECT_EQ(counts.m_nVirusTotal, 3u);
     EXPECT_EQ(counts.m_nWebTotal, 1u);
     EXPECT_EQ(counts.m_nGrandTotal, 4u);
+}
+
+TEST_F(ReportFilesTest, AFolderOnTheDiskCountsAsTheSameOneInMemory)
+{
+    ReportFilesDouble memory;
+    memory.m_arrEntry = {{L"20261121.VLG", L"one\r\ntwo\r\n" + std::wstring(3000, L'x') + L"\r\nnext\r\nno end"},
+                         {L"20261120.scg", L"||||||||||||2\r\n||||||||||||0\r\n"},
+                         {L"20261119.SPG", L"||0x1||||||||||1\r\n"},
+                         {.name = L"20261118.UFG", .text = {}, .isDirectory = true}};
+    for (const ReportFilesDouble::Entry& entry : memory.m_arrEntry)
+    {
+        if (entry.isDirectory)
+        {
+            std::filesystem::create_directory(m_folder.File(entry.name));
+        }
+        else
+        {
+            WriteUtf16(m_folder.File(entry.name), entry.text);
+        }
+    }
+    const ReportCounts onDisk = Collect();
+    const ReportCounts inMemory = CReportCollector(memory, 7, 1).Collect();
+    for (const ReportLineCounts& line : ReportLines())
+    {
+        EXPECT_EQ(onDisk.*line.series, inMemory.*line.series);
+    }
+    EXPECT_EQ(onDisk.m_nGrandTotal, 7u);
 }
 
 TEST_F(ReportFilesTest, AFileThatAnotherProgramHasLockedCountsNothing)

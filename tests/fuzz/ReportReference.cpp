@@ -1,4 +1,4 @@
-#include "tests/unit/framework/ui/kestrix/report/ReportReference.h"
+#include "tests/fuzz/ReportReference.h"
 
 #include "tests/support/Pieces.h"
 #include "tests/unit/framework/ui/kestrix/logs/reference/PlainLines.h"
@@ -8,6 +8,9 @@
 #include <cwchar>
 #include <optional>
 #include <string>
+
+namespace Fuzz
+{
 
 namespace
 {
@@ -124,3 +127,5 @@ std::vector<ReferenceLine> CountReport(const std::vector<Entry>& files, std::uin
     }
     return lines;
 }
+
+} // namespace Fuzz
