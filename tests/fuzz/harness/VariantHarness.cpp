@@ -39,9 +39,9 @@ struct Made
     std::optional<Framework::List> list;
 };
 
-// Makes an array of what the words say, one word an element: b, y, w, n, t, u and o are a BOOL, UI1, UI2, UI4, a text,
-// the null text and a text of odd bytes; v is a value of the type; a is an array of the type, with its counts; and what
-// stands in brackets is an array of variants, which may begin with its lower bound.
+// Makes an array of what the words say, one word an element: b, y, w, n, t, u and o are a BOOL, UI1, UI2, UI4, a text
+// with _ for blanks, the null text and a text of odd bytes; v is a value of the type; a is an array of the type, with
+// its counts; and what stands in brackets is an array of variants, which may begin with its lower bound.
 class ArrayMaker
 {
 public:
@@ -97,8 +97,12 @@ private:
             value = static_cast<std::uint16_t>(number);
             return Wire::Value(VT_UI2, number & 0xFFFF);
         case L't':
-            value = word.find(L'\0') == word.npos ? std::optional(std::wstring(word.substr(1))) : std::nullopt;
-            return Wire::Text(std::wstring(word.substr(1)));
+        {
+            std::wstring text(word.substr(1));
+            std::ranges::replace(text, L'_', L' ');
+            value = text.find(L'\0') == text.npos ? std::optional(text) : std::nullopt;
+            return Wire::Text(text);
+        }
         case L'u':
             value = std::wstring();
             return Wire::Value(VT_BSTR, 0);
@@ -145,15 +149,26 @@ private:
     std::wstring_view m_text;
 };
 
-// What a list becomes when it is written into an array and read again.
-bool ComesBack(const FwRuleList& rules)
+// The rule as the service has it.
+Framework::Value PlainRule(const FwRule& rule)
+{
+    const auto bytes = [](const auto& block) { return Framework::List(block.begin(), block.end()); };
+    return Framework::List{rule.bFlag0,           rule.nField1,          rule.strName,          rule.nField3,
+                           rule.strAppPath,       rule.nRuleType,        rule.nAction,          rule.nField7,
+                           rule.nField8,          rule.strSrcIP,         rule.strDstIP,         rule.nField11,
+                           rule.nField12,         rule.nField13,         bytes(rule.abField14), bytes(rule.abField15),
+                           rule.nProtocolType,    rule.nPortType,        rule.strPortList,      rule.bFlag19,
+                           bytes(rule.abField20), bytes(rule.abField21), bytes(rule.abField22)};
+}
+
+// What the service reads of the rules that the viewer writes.
+std::optional<Framework::List> Sent(const FwRuleList& rules)
 {
     ComPrfFwRules array;
-    FwRuleList again;
-    const bool isRead = array.CreateArray(static_cast<std::uint32_t>(rules.size())) && array.SetPrfFwRules(rules) &&
-                        array.GetPrfFwRules(again);
+    const bool isWritten = array.CreateArray(static_cast<std::uint32_t>(rules.size())) && array.SetPrfFwRules(rules);
+    std::optional<Framework::List> list = Framework::ReadArray(array.GetSafeArray());
     array.DestroyArray();
-    return isRead && again == rules;
+    return isWritten ? list : std::nullopt;
 }
 
 // Whether the blocks of bytes of each rule have their sizes. Elements of them that are no bytes read as zeros.
@@ -208,7 +223,9 @@ class VariantReader : public TextReader
         ComPrfFwRules wire;
         wire.Attach(array.Get());
         const bool isRead = wire.GetPrfFwRules(rules);
-        Expect(rules.empty() || ComesBack(rules), "the rules are others after they were written and read");
+        Framework::List plain;
+        std::ranges::transform(rules, std::back_inserter(plain), PlainRule);
+        Expect(rules.empty() || Sent(rules) == plain, "the service gets other rules");
         const std::optional<Framework::List> list = Framework::ReadArray(array.Get());
         Expect(list == made.list, "the list is another");
         if (!list)
@@ -218,7 +235,7 @@ class VariantReader : public TextReader
         ExpectSame(Framework::ReadArray(Framework::MakeArray(*list).get()) == list, true,
                    "whether the list comes back");
         const bool areRules = Framework::AreFirewallRules(*list);
-        Expect(!areRules || (isRead && rules.size() == list->size()), "the viewer does not read rules of the service");
+        Expect(!areRules || (isRead && plain == *list), "the viewer reads other rules than those of the service");
         Expect(!isRead || HasWholeBlocks(*list), "the viewer reads rules with blocks of another size");
         return 2 + isRead + 2 * areRules;
     }
@@ -230,7 +247,7 @@ const Registration<VariantReader> Variant(
      .inputs = 6'000,
      .separators = L" ",
      .words = L"( (7 (-1 ) b0 b-1 b1 y0 y255 w0 w1 w65535 n0 n7 n-1 t ttext u oodd a12 a17,16 a17,20 a8,3 a12,0 "
-              L"a12,2,2 a17,0 a19,4 a3,2 v0 v1 v3 v5 v9 v10 v13 tC:\\Program%Files\\a.exe t192.0.2.1"});
+              L"a12,2,2 a17,0 a19,4 a3,2 v0 v1 v3 v5 v9 v10 v13 tC:\\Program_Files\\a.exe t192.0.2.1"});
 
 } // namespace
 

@@ -3,8 +3,6 @@
 #include "common/DataConversion/Frwk_ComPrfFwRules.h"
 
 #include "tests/support/AllocationWatch.h"
-#include "tests/support/DebugScale.h"
-#include "tests/support/RandomFwRules.h"
 #include "tests/unit/common/DataConversion/FwRuleSample.h"
 #include "tests/unit/common/FrameworkValues.h"
 #include "tests/unit/common/WireText.h"
@@ -154,25 +152,6 @@ TEST_F(FirewallRules, ListThatThereIsNoMemoryForFailsWithoutAnException)
         EXPECT_FALSE(array.GetPrfFwRules(list));
     }
     EXPECT_TRUE(list.empty());
-}
-
-// The rules go with whatever they hold, so the fields that mean nothing here must come back bit for bit.
-TEST_F(FirewallRules, TenThousandRulesOfChanceComeBackBitForBit)
-{
-    constexpr std::uint32_t seed = 20261122;
-    std::printf("seed %u\n", seed);
-    RandomFwRules random(seed);
-    std::size_t left = Scaled(10'000);
-    constexpr std::size_t atOnce = 10; // the watch over the memory walks along its blocks
-    for (; left >= atOnce; left -= atOnce)
-    {
-        const FwRuleList list = random.List(atOnce);
-        const OwnedArray wire = Written(list);
-        FwRuleList back;
-        ASSERT_TRUE(ReadRules(wire, back));
-        ASSERT_EQ(back, list);
-    }
-    EXPECT_EQ(Errors(), NoTraces);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // The firewall log and the rules of the active profile: read all, decide, write all.
 
 #include "tests/support/DebugScale.h"
-#include "tests/support/RandomFwRules.h"
+#include "tests/unit/common/DataConversion/FwRuleSample.h"
 #include "tests/unit/framework/ui/kestrix/logs/FirewallRulesLogTest.h"
 
 namespace
@@ -119,7 +119,11 @@ TEST_F(ZPTLogPFWRulesTest, WithoutAProgramOrAServiceNoRuleBlocks)
 
 TEST_F(ZPTLogPFWRulesTest, FiveThousandRulesComeBackAsTheyAreAfterTheNewOne)
 {
-    m_service.m_rules = RandomFwRules(20261122).List(Scaled(5000));
+    while (m_service.m_rules.size() < Scaled(5000))
+    {
+        FwRule& rule = m_service.m_rules.emplace_back(SampleRule());
+        rule.strName = std::to_wstring(m_service.m_rules.size());
+    }
     FwRuleList expected = m_service.m_rules;
     expected.push_front(MadeRule(L"C:\\a.exe", L"a"));
     m_log.AddAllowRule();
