@@ -1,7 +1,6 @@
 #include "suite/framework/RuleText.h"
 
 #include "suite/framework/FirewallRules.h"
-#include "tests/unit/suite/framework/RandomRules.h"
 
 #include <gtest/gtest.h>
 
@@ -81,13 +80,6 @@ TEST(RuleTextTest, TheCommentTellsWhatEachColumnAndElementMayHold)
     {
         EXPECT_NE(text.find(line), text.npos) << line << text;
     }
-}
-
-TEST(RuleTextTest, WhateverIsPrintedIsLoadedElementByElement)
-{
-    const List rules = RandomRules(400, 17);
-    EXPECT_TRUE(AreFirewallRules(rules));
-    EXPECT_EQ(ParseRules(RulesText(rules)), rules);
 }
 
 TEST(RuleTextTest, APersonMayWriteNumbersNamesInAnyCaseCommentsAndEitherEndOfALine)
