@@ -21,7 +21,7 @@ using Clock = std::chrono::steady_clock;
 
 // Of the inputs from which others are made: small ones take less time, and say as much.
 constexpr std::size_t MostInputs = 2000;
-constexpr std::size_t MostUnits = 4096;
+constexpr std::size_t MostUnits = 2048;
 
 // Where the bytes of an input are left at which the program crashes, or that is read longer than any may take.
 fs::path CrashOf(const Harness& harness)
