@@ -75,7 +75,7 @@ void Mutator::ChangePiece(std::wstring& text, const std::wstring& other)
 {
     const auto [begin, length] = Piece(text);
     const auto [otherBegin, otherLength] = Piece(other);
-    switch (Below(10))
+    switch (Below(12))
     {
     case 0:
         text.erase(begin, length);
@@ -90,15 +90,19 @@ void Mutator::ChangePiece(std::wstring& text, const std::wstring& other)
         text.replace(begin, length, other.substr(otherBegin, otherLength));
         break;
     case 4:
-        text.insert(begin + Below(length + 1), Word());
-        break;
     case 5:
-        text.insert(begin + length, other.substr(otherBegin, 500));
+        text.replace(begin, length, Counterpart(text, begin));
         break;
     case 6:
-        if (OneIn(20))
+        text.insert(begin + Below(length + 1), Word());
+        break;
+    case 7:
+        text.insert(begin + length, other.substr(otherBegin, 500));
+        break;
+    case 8:
+        if (OneIn(4))
         {
-            text.insert(begin, LongRun + Below(100), UnitOfChance());
+            text.insert(begin, (LongRun >> Below(4)) + Below(100), UnitOfChance());
             break;
         }
         [[fallthrough]];
@@ -124,7 +128,7 @@ void Mutator::ChangeRange(std::wstring& text, const std::wstring& other)
         text.insert(begin, other.substr(from, Below(64)));
         break;
     case 3:
-        text.resize(begin);
+        text.erase(begin, OneIn(4) ? text.npos : text.find(L'\n', begin) - begin);
         break;
     case 4:
         text.insert(begin, 1 + Below(OneIn(20) ? 300 : 8), UnitOfChance());
@@ -158,14 +162,35 @@ void Mutator::ChangeNumber(std::wstring& bytes)
     }
 }
 
+// Each as likely as any other, however long it is: one begins after every separator.
 std::pair<std::size_t, std::size_t> Mutator::Piece(const std::wstring& text)
 {
-    const auto isSeparator = [this](wchar_t unit)
-    { return m_harness.separators.find(unit) != std::wstring_view::npos; };
-    const auto place = text.begin() + static_cast<std::ptrdiff_t>(Below(text.size() + 1));
-    const auto begin = std::find_if(std::make_reverse_iterator(place), text.rend(), isSeparator).base();
-    const auto end = std::find_if(place, text.end(), isSeparator);
-    return {static_cast<std::size_t>(begin - text.begin()), static_cast<std::size_t>(end - begin)};
+    std::size_t begin = Below(text.size() + 1);
+    while (begin > 0 && !IsSeparator(text[begin - 1]))
+    {
+        begin = Below(text.size() + 1);
+    }
+    const std::size_t end = text.find_first_of(m_harness.separators, begin);
+    return {begin, std::min(end, text.size()) - begin};
+}
+
+// The piece in the same place of another line, empty where that line has fewer.
+std::wstring Mutator::Counterpart(const std::wstring& text, std::size_t begin)
+{
+    const auto lineOf = [&text](std::size_t place) { return place == 0 ? 0 : text.rfind(L'\n', place - 1) + 1; };
+    const auto endOf = [&](std::size_t place)
+    { return std::min(text.find_first_of(m_harness.separators, place), text.size()); };
+    std::size_t place = lineOf(Below(text.size() + 1));
+    for (std::size_t before = lineOf(begin); endOf(before) < begin; before = endOf(before) + 1)
+    {
+        place = endOf(place);
+        if (place == text.size() || text[place] == L'\n')
+        {
+            return {};
+        }
+        ++place;
+    }
+    return text.substr(place, endOf(place) - place);
 }
 
 const std::wstring& Mutator::Word()

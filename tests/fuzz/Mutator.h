@@ -25,10 +25,13 @@ private:
     void ChangeRange(std::wstring& text, const std::wstring& other);
     void ChangeNumber(std::wstring& bytes);
     std::pair<std::size_t, std::size_t> Piece(const std::wstring& text); // where it begins, and its length
+    std::wstring Counterpart(const std::wstring& text, std::size_t begin);
     const std::wstring& Word();
     wchar_t UnitOfChance();
 
     std::size_t Below(std::size_t limit) { return m_random() % limit; }
+
+    bool IsSeparator(wchar_t unit) const { return m_harness.separators.find(unit) != std::wstring_view::npos; }
 
     bool OneIn(std::size_t count) { return Below(count) == 0; }
 
