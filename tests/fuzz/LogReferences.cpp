@@ -61,9 +61,10 @@ int NumberOrder(const std::wstring& first, const std::wstring& second)
 }
 
 // The field, empty where the record is shorter.
-std::wstring FieldOf(const Fields& record, std::size_t field)
+const std::wstring& FieldOf(const Fields& record, std::size_t field)
 {
-    return field < record.size() ? record[field] : std::wstring();
+    static const std::wstring none;
+    return field < record.size() ? record[field] : none;
 }
 
 // How a column is sorted: by which field, and by what of it.
@@ -100,7 +101,7 @@ constexpr SortKey SortKeys[] = {
 };
 
 // The text by which the virus log sorts its second column: the second action where there was one.
-std::wstring VirusOutcome(const Fields& record)
+const std::wstring& VirusOutcome(const Fields& record)
 {
     return FieldOf(record, 6).empty() ? FieldOf(record, 5) : FieldOf(record, 6);
 }
@@ -115,7 +116,48 @@ std::wstring Quoted(const std::wstring& field)
     return text + L"\"";
 }
 
-std::wstring ExportLine(std::uint32_t type, const Fields& record)
+} // namespace
+
+LogReference ReferenceOf(std::uint32_t type, bool fromDatabase, const CategoryService::Groups& groups)
+{
+    const std::map<std::uint32_t, LogReference> references{
+        {LogTypeVirus, VirusReference(fromDatabase)},
+        {LogTypeUpdate, UpdateReference()},
+        {LogTypeUrlFilter, UrlFilterReference(groups, L"first")},
+        {LogTypeFirewall, FirewallReference(LocalAddressOf(fromDatabase))},
+        {LogTypeTsc, CleanupReference(fromDatabase)},
+        {LogTypePrivacy, PrivacyReference()},
+        {LogTypePhishing, PhishingReference()},
+        {LogTypeVa, VulnerabilityReference()},
+        {LogTypeSpyware, SpywareReference(fromDatabase)},
+        {LogTypeVst, SuspiciousChangeReference()},
+        {LogTypeSystemTuner, TunerReference()},
+        {LogTypeScan, ScanReference()},
+        {LogTypeSkippedTask, SkippedTaskReference()}};
+    return references.at(type);
+}
+
+int PlainOrder(std::uint32_t type, const Fields& first, const Fields& second, std::size_t column, bool isUp)
+{
+    if (column >= first.size() || column >= second.size())
+    {
+        return 0;
+    }
+    // The log of the tuner sorts its second column downwards both times.
+    const bool isDown = !isUp || (type == LogTypeSystemTuner && column == 1);
+    const Fields& left = isDown ? second : first;
+    const Fields& right = isDown ? first : second;
+    if (type == LogTypeVirus && column == 1)
+    {
+        return OrderOf(VirusOutcome(left), VirusOutcome(right));
+    }
+    const auto isOfColumn = [&](const SortKey& key) { return key.type == type && key.column == column; };
+    const auto* const found = std::ranges::find_if(SortKeys, isOfColumn);
+    const SortKey key = found == std::end(SortKeys) ? SortKey{type, column, column} : *found;
+    return key.order(FieldOf(left, key.field), FieldOf(right, key.field));
+}
+
+std::wstring PlainExport(std::uint32_t type, const Fields& record)
 {
     Fields written;
     for (std::size_t i = 0; i < record.size(); ++i)
@@ -140,56 +182,6 @@ std::wstring ExportLine(std::uint32_t type, const Fields& record)
         line += (&field == written.data() ? L"" : L"\t") + Quoted(field);
     }
     return line + L"\r\n";
-}
-
-} // namespace
-
-LogReference ReferenceOf(std::uint32_t type, bool fromDatabase, const CategoryService::Groups& groups)
-{
-    const std::map<std::uint32_t, LogReference> references{{LogTypeVirus, VirusReference(fromDatabase)},
-                                                           {LogTypeUpdate, UpdateReference()},
-                                                           {LogTypeUrlFilter, UrlFilterReference(groups, L"first")},
-                                                           {LogTypeFirewall, FirewallReference(LocalAddress)},
-                                                           {LogTypeTsc, CleanupReference(fromDatabase)},
-                                                           {LogTypePrivacy, PrivacyReference()},
-                                                           {LogTypePhishing, PhishingReference()},
-                                                           {LogTypeVa, VulnerabilityReference()},
-                                                           {LogTypeSpyware, SpywareReference(fromDatabase)},
-                                                           {LogTypeVst, SuspiciousChangeReference()},
-                                                           {LogTypeSystemTuner, TunerReference()},
-                                                           {LogTypeScan, ScanReference()},
-                                                           {LogTypeSkippedTask, SkippedTaskReference()}};
-    return references.at(type);
-}
-
-int PlainOrder(std::uint32_t type, const Fields& first, const Fields& second, std::size_t column, bool isUp)
-{
-    if (column >= first.size() || column >= second.size())
-    {
-        return 0;
-    }
-    // The log of the tuner sorts its second column downwards both times.
-    const bool isDown = !isUp || (type == LogTypeSystemTuner && column == 1);
-    const Fields& left = isDown ? second : first;
-    const Fields& right = isDown ? first : second;
-    if (type == LogTypeVirus && column == 1)
-    {
-        return OrderOf(VirusOutcome(left), VirusOutcome(right));
-    }
-    const auto isOfColumn = [&](const SortKey& key) { return key.type == type && key.column == column; };
-    const auto* const found = std::ranges::find_if(SortKeys, isOfColumn);
-    const SortKey key = found == std::end(SortKeys) ? SortKey{type, column, column} : *found;
-    return key.order(FieldOf(left, key.field), FieldOf(right, key.field));
-}
-
-std::wstring PlainExport(std::uint32_t type, const std::vector<Fields>& records)
-{
-    std::wstring text;
-    for (const Fields& record : records)
-    {
-        text += ExportLine(type, record);
-    }
-    return text;
 }
 
 } // namespace Fuzz

@@ -10,9 +10,12 @@
 #include "tests/support/LanguageFile.h"
 #include "tests/support/ProviderDouble.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/unit/framework/ui/kestrix/logs/UpdateNumbers.h"
 #include "tests/unit/framework/ui/kestrix/logs/reference/PlainLines.h"
+#include "tests/unit/framework/ui/kestrix/logs/reference/PlainReaders.h"
 
 #include <algorithm>
+#include <set>
 
 namespace Fuzz
 {
@@ -20,34 +23,135 @@ namespace Fuzz
 namespace
 {
 
-constexpr std::size_t MostCompared = 6; // records, each with each
+constexpr std::size_t MostCompared = 3; // records that follow each other
+constexpr std::size_t MostShown = 6;
+constexpr std::size_t LinesOfText = 25; // of a sample
+constexpr std::size_t MostTokens = 16;  // of a line
+constexpr std::size_t MostTold = 30;    // of the count of records, by which inputs are told apart
 constexpr std::size_t Columns = 8;      // more than any list has
 
-// The first character of an input: a letter for each kind, a small one where the log is exported as well, which takes
-// longer than all else.
+// The first character of an input says the kind.
 constexpr wchar_t FirstKind = L'A';
-constexpr wchar_t FirstExported = L'a';
 
 const LogKind& KindOf(wchar_t letter)
 {
-    const int number = letter - (letter < FirstExported ? FirstKind : FirstExported);
-    return LogKinds()[static_cast<std::size_t>(number) % LogKinds().size()];
+    return LogKinds()[static_cast<std::size_t>(letter - FirstKind) % LogKinds().size()];
 }
 
-std::vector<Fields> FieldsOf(const std::vector<ExpectedRecord>& records)
+using Lines = std::vector<std::wstring>;
+
+std::wstring Joined(const std::vector<std::wstring>& tokens)
 {
-    std::vector<Fields> fields;
-    std::ranges::transform(records, std::back_inserter(fields), &ExpectedRecord::fields);
-    return fields;
+    std::wstring line;
+    for (const std::wstring& token : tokens)
+    {
+        line += (&token == tokens.data() ? L"" : L"|") + token;
+    }
+    return line;
 }
 
-// The text of the file after its first two lines.
-std::wstring WithoutHead(const std::wstring& text)
+// What each token of a good line is replaced by: nothing, numbers that sizes, signs and bases tell apart, a date,
+// escapes, what is no text, and a text that is longer than any room for one.
+const std::wstring AwkwardTokens[] = {L"",
+                                      L"0",
+                                      L"0x1",
+                                      L"-1",
+                                      L"258",
+                                      L"-4294967295",
+                                      L"1\xFF11",
+                                      L"2026/11/20",
+                                      L"%Ia%%\"%x%",
+                                      std::wstring(L"1\0002", 3),
+                                      std::wstring(600, L'x')};
+
+// The lines of the golden days of a kind, of both forms: with each token as every other line has it, with a zero in
+// front of each token, with each token awkward, and cut before each token.
+Lines DayLines(const LogKind& kind)
 {
-    return text.substr(text.find(L"\r\n", text.find(L"\r\n") + 2) + 2);
+    std::vector<std::vector<std::wstring>> days;
+    for (const std::string& name : GoldenDayFile::Names())
+    {
+        const GoldenDayFile day(name);
+        if (std::wstring(day.extension.begin(), day.extension.end()) == kind.extension)
+        {
+            std::ranges::transform(day.Lines(), std::back_inserter(days), &Plain::Tokens);
+        }
+    }
+    std::vector<std::vector<std::wstring>> replacements = days;
+    for (const std::wstring& token : AwkwardTokens)
+    {
+        replacements.emplace_back(MostTokens, token);
+    }
+    replacements.emplace_back(); // which cuts
+    Lines lines;
+    std::set<std::wstring> known;
+    for (const std::vector<std::wstring>& others : replacements)
+    {
+        for (const std::vector<std::wstring>& tokens : days)
+        {
+            for (std::size_t i = 0; i < tokens.size(); ++i)
+            {
+                std::vector<std::wstring> line = tokens;
+                i < others.size() ? void(line[i] = others[i]) : line.resize(i);
+                if (others == tokens)
+                {
+                    line[i].insert(0, 1, L'0');
+                }
+                if (known.insert(Joined(line)).second)
+                {
+                    lines.push_back(Joined(line));
+                }
+            }
+        }
+    }
+    return lines;
 }
 
-// Lines of a log of any kind, read by its class and by its reference. The first character of an input says the kind.
+// A line for each event and each error of an update.
+void AddUpdateCodes(Lines& lines)
+{
+    for (const UpdateEvent& event : UpdateEvents)
+    {
+        lines.push_back(L"|1030|" + std::to_wstring(event.group) + L"|" + std::to_wstring(event.code) + L"|1|0||");
+    }
+    for (const UpdateErrors& errors : EngineErrors)
+    {
+        for (const std::uint32_t code : errors.codes)
+        {
+            const std::wstring number = std::to_wstring(static_cast<std::int32_t>(code));
+            lines.push_back(L"|1030|||11|" + number + L"||");
+            lines.push_back(L"|1030|||13|" + number + L"||"); // of the product
+        }
+    }
+}
+
+// A line for each reason of the firewall, and for each type of the messages of two protocols.
+void AddFirewallCodes(Lines& lines)
+{
+    for (int code = 0; code < 155; ++code)
+    {
+        const std::wstring number = std::to_wstring(code);
+        lines.push_back(L"|10|" + number + L"|||||||||||||");
+        lines.push_back(L"|4||||1||||||" + number + L"||||");
+        lines.push_back(L"|4||||58||||||" + number + L"||||");
+    }
+}
+
+Lines LinesOfKind(const LogKind& kind)
+{
+    Lines lines = DayLines(kind);
+    if (kind.type == LogTypeUpdate)
+    {
+        AddUpdateCodes(lines);
+    }
+    else if (kind.type == LogTypeFirewall)
+    {
+        AddFirewallCodes(lines);
+    }
+    return lines;
+}
+
+// Lines of a log of any kind, read by its class and by its reference.
 class LogReader : private WithCategoryService, public TextReader
 {
 protected:
@@ -58,28 +162,22 @@ private:
     virtual void Load(CZPTLogBase& log, const std::wstring& extension, std::wstring_view text) = 0;
 
     // The lines that the class is given of the text.
-    virtual std::vector<std::wstring> LinesOf(std::wstring_view text) const = 0;
+    virtual Lines LinesOf(std::wstring_view text) const = 0;
 
+    // The lines of each kind, dealt out to texts one by one.
     std::vector<std::wstring> Samples() const override
     {
         std::vector<std::wstring> texts;
-        for (const std::string& name : GoldenDayFile::Names())
-        {
-            const GoldenDayFile day(name);
-            const std::wstring extension(day.extension.begin(), day.extension.end());
-            const auto kind = std::ranges::find(LogKinds(), extension, &LogKind::extension);
-            const wchar_t first = day.isFromDatabase == m_bFromDatabase ? FirstKind : FirstExported;
-            std::wstring text(1, static_cast<wchar_t>(first + (kind - LogKinds().begin())));
-            for (const std::wstring& line : day.Lines())
-            {
-                text += line + L"\r\n";
-            }
-            texts.push_back(text);
-        }
         for (std::size_t kind = 0; kind < LogKinds().size(); ++kind)
         {
-            texts.push_back(static_cast<wchar_t>(FirstKind + kind) +
-                            std::wstring(L"|||||||\n|||||||\n")); // short lines
+            const Lines lines = LinesOfKind(LogKinds()[kind]);
+            const std::size_t first = texts.size();
+            const std::size_t count = lines.size() / LinesOfText + 1;
+            texts.resize(first + count, std::wstring(1, static_cast<wchar_t>(FirstKind + kind)));
+            for (std::size_t i = 0; i < lines.size(); ++i)
+            {
+                texts[first + i % count] += lines[i] + (m_bFromDatabase && i % 3 != 0 ? L"\n" : L"\r\n");
+            }
         }
         return texts;
     }
@@ -91,40 +189,50 @@ private:
             return 0;
         }
         const LogKind& kind = KindOf(text.front());
-        const bool isExported = text.front() >= FirstExported;
         text.remove_prefix(1);
-        CZPTLogURL().PutRecode(L"||||||first|", CZPTLogBase::AnyLine); // its last address goes from one log to the next
-        const std::vector<ExpectedRecord> expected = Expected(kind.type, text);
+        if (kind.type == LogTypeUrlFilter)
+        {
+            CZPTLogURL().PutRecode(L"||||||first|", CZPTLogBase::AnyLine); // the address goes from one log to the next
+        }
         const std::unique_ptr<CZPTLogBase> log = CreateLog(kind.type);
         log->m_bUseDBMgr = m_bFromDatabase;
-        log->SetLocalAddress(LocalAddress);
+        log->SetLocalAddress(LocalAddressOf(m_bFromDatabase));
         log->SetInfoDialog(&m_pane);
-        Load(*log, std::wstring(kind.extension), text);
+        const std::vector<ExpectedRecord> expected = ReadLines(*log, kind, text);
         ExpectRecords(*log, expected);
         ExpectOrder(*log, kind, expected);
-        if (isExported)
-        {
-            ExpectExport(*log, kind.type, expected);
-        }
+        ExpectExport(*log, kind.type, expected);
         ShowAll(*log);
-        // Lines of a day of the other harness may be refused from the first on.
-        return 1 + 1000 * kind.type + (expected.empty() ? 0 : 10 * expected.size() + expected.back().icon);
+        return 1 + 1000 * kind.type +
+               (expected.empty() ? 0 : 10 * std::min(expected.size(), MostTold) + expected.back().icon);
     }
 
-    std::vector<ExpectedRecord> Expected(std::uint32_t type, std::wstring_view text) const
+    // Reads the text up to its first bad line, and the lines after it one by one: a log goes on with another day, and
+    // keeps what a line that it refused has left. Returns the records that the lines should become.
+    std::vector<ExpectedRecord> ReadLines(CZPTLogBase& log, const LogKind& kind, std::wstring_view text)
     {
-        const LogReference reference = ReferenceOf(type, m_bFromDatabase, m_service.Offered());
-        std::vector<ExpectedRecord> records;
+        const LogReference reference = ReferenceOf(kind.type, m_bFromDatabase, m_service.Offered());
+        std::vector<ExpectedRecord> expected;
+        Load(log, std::wstring(kind.extension), text);
+        bool isRead = true;
         for (const std::wstring& line : LinesOf(text))
         {
             const std::optional<ExpectedRecord> record = reference(line);
-            if (!record)
+            if (record)
             {
-                break;
+                expected.push_back(*record);
             }
-            records.push_back(*record);
+            if (isRead)
+            {
+                isRead = record.has_value();
+            }
+            else
+            {
+                ExpectSame(log.PutRecode(line, CZPTLogBase::AnyLine), record.has_value(),
+                           "whether a line after a bad one is good");
+            }
         }
-        return records;
+        return expected;
     }
 
     void ExpectRecords(const CZPTLogBase& log, const std::vector<ExpectedRecord>& expected) const
@@ -139,35 +247,41 @@ private:
         }
     }
 
+    // Each record with itself and with those after it.
     void ExpectOrder(const CZPTLogBase& log, const LogKind& kind, const std::vector<ExpectedRecord>& records) const
     {
         const auto sign = [](int order) { return (order > 0) - (order < 0); };
-        const std::size_t count = std::min(records.size(), MostCompared);
-        for (std::size_t place = 0; place < count * count * static_cast<std::size_t>(kind.lastColumn + 1); ++place)
+        for (std::size_t column = 0; column <= static_cast<std::size_t>(kind.lastColumn); ++column)
         {
-            const std::size_t first = place % count;
-            const std::size_t second = place / count % count;
-            const std::size_t column = place / count / count;
-            for (const bool isUp : {true, false})
+            std::vector<int> found;
+            std::vector<int> expected;
+            for (std::size_t pair = 0; pair < MostCompared * records.size(); ++pair)
             {
-                const PFNLVCOMPARE compare = isUp ? log.m_pfnCompareUp : log.m_pfnCompareDn;
-                const int order =
-                    compare(reinterpret_cast<LPARAM>(log.GetLogRecord(first)),
-                            reinterpret_cast<LPARAM>(log.GetLogRecord(second)), static_cast<LPARAM>(column));
-                ExpectSame(sign(order),
-                           PlainOrder(kind.type, records[first].fields, records[second].fields, column, isUp),
-                           "the order of records " + std::to_string(first) + " and " + std::to_string(second) +
-                               " by column " + std::to_string(column));
+                const std::size_t first = pair / MostCompared;
+                const std::size_t second = std::min(first + pair % MostCompared, records.size() - 1);
+                for (const bool isUp : {true, false})
+                {
+                    const PFNLVCOMPARE compare = isUp ? log.m_pfnCompareUp : log.m_pfnCompareDn;
+                    found.push_back(
+                        sign(compare(reinterpret_cast<LPARAM>(log.GetLogRecord(first)),
+                                     reinterpret_cast<LPARAM>(log.GetLogRecord(second)), static_cast<LPARAM>(column))));
+                    expected.push_back(
+                        PlainOrder(kind.type, records[first].fields, records[second].fields, column, isUp));
+                }
             }
+            ExpectSame(found, expected,
+                       "the orders of each record, up and down, with itself and those after it by column " +
+                           std::to_string(column));
         }
     }
 
     void ExpectExport(CZPTLogBase& log, std::uint32_t type, const std::vector<ExpectedRecord>& records) const
     {
-        const std::wstring path = m_folder.File(L"export.csv");
-        std::uint32_t error = 0;
-        Expect(log.ExportLog(path, type, L"date", LocalAddress, &error), "the export fails");
-        ExpectSame(WithoutHead(ReadUtf16(path)), PlainExport(type, FieldsOf(records)), "the lines of the export");
+        for (std::size_t i = 0; i < records.size(); i += 3)
+        {
+            ExpectSame(log.ExportLine(*log.GetLogRecord(i), false), PlainExport(type, records[i].fields),
+                       "the exported line of record " + std::to_string(i));
+        }
     }
 
     // What the page asks for, after all else, since it may complete a record. A record that is shorter than its class
@@ -175,7 +289,7 @@ private:
     void ShowAll(CZPTLogBase& log)
     {
         log.SetInfoLabel();
-        for (std::size_t i = 0; i < std::min(log.GetLogCount(), MostCompared); ++i)
+        for (std::size_t i = 0; i < std::min(log.GetLogCount(), MostShown); ++i)
         {
             try
             {
@@ -194,7 +308,6 @@ private:
 
     const bool m_bFromDatabase;
     const LanguageFile m_language;
-    const TemporaryFolder m_folder;
     InfoPaneDouble m_pane;
 };
 
@@ -211,7 +324,7 @@ private:
         Expect(log.ReadLogW(path), "the file cannot be read");
     }
 
-    std::vector<std::wstring> LinesOf(std::wstring_view text) const override { return Plain::Lines(text); }
+    Lines LinesOf(std::wstring_view text) const override { return Plain::Lines(text); }
 
     const TemporaryFolder m_folder;
 };
@@ -238,19 +351,28 @@ private:
         log.m_pIDBManagerProvider = nullptr;
     }
 
-    // A line may have anything in it but the line feed at which the input is cut, and may be empty.
-    std::vector<std::wstring> LinesOf(std::wstring_view text) const override { return Pieces(text, L'\n'); }
+    // A line may have anything in it but the line feed at which the input is cut, and may be empty. Its end stays with
+    // it where it has both characters.
+    Lines LinesOf(std::wstring_view text) const override
+    {
+        Lines lines = Pieces(text, L'\n');
+        for (std::wstring& line : lines)
+        {
+            line += line.ends_with(L'\r') ? L"\n" : L"";
+        }
+        return lines;
+    }
 };
 
 const Registration<DayFileReader> DayFile({.name = "dayfile",
                                            .reads = "daily files of every kind: records, order of columns, export",
-                                           .inputs = 2'000,
+                                           .inputs = 1'500,
                                            .separators = L"|\r\n",
                                            .words = LogWords});
 
 const Registration<ProviderReader> Provider({.name = "provider",
                                              .reads = "records of every kind as the database library answers",
-                                             .inputs = 2'000,
+                                             .inputs = 2'500,
                                              .separators = L"|\r\n",
                                              .words = LogWords});
 
