@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/support/CategoryService.h"
-#include "tests/support/HostileDay.h"
+#include "tests/unit/framework/ui/kestrix/logs/reference/LogReference.h"
 
 #include <cstdint>
 #include <string>

@@ -1,7 +1,6 @@
 #include "framework/ui/kestrix/logs/ZPTLogPVY.h"
 
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
-#include "tests/unit/framework/ui/kestrix/logs/reference/PrivacyReference.h"
 
 using ZPTLogPVYTest = LogClassTest<CZPTLogPVY>;
 
@@ -84,14 +83,4 @@ TEST_F(ZPTLogPVYTest, WithoutARecordOrAPageNothingIsShown)
 TEST_F(ZPTLogPVYTest, TheExportHasFourLabels)
 {
     ExpectExportLabels({Text(432), Text(433), Text(38), WithoutColons(434)});
-}
-
-TEST_F(ZPTLogPVYTest, AHostileDay)
-{
-    ExpectHostileDay(m_log, PrivacyReference(),
-                     {.tokens = 8,
-                      .values = {{2, {L"1", L"2", L"3"}},
-                                 {5, {L"0", L"101", L"5"}},
-                                 {6, {L"a%Ib", L"50%%", L"%", L"%x"}},
-                                 {7, {L"c%I", L"%%"}}}});
 }

@@ -3,7 +3,6 @@
 #include "resource/WebAndTaskTexts.h"
 #include "tests/support/ChangedLanguageFile.h"
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
-#include "tests/unit/framework/ui/kestrix/logs/reference/PhishingReference.h"
 
 using ZPTLogPhishTest = LogClassTest<CZPTLogPhish>;
 
@@ -153,13 +152,4 @@ TEST_F(ZPTLogPhishTest, WithoutARecordOrAPageNothingIsShown)
 TEST_F(ZPTLogPhishTest, TheExportHasFiveLabels)
 {
     ExpectExportLabels({Text(376), Text(420), Text(355), WithoutColons(57), WithoutColons(1318)});
-}
-
-TEST_F(ZPTLogPhishTest, AHostileDay)
-{
-    ExpectHostileDay(m_log, PhishingReference(),
-                     {.tokens = 8,
-                      .values = {{3, {L"80", L"0x80", L"10", L"128", L" 80", L"-FFFFFF80"}},
-                                 {6, {L"01", L"97", L"99", L"42"}},
-                                 {7, {L"", L"L0", L"L1", L"L2", L"WR", L"L9"}}}});
 }

@@ -1,7 +1,6 @@
 #include "framework/ui/kestrix/logs/ZPTLogScan.h"
 
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
-#include "tests/unit/framework/ui/kestrix/logs/reference/ScanReference.h"
 
 using ZPTLogScanTest = LogClassTest<CZPTLogScan>;
 
@@ -66,9 +65,4 @@ TEST_F(ZPTLogScanTest, TheExportHasTenLabelsOfWhichFiveAreTheSameInAllLanguages)
     ExpectExportLabels({Text(479), WithoutColons(84), WithoutColons(87), Text(85), L"MXAPI Engine Version",
                         WithoutColons(220), L"GRAPI Engine Version", L"GRAPI Da6 Version", L"Rqe Engine Version",
                         L"Rqe Pattern Version"});
-}
-
-TEST_F(ZPTLogScanTest, AHostileDay)
-{
-    ExpectHostileDay(m_log, ScanReference(), {.tokens = 13, .values = {{6, {L"0", L"1", L"2", L"3", L"4", L"5"}}}});
 }

@@ -1,7 +1,6 @@
 #include "framework/ui/kestrix/logs/ZPTLogSkipTask.h"
 
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
-#include "tests/unit/framework/ui/kestrix/logs/reference/SkippedTaskReference.h"
 
 using ZPTLogSkipTaskTest = LogClassTest<CZPTLogSkipTask>;
 
@@ -59,11 +58,4 @@ TEST_F(ZPTLogSkipTaskTest, WithoutARecordOrAPageNothingIsShown)
 TEST_F(ZPTLogSkipTaskTest, TheExportHasThreeLabels)
 {
     ExpectExportLabels({Text(39), Text(227), WithoutColons(229)});
-}
-
-TEST_F(ZPTLogSkipTaskTest, AHostileDay)
-{
-    ExpectHostileDay(
-        m_log, SkippedTaskReference(),
-        {.tokens = 6, .values = {{4, {L"0", L"1", L"2", L"3"}}, {5, {L"0", L"1", L"2", L"0", L"1", L"2", L"3"}}}});
 }

@@ -1,7 +1,6 @@
 #include "framework/ui/kestrix/logs/ZPTLogTSC.h"
 
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
-#include "tests/unit/framework/ui/kestrix/logs/reference/CleanupReference.h"
 
 using ZPTLogTSCTest = LogClassTest<CZPTLogTSC>;
 
@@ -71,15 +70,4 @@ TEST_F(ZPTLogTSCTest, WithoutARecordOrAPageNothingIsShown)
 TEST_F(ZPTLogTSCTest, TheExportHasFourLabels)
 {
     ExpectExportLabels({Text(376), Text(81), Text(38), WithoutColons(89)});
-}
-
-TEST_F(ZPTLogTSCTest, AHostileDayOfTheDatabase)
-{
-    ExpectHostileDay(m_log, CleanupReference(true), {.tokens = 5, .values = {{3, {L"0", L"1", L"2"}}}});
-}
-
-TEST_F(ZPTLogTSCTest, AHostileDayOfAFile)
-{
-    UseFiles();
-    ExpectHostileDay(m_log, CleanupReference(false), {.tokens = 5, .values = {{3, {L"0", L"1", L"2"}}}});
 }

@@ -4,7 +4,6 @@
 #include "tests/support/DebugScale.h"
 #include "tests/support/TraceRecorder.h"
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
-#include "tests/unit/framework/ui/kestrix/logs/reference/UrlFilterReference.h"
 
 namespace
 {
@@ -213,16 +212,4 @@ TEST_F(ZPTLogURLTest, TheGroupsBeforeOneThatCannotBeReadCount)
     m_service.AnswerGroupsAndOneOfNumbers({{L"1", L"one"}});
     EXPECT_EQ(CategoryOf(L"1"), L"one");
     EXPECT_EQ(CategoryOf(L"2"), Text(339));
-}
-
-TEST_F(ZPTLogURLTest, AHostileDay)
-{
-    CZPTLogURL before;
-    ASSERT_TRUE(before.PutRecode(L"||||||first|", CZPTLogBase::AnyLine));
-    LineShape shape{.tokens = 8, .values = {{5, {L"0", L"1", L"2"}}, {6, {L"", L"a", L"a%Ib", L"%%", L"%x", L"%"}}}};
-    for (const auto& [key, name] : m_service.Offered())
-    {
-        shape.values[7].push_back(key);
-    }
-    ExpectHostileDay(m_log, UrlFilterReference(m_service.Offered(), L"first"), shape);
 }

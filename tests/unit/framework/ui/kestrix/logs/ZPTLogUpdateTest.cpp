@@ -3,7 +3,6 @@
 #include "tests/support/TraceRecorder.h"
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
 #include "tests/unit/framework/ui/kestrix/logs/UpdateNumbers.h"
-#include "tests/unit/framework/ui/kestrix/logs/reference/UpdateReference.h"
 
 namespace
 {
@@ -192,20 +191,4 @@ TEST_F(ZPTLogUpdateTest, WithoutARecordOrAPageNothingIsShown)
 TEST_F(ZPTLogUpdateTest, TheExportHasFiveLabels)
 {
     ExpectExportLabels({Text(591), Text(592), Text(593), Text(595), Text(596)});
-}
-
-TEST_F(ZPTLogUpdateTest, AHostileDay)
-{
-    LineShape shape{.tokens = 8,
-                    .values = {{2, {L"1", L"2", L"3", L"4", L"5", L"6", L"7", L"8"}},
-                               {4, {L"1", L"2", L"3", L"5", L"11", L"11", L"13"}}}};
-    for (const UpdateEvent& event : UpdateEvents)
-    {
-        shape.values[3].push_back(Number(event.code));
-    }
-    for (const UpdateErrors& errors : EngineErrors)
-    {
-        std::ranges::transform(errors.codes, std::back_inserter(shape.values[5]), &Number);
-    }
-    ExpectHostileDay(m_log, UpdateReference(), shape);
 }

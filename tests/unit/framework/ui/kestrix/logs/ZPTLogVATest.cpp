@@ -1,7 +1,6 @@
 #include "framework/ui/kestrix/logs/ZPTLogVA.h"
 
 #include "tests/unit/framework/ui/kestrix/logs/LogClassTest.h"
-#include "tests/unit/framework/ui/kestrix/logs/reference/VulnerabilityReference.h"
 
 using ZPTLogVATest = LogClassTest<CZPTLogVA>;
 
@@ -78,14 +77,4 @@ TEST_F(ZPTLogVATest, WithoutARecordOrAPageNothingIsShown)
 TEST_F(ZPTLogVATest, TheExportHasFiveLabels)
 {
     ExpectExportLabels({Text(39), Text(589), Text(330), Text(346), Text(590)});
-}
-
-TEST_F(ZPTLogVATest, AHostileDay)
-{
-    ExpectHostileDay(m_log, VulnerabilityReference(),
-                     {.tokens = 6,
-                      .values = {{2, {L"", L"name", L"name"}},
-                                 {3, {L"0", L"1", L"2", L"3", L"4", L"5"}},
-                                 {4, {L"0", L"1", L"2", L"3"}},
-                                 {5, {L"", L"solution"}}}});
 }

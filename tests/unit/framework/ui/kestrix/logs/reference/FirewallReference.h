@@ -1,8 +1,10 @@
 #pragma once
 
-#include "tests/support/HostileDay.h"
 #include "tests/support/LanguageFile.h"
+#include "tests/unit/framework/ui/kestrix/logs/reference/LogReference.h"
 #include "tests/unit/framework/ui/kestrix/logs/reference/PlainReaders.h"
+
+#include <map>
 
 // The firewall log, line by line. Texts are given by their numbers.
 class FirewallReference

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tests/support/HostileDay.h"
 #include "tests/support/LanguageFile.h"
+#include "tests/unit/framework/ui/kestrix/logs/reference/LogReference.h"
 #include "tests/unit/framework/ui/kestrix/logs/reference/PlainReaders.h"
 
 // The log of skipped tasks, line by line. Texts are given by their numbers.

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tests/support/HostileDay.h"
 #include "tests/support/LanguageFile.h"
 #include "tests/unit/framework/ui/kestrix/logs/UpdateNumbers.h"
+#include "tests/unit/framework/ui/kestrix/logs/reference/LogReference.h"
 #include "tests/unit/framework/ui/kestrix/logs/reference/PlainReaders.h"
 
 // The update log, line by line. Texts are given by their numbers.
