@@ -95,17 +95,12 @@ constexpr std::wstring_view HostileTokens[] = {
     L"\x3000"sv,
 };
 
-// What stands for the text in an input.
-std::wstring InUnits(std::wstring_view text, Form form)
-{
-    return form == Form::Utf16 ? std::wstring(text) : UnitsOf(Framework::Narrow(text), form);
-}
-
 } // namespace
 
 Mutator::Mutator(const Harness& harness, std::uint32_t seed) : m_harness(harness), m_random(seed)
 {
-    const auto inUnits = [&](std::wstring_view text) { return InUnits(text, harness.form); };
+    const auto inUnits = [&](std::wstring_view text)
+    { return harness.form == Form::Utf16 ? std::wstring(text) : UnitsOf(Framework::Narrow(text), harness.form); };
     std::ranges::transform(Pieces(harness.words, L' '), std::back_inserter(m_words), inUnits);
     std::ranges::transform(HostileTokens, std::back_inserter(m_hostileTokens), inUnits);
 }
@@ -130,24 +125,12 @@ std::wstring Mutator::Next(const std::vector<std::wstring>& inputs)
 
 void Mutator::ChangeOnce(std::wstring& text, const std::wstring& other)
 {
-    if (m_harness.form != Form::Bytes && !OneIn(4))
+    if (m_harness.form != Form::Utf16 && OneIn(m_harness.form == Form::Bytes ? 2 : 8))
     {
-        ChangePiece(text, other);
+        return ChangeNumber(text);
     }
-    else if (m_harness.form != Form::Utf16 && OneIn(2))
-    {
-        ChangeNumber(text);
-    }
-    else
-    {
-        ChangeRange(text, other);
-    }
-}
-
-void Mutator::ChangePiece(std::wstring& text, const std::wstring& other)
-{
-    const auto [begin, length] = Piece(text);
-    const auto [otherBegin, otherLength] = Piece(other);
+    const auto [begin, length] = Part(text);
+    const auto [from, count] = Part(other);
     switch (Below(12))
     {
     case 0:
@@ -160,57 +143,29 @@ void Mutator::ChangePiece(std::wstring& text, const std::wstring& other)
         text.insert(begin, text.substr(begin, length + 1));
         break;
     case 3:
-        text.replace(begin, length, other.substr(otherBegin, otherLength));
+        text.replace(begin, length, other.substr(from, count));
         break;
     case 4:
+        text.insert(begin + length, other.substr(from, 500));
+        break;
     case 5:
+    case 6:
         text.replace(begin, length, Counterpart(text, begin));
         break;
-    case 6:
-        text.insert(begin + Below(length + 1), Word());
-        break;
     case 7:
-        text.insert(begin + length, other.substr(otherBegin, 500));
-        break;
-    case 8:
-        if (OneIn(4))
-        {
-            text.insert(begin, (LongRun >> Below(4)) + Below(100), UnitOfChance());
-            break;
-        }
-        [[fallthrough]];
-    default:
-        text.replace(begin, length, Word());
-    }
-}
-
-void Mutator::ChangeRange(std::wstring& text, const std::wstring& other)
-{
-    const std::size_t begin = Below(text.size() + 1);
-    const std::size_t length = Below(std::min<std::size_t>(text.size() - begin, OneIn(4) ? text.size() : 8) + 1);
-    const std::size_t from = Below(other.size() + 1);
-    switch (Below(7))
-    {
-    case 0:
-        text.erase(begin, length);
-        break;
-    case 1:
-        text.insert(Below(text.size() + 1), text.substr(begin, length));
-        break;
-    case 2:
-        text.insert(begin, other.substr(from, Below(64)));
-        break;
-    case 3:
         text.erase(begin, OneIn(4) ? text.npos : text.find(L'\n', begin) - begin);
         break;
-    case 4:
-        text.insert(begin, 1 + Below(OneIn(20) ? 300 : 8), UnitOfChance());
+    case 8:
+        text.insert(begin, OneIn(8) ? (LongRun >> Below(4)) + Below(100) : 1 + Below(8), UnitOfChance());
+        break;
+    case 9:
+        text.replace(begin, 1, 1, UnitOfChance());
+        break;
+    case 10:
+        text.insert(begin + Below(length + 1), Word());
         break;
     default:
-        if (begin < text.size())
-        {
-            text[begin] = UnitOfChance();
-        }
+        text.replace(begin, length, Word());
     }
 }
 
@@ -235,10 +190,14 @@ void Mutator::ChangeNumber(std::wstring& bytes)
     }
 }
 
-// Each as likely as any other, however long it is: one begins after every separator.
-std::pair<std::size_t, std::size_t> Mutator::Piece(const std::wstring& text)
+// Mostly a piece, each as likely as any other, however long it is: one begins after every separator.
+std::pair<std::size_t, std::size_t> Mutator::Part(const std::wstring& text)
 {
     std::size_t begin = Below(text.size() + 1);
+    if (m_harness.form == Form::Bytes || OneIn(4))
+    {
+        return {begin, Below(std::min<std::size_t>(text.size() - begin, OneIn(4) ? text.size() : 8) + 1)};
+    }
     while (begin > 0 && !IsSeparator(text[begin - 1]))
     {
         begin = Below(text.size() + 1);

@@ -21,10 +21,8 @@ public:
 
 private:
     void ChangeOnce(std::wstring& text, const std::wstring& other);
-    void ChangePiece(std::wstring& text, const std::wstring& other);
-    void ChangeRange(std::wstring& text, const std::wstring& other);
     void ChangeNumber(std::wstring& bytes);
-    std::pair<std::size_t, std::size_t> Piece(const std::wstring& text); // where it begins, and its length
+    std::pair<std::size_t, std::size_t> Part(const std::wstring& text); // where it begins, and its length
     std::wstring Counterpart(const std::wstring& text, std::size_t begin);
     const std::wstring& Word();
     wchar_t UnitOfChance();
