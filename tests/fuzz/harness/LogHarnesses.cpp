@@ -10,7 +10,6 @@
 #include "tests/support/LanguageFile.h"
 #include "tests/support/ProviderDouble.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/unit/framework/ui/kestrix/logs/UpdateNumbers.h"
 #include "tests/unit/framework/ui/kestrix/logs/reference/PlainLines.h"
 #include "tests/unit/framework/ui/kestrix/logs/reference/PlainReaders.h"
 
@@ -83,8 +82,7 @@ Lines DayLines(const LogKind& kind)
         replacements.emplace_back(MostTokens, token);
     }
     replacements.emplace_back(); // which cuts
-    Lines lines;
-    std::set<std::wstring> known;
+    std::set<std::wstring> lines;
     for (const std::vector<std::wstring>& others : replacements)
     {
         for (const std::vector<std::wstring>& tokens : days)
@@ -97,58 +95,11 @@ Lines DayLines(const LogKind& kind)
                 {
                     line[i].insert(0, 1, L'0');
                 }
-                if (known.insert(Joined(line)).second)
-                {
-                    lines.push_back(Joined(line));
-                }
+                lines.insert(Joined(line));
             }
         }
     }
-    return lines;
-}
-
-// A line for each event and each error of an update.
-void AddUpdateCodes(Lines& lines)
-{
-    for (const UpdateEvent& event : UpdateEvents)
-    {
-        lines.push_back(L"|1030|" + std::to_wstring(event.group) + L"|" + std::to_wstring(event.code) + L"|1|0||");
-    }
-    for (const UpdateErrors& errors : EngineErrors)
-    {
-        for (const std::uint32_t code : errors.codes)
-        {
-            const std::wstring number = std::to_wstring(static_cast<std::int32_t>(code));
-            lines.push_back(L"|1030|||11|" + number + L"||");
-            lines.push_back(L"|1030|||13|" + number + L"||"); // of the product
-        }
-    }
-}
-
-// A line for each reason of the firewall, and for each type of the messages of two protocols.
-void AddFirewallCodes(Lines& lines)
-{
-    for (int code = 0; code < 155; ++code)
-    {
-        const std::wstring number = std::to_wstring(code);
-        lines.push_back(L"|10|" + number + L"|||||||||||||");
-        lines.push_back(L"|4||||1||||||" + number + L"||||");
-        lines.push_back(L"|4||||58||||||" + number + L"||||");
-    }
-}
-
-Lines LinesOfKind(const LogKind& kind)
-{
-    Lines lines = DayLines(kind);
-    if (kind.type == LogTypeUpdate)
-    {
-        AddUpdateCodes(lines);
-    }
-    else if (kind.type == LogTypeFirewall)
-    {
-        AddFirewallCodes(lines);
-    }
-    return lines;
+    return {lines.begin(), lines.end()};
 }
 
 // Lines of a log of any kind, read by its class and by its reference.
@@ -170,7 +121,7 @@ private:
         std::vector<std::wstring> texts;
         for (std::size_t kind = 0; kind < LogKinds().size(); ++kind)
         {
-            const Lines lines = LinesOfKind(LogKinds()[kind]);
+            const Lines lines = DayLines(LogKinds()[kind]);
             const std::size_t first = texts.size();
             const std::size_t count = lines.size() / LinesOfText + 1;
             texts.resize(first + count, std::wstring(1, static_cast<wchar_t>(FirstKind + kind)));
