@@ -30,7 +30,7 @@ public:
     GuardedBlock& operator=(const GuardedBlock&) = delete;
 
     // A copy of the bytes that ends where the page begins, valid until the next call. Throws std::length_error for more
-    // than 2 MB.
+    // than 8 MB.
     std::string_view Put(std::string_view bytes)
     {
         if (bytes.size() > Room)
@@ -44,7 +44,7 @@ public:
 
 private:
     static constexpr std::size_t PageSize = 4096;
-    static constexpr std::size_t Room = 512 * PageSize;
+    static constexpr std::size_t Room = 2048 * PageSize;
 
     char* const m_pages = static_cast<char*>(VirtualAlloc(nullptr, Room + PageSize, MEM_RESERVE, PAGE_NOACCESS));
 };

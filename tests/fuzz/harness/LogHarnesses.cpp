@@ -50,7 +50,7 @@ std::wstring Joined(const std::vector<std::wstring>& tokens)
 }
 
 // What each token of a good line is replaced by: nothing, numbers that sizes, signs and bases tell apart, a date,
-// escapes, what is no text, and a text that is longer than any room for one.
+// escapes, what is no text, bars, and a text that is longer than any room for one.
 const std::wstring AwkwardTokens[] = {L"",
                                       L"0",
                                       L"0x1",
@@ -61,10 +61,12 @@ const std::wstring AwkwardTokens[] = {L"",
                                       L"2026/11/20",
                                       L"%Ia%%\"%x%",
                                       std::wstring(L"1\0002", 3),
+                                      std::wstring(300, L'|'),
                                       std::wstring(600, L'x')};
+constexpr std::size_t LongToken = 100'000; // of the first line alone
 
 // The lines of the golden days of a kind, of both forms: with each token as every other line has it, with a zero in
-// front of each token, with each token awkward, and cut before each token.
+// front of each token, with each token awkward, and cut before each token; and the first with each token very long.
 Lines DayLines(const LogKind& kind)
 {
     std::vector<std::vector<std::wstring>> days;
@@ -98,6 +100,12 @@ Lines DayLines(const LogKind& kind)
                 lines.insert(Joined(line));
             }
         }
+    }
+    for (std::size_t i = 0; i < days.front().size(); ++i)
+    {
+        std::vector<std::wstring> line = days.front();
+        line[i].assign(LongToken, L'x');
+        lines.insert(Joined(line));
     }
     return {lines.begin(), lines.end()};
 }
@@ -317,13 +325,13 @@ private:
 
 const Registration<DayFileReader> DayFile({.name = "dayfile",
                                            .reads = "daily files of every kind: records, order of columns, export",
-                                           .inputs = 1'500,
+                                           .inputs = 3'500,
                                            .separators = L"|\r\n",
                                            .words = LogWords});
 
 const Registration<ProviderReader> Provider({.name = "provider",
                                              .reads = "records of every kind as the database library answers",
-                                             .inputs = 2'500,
+                                             .inputs = 5'500,
                                              .separators = L"|\r\n",
                                              .words = LogWords});
 

@@ -103,7 +103,7 @@ class ReportReader : public TextReader
 const Registration<ReportReader> Report(
     {.name = "report",
      .reads = "names and lines of the daily files that a report counts",
-     .inputs = 6'000,
+     .inputs = 10'000,
      .separators = L"\f\v\r\n|",
      .words = L"20261121.VLG 20261120.SCG 20261118.SPG 20261115.UFG 20261121.ppg \f \v \v/ \v! \r\n ||| ||||||||||||2 "
               L"||1||||||||||1 20260229.VLG 0x3"});
