@@ -159,6 +159,18 @@ TEST_F(ZPTLogSysTunerTest, MonthAndDayAreTakenByTheirPlaces)
     EXPECT_EQ(DateOf(L"  2007/ 1/ 2"), L"02.01.2007");
 }
 
+// A date that was asked for is looked up by its number, which no other date may have.
+TEST_F(ZPTLogSysTunerTest, EveryDayOfAYearHasItsDate)
+{
+    const auto digits = [](int number) { return std::to_wstring(100 + number).substr(1); };
+    for (int i = 0; i < 12 * 28; ++i)
+    {
+        const std::wstring month = digits(i / 28 + 1);
+        const std::wstring day = digits(i % 28 + 1);
+        EXPECT_EQ(DateOf(L"2007/" + month + L"/" + day), day + L"." + month + L".2007");
+    }
+}
+
 TEST_F(ZPTLogSysTunerTest, ADateThatTheRegionCannotShowIsCalledInvalid)
 {
     const ImportPatch refuse(__imp_VarBstrFromDate, &RefuseDate);
