@@ -156,7 +156,7 @@ void Mutator::ChangeOnce(std::wstring& text, const std::wstring& other)
         text.erase(begin, OneIn(4) ? text.npos : text.find(L'\n', begin) - begin);
         break;
     case 8:
-        text.insert(begin, OneIn(8) ? (LongRun >> Below(4)) + Below(100) : 1 + Below(8), UnitOfChance());
+        text.insert(begin, OneIn(30) ? (LongRun >> Below(4)) + Below(100) : 1 + Below(8), UnitOfChance());
         break;
     case 9:
         text.replace(begin, 1, 1, UnitOfChance());
