@@ -46,6 +46,18 @@ protected:
         return ReadLines(m_path);
     }
 
+    // Whether the lines are those of the plain reading. One at a time, since they are many.
+    bool IsReadPlainly(std::wstring_view text, const std::string& oddEnd = {})
+    {
+        WriteBytes(m_path, "\xFF\xFE" + Utf16Bytes(text) + oddEnd);
+        LogFileReader reader;
+        bool isSame = reader.Open(m_path);
+        std::wstring_view line;
+        Plain::ForEachLine(text, [&](const std::wstring& expected)
+                           { isSame = isSame && reader.NextLine(line) && line == expected; });
+        return isSame && !reader.NextLine(line);
+    }
+
     TemporaryFolder m_folder;
     const std::wstring m_path = m_folder.File(L"20260101.VLG");
 };
@@ -187,7 +199,7 @@ TEST_F(LogFileReaderTest, ABlockMayEndAtEveryCharacterOfAShortLine)
             std::wstring number = std::to_wstring(line);
             text += std::wstring(39 - number.size(), L'.') + number + L"\r\n";
         }
-        ASSERT_TRUE(ReadText(text) == Plain::Lines(text)) << "shift " << shift;
+        ASSERT_TRUE(IsReadPlainly(text)) << "shift " << shift;
     }
 }
 
@@ -203,7 +215,7 @@ TEST_F(LogFileReaderTest, ABlockMayEndAnywhereInALongLine)
         {
             text += std::wstring(2044, L'f') + L"\r\n" + std::wstring(2045, L't') + L"\r\n";
         }
-        ASSERT_TRUE(ReadText(text) == Plain::Lines(text)) << "shift " << shift;
+        ASSERT_TRUE(IsReadPlainly(text)) << "shift " << shift;
     }
 }
 
@@ -231,8 +243,7 @@ TEST_F(LogFileReaderTest, AFileWithAnOddNumberOfBytesBeforeABlockEndKeepsItsChar
     {
         text += L"\x0A0D\x0D0A characters whose halves look like line ends\r\n";
     }
-    WriteBytes(m_path, "\xFF\xFE" + Utf16Bytes(text) + "\n");
-    EXPECT_TRUE(ReadLines(m_path) == Plain::Lines(text));
+    EXPECT_TRUE(IsReadPlainly(text, "\n"));
 }
 
 // What was left of the file had moved to the front of the buffer when it was given out at its old place, which held
