@@ -18,8 +18,8 @@ KEY_RIGHTS = "D:P(A;CI;KA;;;SY)(A;CI;KA;;;BA)(A;CI;0x2001b;;;BU)"
 
 # What the suite writes into the data folder. A removal that purges takes all files, but not every system's installer
 # knows "all"; these go everywhere.
-DATA_FILES = ("EventLog.db", "EventLog.db-wal", "EventLog.db-shm", "Framework.dat", "Framework.damaged",
-              "Framework.log", "Framework.old.log", "FirstRules.txt", "UrlCategories.txt")
+DATA_FILES = ("EventLog.db", "EventLog.db-wal", "EventLog.db-shm", "Framework.dat", "Framework.new",
+              "Framework.damaged", "Framework.log", "Framework.old.log", "FirstRules.txt", "UrlCategories.txt")
 
 # The languages of the system's users, by the system's own numbers, and the language of the program that fits each.
 USER_LANGUAGES = {

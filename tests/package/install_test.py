@@ -18,6 +18,9 @@ RESTLESS = ("\\NetworkCards", "\\CurrentControlSet\\", "\\Windows NT\\CurrentVer
 WINES_LISTS = ("\\Installer\\Features", "\\Installer\\Products", "\\Installer\\UpgradeCodes",
                "\\UserData\\S-1-5-18\\Components", "\\UserData\\S-1-5-18\\Products")
 DAYS = [20261118, 20261119, 20261120]
+# What the programs write into the data folder, or what people write there for them.
+DATA_FILES = ("EventLog.db", "EventLog.db-wal", "EventLog.db-shm", "Framework.dat", "Framework.new",
+              "Framework.damaged", "Framework.log", "Framework.old.log", "FirstRules.txt", "UrlCategories.txt")
 WINES_FILES = ("windows/Installer", "windows/temp", "users/", "windows/system32")
 
 
@@ -130,6 +133,8 @@ class Installation(Installed):
         registry, files = settled_registry(), settled_files()
         self.assertEqual(kit.install(), 0)
         self.import_days()
+        for name in DATA_FILES:
+            (kit.DATA / name).touch()
         # Wine's installer knows no "*"; the installer names the files of the data one by one, but not the daily ones.
         shutil.rmtree(kit.PROGRAMS / "Log")
         self.assertEqual(kit.remove(kit.INSTALLER, "PURGE=1"), 0)
