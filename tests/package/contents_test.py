@@ -46,6 +46,16 @@ class Contents(unittest.TestCase):
         self.assertIn("resource/en-US/Kestrix.exe.mui", names)
         self.assertFalse([name for name in names if "sample" in name.lower() or name.endswith((".VLG", ".db"))])
 
+    def test_the_guide_and_the_list_of_changes_are_in_it(self):
+        for name, source in (("README.txt", "docs/installing.md"), ("CHANGELOG.txt", "CHANGELOG.md")):
+            self.assertEqual(archived()[name], (kit.ROOT / source).read_bytes())
+
+    def test_the_files_of_the_archive_have_the_day_of_the_version(self):
+        changes = (kit.ROOT / "CHANGELOG.md").read_text(encoding="utf-8")
+        day = re.search(r"^## .*\((\d+)-(\d+)-(\d+)\)$", changes, re.MULTILINE).groups()
+        with zipfile.ZipFile(kit.ARCHIVE) as archive:
+            self.assertEqual({entry.date_time for entry in archive.infolist()}, {(*map(int, day), 0, 0, 0)})
+
     def test_the_notices_name_every_part_of_others_with_its_terms(self):
         text = archived()["NOTICES.txt"].decode("utf-8")
         for part in ("SQLite 3.", "disclaims copyright", "GCC RUNTIME LIBRARY EXCEPTION", "MinGW-w64", "winpthreads",
@@ -59,6 +69,37 @@ class Contents(unittest.TestCase):
         properties = {row["Property"]: row["Value"] for row in table("Property")}
         self.assertEqual(properties["ProductVersion"], kit.VERSION)
         self.assertEqual(properties["ALLUSERS"], "1")
+
+    # By it a newer program takes the place of an older one, and none that is the same is copied again.
+    def test_each_program_has_the_version_of_the_product_and_no_other_file_has_one(self):
+        versions = {row["FileName"].rpartition("|")[2]: row["Version"] for row in table("File") if row["Version"]}
+        programs = {name for name in archived() if name.endswith((".exe", ".dll"))}
+        self.assertEqual(versions, {name: f"{kit.VERSION}.0" for name in programs})
+
+    def test_an_upgrade_that_fails_brings_the_old_version_back(self):
+        sequence = {row["Action"]: int(row["Sequence"]) for row in table("InstallExecuteSequence")}
+        self.assertLess(sequence["InstallInitialize"], sequence["RemoveExistingProducts"])
+        self.assertLess(sequence["RemoveExistingProducts"], sequence["ProcessComponents"])
+
+    # Windows passes on nothing else to the part of its installer that has the rights; Wine passes on everything.
+    def test_what_a_user_may_say_reaches_the_part_that_installs(self):
+        properties = {row["Property"]: row["Value"] for row in table("Property")}
+        passed_on = properties["SecureCustomProperties"].split(";")
+        self.assertLessEqual({"INSTALLDIR", "DATADIR", "LANGUAGE", "PURGE"}, set(passed_on))
+
+    # Wine's user speaks English, so that no other language is taken there.
+    def test_a_user_who_says_no_language_gets_the_one_before_the_own_one_or_english(self):
+        languages = {row["Action"]: row["Target"] for row in table("CustomAction") if row["Source"] == "LANGUAGE"}
+        own = {"de-DE": (1031, 2055, 3079, 4103, 5127), "ja-JP": (1041,), "zh-CN": (2052, 4100)}
+        expected = [("[FOUNDLANGUAGE]", "FOUNDLANGUAGE AND NOT LANGUAGE")]
+        for language, numbers in own.items():
+            users = " OR ".join(f"UserLanguageID={number}" for number in numbers)
+            expected.append((language, f"NOT LANGUAGE AND ({users})"))
+        expected.append(("en-US", "NOT LANGUAGE"))
+        for sequence in ("InstallExecuteSequence", "InstallUISequence"):
+            rows = sorted(table(sequence), key=lambda row: int(row["Sequence"]))
+            self.assertEqual([(languages[row["Action"]], row["Condition"]) for row in rows
+                              if row["Action"] in languages], expected)
 
     # What made the installer had given it another one each time.
     def test_the_same_files_make_an_installer_of_the_same_identifier(self):

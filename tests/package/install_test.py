@@ -17,6 +17,9 @@ RESTLESS = ("\\NetworkCards", "\\CurrentControlSet\\", "\\Windows NT\\CurrentVer
             "HKEY_LOCAL_MACHINE\\Hardware", "HKEY_LOCAL_MACHINE\\HARDWARE")
 WINES_LISTS = ("\\Installer\\Features", "\\Installer\\Products", "\\Installer\\UpgradeCodes",
                "\\UserData\\S-1-5-18\\Components", "\\UserData\\S-1-5-18\\Products")
+TRACE_KEY = kit.SUITE_KEY + r"\17\DebugLog\InteractiveSession"
+SERVICE_TRACE_KEY = kit.SUITE_KEY + r"\17\DebugLog\ServiceSession"
+FIREWALL_KEY = kit.SUITE_KEY + r"\17\Installer"
 DAYS = [20261118, 20261119, 20261120]
 # What the programs write into the data folder, or what people write there for them.
 DATA_FILES = ("EventLog.db", "EventLog.db-wal", "EventLog.db-shm", "Framework.dat", "Framework.new",
@@ -94,11 +97,12 @@ class Installation(Installed):
         data |= {name for name in settled_files() if name.startswith("ProgramData/Veldrane/Kestrix/")}
         self.expect_nothing_left(registry, files, but=logs | data)
 
-    def test_the_list_of_programs_has_name_maker_version_size_icon_and_place(self):
+    def test_the_list_of_programs_has_name_maker_version_size_icon_and_place_and_offers_no_change(self):
         self.assertEqual(kit.install(), 0)
         entry, = kit.entries()
         self.assertEqual((entry["DisplayName"], entry["Publisher"], entry["DisplayVersion"]),
                          ("Kestrix Log Viewer", "Veldrane", kit.VERSION))
+        self.assertEqual(int(entry["NoModify"]), 1)
         self.assertEqual(entry["InstallLocation"], kit.windows_path(kit.PROGRAMS) + "\\")
         self.assertGreater(int(entry["Size"]), 5_000)  # KB; Windows works out an EstimatedSize as well
         self.assertTrue(list((kit.DRIVE / "windows/Installer").glob("*/kestrix.ico")))
@@ -125,9 +129,12 @@ class Installation(Installed):
             "LangName": "en-US", "ProductName": "Zeptara Security"})
         self.assertEqual(suite[kit.LOG_KEY], {"MaxLogCount": 14, "EventLogPurgeFre": 30, "EventLogPurgeFlag": 0})
         self.assertEqual(suite[kit.SUITE_KEY + r"\17\UIFramework\OLH"], {"Files": "vdhelp.chm"})
-        trace = suite[kit.SUITE_KEY + r"\17\DebugLog\InteractiveSession"]
-        self.assertEqual((trace["Enable"], trace["Level"], trace["LogFolder"]),
-                         (0, 256, kit.windows_path(kit.DATA / "Trace") + "\\"))
+        self.assertEqual(suite[FIREWALL_KEY], {"FirewallAP": 1})
+        for key in (TRACE_KEY, SERVICE_TRACE_KEY):
+            self.assertEqual(suite[key], {
+                "Enable": 0, "Level": 256, "LogProcess": 0, "LogUnitType": 0,
+                "LogFolder": kit.windows_path(kit.DATA / "Trace") + "\\", "LogPrefix": "zpt", "LogFile": "Kestrix",
+                "LogExtension": "log", "Robust": 0, "Debugger": 0})
 
     def test_a_removal_that_purges_takes_the_database_too(self):
         registry, files = settled_registry(), settled_files()
@@ -231,15 +238,20 @@ class Versions(Installed):
         self.import_days(programs)
         kit.set_value(kit.LOG_KEY, "EventLogPurgeFre", 60)
         kit.set_value(kit.LOG_KEY, "EventLogPurgeFlag", 1)
+        kit.set_value(FIREWALL_KEY, "FirewallAP", 0)
+        kit.set_value(TRACE_KEY, "Enable", 1)
         self.assertEqual(kit.install(), 0)
         self.assertEqual([entry["DisplayVersion"] for entry in kit.entries()], [kit.VERSION])
         self.assertEqual(kit.registry(kit.LOG_KEY)[kit.LOG_KEY],
                          {"MaxLogCount": 14, "EventLogPurgeFre": 60, "EventLogPurgeFlag": 1})
+        self.assertEqual(kit.value(FIREWALL_KEY, "FirewallAP"), 0)
+        self.assertEqual(kit.value(TRACE_KEY, "Enable"), 1)
         self.assertEqual(kit.value(kit.SUITE_KEY, "LangName"), "xx-XX")
         self.assertEqual(kit.value(kit.SUITE_KEY, "InstalledFolder"), kit.windows_path(programs) + "\\")
         self.assertEqual(self.database(), DAYS)
         self.assertEqual(len(list((programs / "Log").iterdir())), 3)
         kit.set_value(kit.LOG_KEY, "EventLogPurgeFlag", 0)  # the service would follow it
+        kit.set_value(TRACE_KEY, "Enable", 0)
         kit.use_viewer(self, "TheStartMenuShowsTheVirusLog", START_ENTRY=kit.start_entry())
 
     def test_an_older_version_over_a_newer_one_is_refused_and_changes_nothing(self):
