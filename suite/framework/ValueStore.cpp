@@ -13,6 +13,8 @@ namespace
 {
 
 constexpr wchar_t TemporaryName[] = L"Framework.new";
+constexpr int RenameTries = 20;
+constexpr DWORD RenamePause = 50; // milliseconds between two of them
 
 [[noreturn]] void ThrowLastError(const char* what)
 {
@@ -65,11 +67,19 @@ void WriteWhole(const std::filesystem::path& path, std::string_view bytes)
     }
 }
 
+// Waits a second for a program that has one of the two open, as those that look for viruses or make a backup do for a
+// moment.
 void Rename(const std::filesystem::path& from, const std::filesystem::path& to)
 {
-    if (!MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+    for (int tries = 1; !MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+         ++tries)
     {
-        ThrowLastError("the file of the stored values cannot be renamed");
+        const bool isInUse = GetLastError() == ERROR_SHARING_VIOLATION || GetLastError() == ERROR_ACCESS_DENIED;
+        if (!isInUse || tries == RenameTries)
+        {
+            ThrowLastError("the file of the stored values cannot be renamed");
+        }
+        Sleep(RenamePause);
     }
 }
 

@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include <system_error>
+#include <thread>
 
 using namespace Framework;
 
@@ -20,6 +21,15 @@ class ValueStoreTest : public ::testing::Test
 {
 protected:
     bool Exists(const wchar_t* name) const { return std::filesystem::exists(m_folder.Path() / name); }
+
+    // As another program may have the file open.
+    UniqueFile OpenWithoutSharing() const
+    {
+        const std::wstring path = m_folder.File(ValueStore::FileName);
+        UniqueFile file(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+        EXPECT_TRUE(file);
+        return file;
+    }
 
     const TemporaryFolder m_folder;
 };
@@ -66,12 +76,36 @@ TEST_F(ValueStoreTest, ADamagedFileIsSetAsideAndTheStoreGoesOn)
 TEST_F(ValueStoreTest, AFileThatCannotBeReadIsNoDamage)
 {
     ValueStore(m_folder.Path()).Set(StoredKey, {1u});
-    const std::wstring path = m_folder.File(ValueStore::FileName);
-    const UniqueFile other(
-        CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
-    ASSERT_TRUE(other);
+    const UniqueFile other = OpenWithoutSharing();
     EXPECT_THROW(ValueStore(m_folder.Path()), std::system_error);
     EXPECT_FALSE(Exists(ValueStore::DamagedName));
+}
+
+TEST_F(ValueStoreTest, AFileThatAnotherHasOpenForAMomentIsWaitedFor)
+{
+    ValueStore store(m_folder.Path());
+    store.Set(StoredKey, {1u});
+    UniqueFile other = OpenWithoutSharing();
+    const std::jthread closing(
+        [&]
+        {
+            Sleep(200);
+            other.reset();
+        });
+    store.Set(StoredKey, {2u});
+    EXPECT_EQ(ValueStore(m_folder.Path()).Get(StoredKey), (List{2u}));
+}
+
+TEST_F(ValueStoreTest, AFileThatAnotherKeepsOpenIsNotReplaced)
+{
+    ValueStore store(m_folder.Path());
+    store.Set(StoredKey, {1u});
+    {
+        const UniqueFile other = OpenWithoutSharing();
+        EXPECT_THROW(store.Set(StoredKey, {2u}), std::system_error);
+    }
+    EXPECT_EQ(store.Get(StoredKey), (List{1u}));
+    EXPECT_EQ(ValueStore(m_folder.Path()).Get(StoredKey), (List{1u}));
 }
 
 TEST_F(ValueStoreTest, AValueThatCannotBeWrittenIsNotKept)
