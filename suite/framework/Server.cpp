@@ -8,6 +8,7 @@
 #include "suite/framework/ComObject.h"
 #include "suite/framework/DatabaseLogs.h"
 #include "suite/framework/Instance.h"
+#include "suite/framework/KeptInterfaces.h"
 #include "suite/framework/LocalCalendar.h"
 #include "suite/framework/ProgramPath.h"
 #include "suite/framework/Service.h"
@@ -181,6 +182,7 @@ void Serve(const Options& options)
     {
         return;
     }
+    const KeptInterfaces interfaces;
     const std::filesystem::path folder = Suite::DataFolder().value_or(ProgramPath().parent_path());
     ObjectTable objects;
     ValueStore store(folder);
