@@ -3,6 +3,7 @@
 #include "suite/framework/SafeArray.h"
 #include "suite/framework/ValueSource.h"
 #include "tests/e2e/EventLogs.h"
+#include "tests/e2e/EventRecorder.h"
 #include "tests/e2e/Process.h"
 #include "tests/e2e/ServiceFixture.h"
 #include "tests/e2e/Viewer.h"

@@ -1,6 +1,7 @@
 #include "tests/e2e/ServiceSession.h"
 
 #include "suite/framework/SafeArray.h"
+#include "tests/e2e/EventRecorder.h"
 #include "tests/e2e/Process.h"
 
 #include <stdexcept>
@@ -33,6 +34,26 @@ Framework::List Query(IVdFrwkValues& values, const Framework::ValueKey& key)
     Require(list ? S_OK : E_FAIL, "reading the answer");
     return *list;
 }
+
+// Goes with its last reference: until then the system takes another sink in the same place for this one.
+class Sink : public EventRecorder
+{
+public:
+    using EventRecorder::EventRecorder;
+
+    STDMETHODIMP_(ULONG) Release() override
+    {
+        const ULONG left = EventRecorder::Release();
+        if (left == 0)
+        {
+            delete this;
+        }
+        return left;
+    }
+
+private:
+    virtual ~Sink() = default;
+};
 
 } // namespace
 
@@ -101,21 +122,21 @@ HRESULT OrderPurge(IVdFrwkLocalController& controller, std::uint32_t purgeType, 
 }
 
 ServiceSession::ServiceSession()
-    : m_recorder(
+    : m_sink(new Sink(
           [this](const std::string& event)
           {
               events.push_back(event);
               cameInOwnThread = cameInOwnThread && GetCurrentThreadId() == m_dwThread;
               return S_OK;
-          }),
+          })),
       m_controller(Connect()),
       m_point(LocalEvents(*m_controller.Get()))
 {
-    Require(m_point->Advise(&m_recorder, &m_dwCookie), "Advise");
+    Require(m_point->Advise(m_sink.Get(), &m_dwCookie), "Advise");
 }
 
 ServiceSession::~ServiceSession()
 {
     m_point->Unadvise(m_dwCookie);
-    CoDisconnectObject(&m_recorder, 0);
+    CoDisconnectObject(m_sink.Get(), 0);
 }

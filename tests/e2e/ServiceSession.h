@@ -3,7 +3,6 @@
 #include "common/VdFrwk.h"
 #include "suite/common/ComPtr.h"
 #include "suite/framework/Value.h"
-#include "tests/e2e/EventRecorder.h"
 
 #include <ocidl.h>
 
@@ -53,7 +52,7 @@ public:
 
 private:
     const DWORD m_dwThread = GetCurrentThreadId();
-    EventRecorder m_recorder;
+    const Suite::ComPtr<IVdFrwkLocalEvents> m_sink;
     Suite::ComPtr<IVdFrwkLocalController> m_controller;
     Suite::ComPtr<IConnectionPoint> m_point;
     DWORD m_dwCookie = 0;
