@@ -68,23 +68,30 @@ public:
     STDMETHODIMP LockServer(BOOL) override { return CO_E_SERVER_EXEC_FAILURE; }
 };
 
-// The class, as clients find it while the object lives.
+// The class, as clients find it while the object lives. The lock keeps the factory for the next client when the last
+// one lets go of it: see docs/decisions/0089-calls-that-wine-loses.md.
 class ClassRegistration
 {
 public:
-    explicit ClassRegistration(IUnknown& factory)
+    explicit ClassRegistration(IUnknown& factory) : m_factory(factory)
     {
+        CoLockObjectExternal(&m_factory, TRUE, FALSE);
         Require(CoRegisterClassObject(__uuidof(VdFrwkLocalController), &factory, CLSCTX_LOCAL_SERVER,
                                       REGCLS_MULTIPLEUSE, &m_dwCookie),
                 "the class cannot be offered to clients");
     }
 
-    ~ClassRegistration() { CoRevokeClassObject(m_dwCookie); }
+    ~ClassRegistration()
+    {
+        CoRevokeClassObject(m_dwCookie);
+        CoLockObjectExternal(&m_factory, FALSE, TRUE);
+    }
 
     ClassRegistration(const ClassRegistration&) = delete;
     ClassRegistration& operator=(const ClassRegistration&) = delete;
 
 private:
+    IUnknown& m_factory;
     DWORD m_dwCookie = 0;
 };
 
