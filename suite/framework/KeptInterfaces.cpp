@@ -9,7 +9,6 @@
 #include <ocidl.h>
 
 #include <algorithm>
-#include <iterator>
 
 namespace Framework
 {

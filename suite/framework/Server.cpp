@@ -75,10 +75,10 @@ class ClassRegistration
 public:
     explicit ClassRegistration(IUnknown& factory) : m_factory(factory)
     {
-        CoLockObjectExternal(&m_factory, TRUE, FALSE);
         Require(CoRegisterClassObject(__uuidof(VdFrwkLocalController), &factory, CLSCTX_LOCAL_SERVER,
                                       REGCLS_MULTIPLEUSE, &m_dwCookie),
                 "the class cannot be offered to clients");
+        CoLockObjectExternal(&m_factory, TRUE, FALSE);
     }
 
     ~ClassRegistration()
