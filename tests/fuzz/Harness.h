@@ -106,8 +106,8 @@ class TextReader : public Reader
 
 struct Harness
 {
-    std::string_view name;
-    std::string_view reads; // for the help
+    std::string name;
+    std::string_view reads; // for the list of the harnesses
     Form form = Form::Utf16;
     std::size_t inputs;             // of a run that is part of the tests
     std::wstring_view separators{}; // that stand between the pieces of a text
