@@ -9,8 +9,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace Fuzz
-{
+using namespace Fuzz;
 
 namespace
 {
@@ -128,5 +127,3 @@ const Registration<BitmapReader>
     Bitmap({.name = "bitmap", .reads = "bitmap files of every depth", .form = Form::Bytes, .inputs = 4'000});
 
 } // namespace
-
-} // namespace Fuzz

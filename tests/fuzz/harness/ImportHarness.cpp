@@ -14,8 +14,7 @@
 
 #include <algorithm>
 
-namespace Fuzz
-{
+using namespace Fuzz;
 
 namespace
 {
@@ -168,5 +167,3 @@ const Registration<ImportReader> Import({.name = "import",
                                          .words = LogWords});
 
 } // namespace
-
-} // namespace Fuzz

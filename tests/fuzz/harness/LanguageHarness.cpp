@@ -17,8 +17,7 @@
 #include <cstring>
 #include <filesystem>
 
-namespace Fuzz
-{
+using namespace Fuzz;
 
 namespace
 {
@@ -224,5 +223,3 @@ const Registration<LanguageReader> Language({.name = "language",
                                              .inputs = 4'000});
 
 } // namespace
-
-} // namespace Fuzz

@@ -4,8 +4,7 @@
 #include "tests/support/MemoryLineReader.h"
 #include "tests/unit/framework/ui/kestrix/logs/reference/PlainLines.h"
 
-namespace Fuzz
-{
+using namespace Fuzz;
 
 namespace
 {
@@ -60,5 +59,3 @@ const Registration<LineReader> Line({.name = "lines",
                                      .words = L"\r\n \n \r \r\r\n \0 \0\n a\n \n\0\n \r\n\r line\r\n"sv});
 
 } // namespace
-
-} // namespace Fuzz

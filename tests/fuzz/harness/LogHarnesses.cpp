@@ -16,8 +16,7 @@
 #include <algorithm>
 #include <set>
 
-namespace Fuzz
-{
+using namespace Fuzz;
 
 namespace
 {
@@ -336,5 +335,3 @@ const Registration<ProviderReader> Provider({.name = "provider",
                                              .words = LogWords});
 
 } // namespace
-
-} // namespace Fuzz

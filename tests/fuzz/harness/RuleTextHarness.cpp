@@ -11,8 +11,7 @@
 #include <algorithm>
 #include <sstream>
 
-namespace Fuzz
-{
+using namespace Fuzz;
 
 namespace
 {
@@ -119,5 +118,3 @@ const Registration<RuleTextReader> RuleText(
          L"14=00 12=4294967295 12=4294967296 1=65536 19=1 20=0000000000000000000000000000000000000001 03=Adult \r\n"});
 
 } // namespace
-
-} // namespace Fuzz

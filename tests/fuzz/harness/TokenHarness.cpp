@@ -7,8 +7,7 @@
 #include "tests/support/PlainLog.h"
 #include "tests/unit/framework/ui/kestrix/logs/reference/PlainReaders.h"
 
-namespace Fuzz
-{
+using namespace Fuzz;
 
 namespace
 {
@@ -65,5 +64,3 @@ const Registration<TokenReader>
                     L"1"});
 
 } // namespace
-
-} // namespace Fuzz

@@ -10,8 +10,7 @@
 #include <functional>
 #include <tuple>
 
-namespace Fuzz
-{
+using namespace Fuzz;
 
 namespace
 {
@@ -170,5 +169,3 @@ const Registration<TraceSettingsReader>
                             L"Enable= Level= \nLogFolder= LogPrefix= Robust= =0x11 =-1 =4294967296 =\"a\" ;"});
 
 } // namespace
-
-} // namespace Fuzz

@@ -5,8 +5,7 @@
 #include "suite/framework/ValueFile.h"
 #include "tests/fuzz/Harness.h"
 
-namespace Fuzz
-{
+using namespace Fuzz;
 
 namespace
 {
@@ -79,5 +78,3 @@ const Registration<ValueFileReader>
     ValueFile({.name = "values", .reads = "the file of the service's values", .form = Form::Bytes, .inputs = 15'000});
 
 } // namespace
-
-} // namespace Fuzz

@@ -12,8 +12,7 @@
 
 #include <cwchar>
 
-namespace Fuzz
-{
+using namespace Fuzz;
 
 namespace
 {
@@ -250,5 +249,3 @@ const Registration<VariantReader> Variant(
               L"a12,2,2 a17,0 a19,4 a3,2 v0 v1 v3 v5 v9 v10 v13 tC:\\Program_Files\\a.exe t192.0.2.1"});
 
 } // namespace
-
-} // namespace Fuzz
