@@ -10,8 +10,7 @@
 #include <cwchar>
 #include <optional>
 
-namespace Fuzz
-{
+using namespace Fuzz;
 
 namespace
 {
@@ -146,5 +145,3 @@ const Registration<ImportCommandReader>
                    .words = L"--database --help /? -- --data a.db 20261121.VLG folder \n"});
 
 } // namespace
-
-} // namespace Fuzz
