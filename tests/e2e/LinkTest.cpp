@@ -66,8 +66,12 @@ public:
         std::vector<std::string> records;
         for (const auto& entry : std::filesystem::directory_iterator(m_folder.Path()))
         {
+            if (entry.path().extension() != L".txt")
+            {
+                continue; // its browser could not give it its name while it is open here
+            }
             std::ifstream file(entry.path(), std::ios::binary);
-            if (entry.path().extension() == L".txt" && file) // else its browser still holds it, to name it
+            if (file) // else its browser still holds it
             {
                 records.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
             }
