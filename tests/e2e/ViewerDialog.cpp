@@ -95,7 +95,7 @@ HWND ViewerDialog::WaitForAnyFocus() const
         [&]
         {
             focus = FocusBeside(m_window);
-            return focus == m_window || IsChild(m_window, focus);
+            return IsChild(m_window, focus) != FALSE; // the dialog itself has it at first, and takes no letter
         });
     if (!hasCome)
     {
