@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
+#include <system_error>
 
 namespace
 {
@@ -130,7 +131,8 @@ Process::Process(const std::wstring& program, const std::wstring& arguments, con
     if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, static_cast<bool>(file), 0, nullptr, nullptr,
                         &startup, &information))
     {
-        throw std::runtime_error("a program of the test cannot be started");
+        throw std::system_error(static_cast<int>(GetLastError()), std::system_category(),
+                                "a program of the test cannot be started");
     }
     m_process.reset(information.hProcess);
     const UniqueKernelHandle thread(information.hThread);
