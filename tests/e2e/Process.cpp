@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
-#include <system_error>
 
 namespace
 {
@@ -20,12 +19,6 @@ std::wstring TitleOf(HWND window)
     const LRESULT length = SendMessageTimeoutW(window, WM_GETTEXT, title.size(), reinterpret_cast<LPARAM>(title.data()),
                                                SMTO_ABORTIFHUNG, 1000, nullptr);
     return length != 0 ? title.data() : std::wstring();
-}
-
-UniqueFile MakeFileToInherit(const std::wstring& path)
-{
-    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-    return UniqueFile(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS, 0, nullptr));
 }
 
 // What stands in the memory that a program which writes debugger output shares with the one that listens.
@@ -112,31 +105,8 @@ std::wstring ProgramFolder()
 }
 
 Process::Process(const std::wstring& program, const std::wstring& arguments, const std::wstring& output)
+    : m_process(StartProcess(L"\"" + program + (arguments.empty() ? L"\"" : L"\" ") + arguments, output))
 {
-    std::wstring line = L"\"" + program + L"\"";
-    if (!arguments.empty())
-    {
-        line += L" " + arguments;
-    }
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    const UniqueFile file = output.empty() ? UniqueFile() : MakeFileToInherit(output);
-    if (file)
-    {
-        startup.dwFlags = STARTF_USESTDHANDLES;
-        startup.hStdOutput = file.get();
-        startup.hStdError = file.get();
-    }
-    PROCESS_INFORMATION information{};
-    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, static_cast<bool>(file), 0, nullptr, nullptr,
-                        &startup, &information))
-    {
-        throw std::system_error(static_cast<int>(GetLastError()), std::system_category(),
-                                "a program of the test cannot be started");
-    }
-    m_process.reset(information.hProcess);
-    const UniqueKernelHandle thread(information.hThread);
-    m_nId = information.dwProcessId;
 }
 
 Process::~Process()
@@ -164,7 +134,7 @@ std::vector<HWND> Process::Windows() const
         std::vector<HWND> found;
     };
 
-    Search search{m_nId, {}};
+    Search search{Id(), {}};
     const auto look = [](HWND window, LPARAM pointer) -> BOOL
     {
         auto& of = *reinterpret_cast<Search*>(pointer);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/dialog/UniqueHandle.h"
+#include "tests/support/StartProcess.h"
 
 #include <windows.h>
 
@@ -31,7 +32,7 @@ public:
 
     HANDLE Handle() const { return m_process.get(); }
 
-    DWORD Id() const { return m_nId; }
+    DWORD Id() const { return GetProcessId(Handle()); }
 
     bool HasEnded(DWORD limit = 0) const { return WaitForSingleObject(Handle(), limit) == WAIT_OBJECT_0; }
 
@@ -45,8 +46,7 @@ public:
     HWND Window(const std::wstring& title) const;
 
 private:
-    DWORD m_nId = 0;
-    UniqueKernelHandle m_process;
+    Suite::KernelHandle m_process;
 };
 
 // What a program has written to the debugger output until it ended, and whether it ever had a visible window. It is

@@ -1,6 +1,7 @@
 #include "tests/unit/common/VdCommon/MutexHolder.h"
 
 #include "common/VdCommon/VdComn_Synchronize.h"
+#include "tests/support/StartProcess.h"
 
 #include <gtest/gtest.h>
 
@@ -64,22 +65,11 @@ public:
 
 const ::testing::Environment* const g_secondProcess = ::testing::AddGlobalTestEnvironment(new SecondProcess);
 
-UniqueKernelHandle Start(const MutexTrial& trial)
+Suite::KernelHandle Start(const MutexTrial& trial)
 {
-    wchar_t program[MAX_PATH] = {};
-    ::GetModuleFileNameW(nullptr, program, MAX_PATH);
-    std::wstring command = L"\"" + std::wstring(program) + L"\" " + Marker + L" " + trial.name +
-                           (trial.exclusive ? L" 1" : L" 0") + (trial.initialOwner ? L" 1" : L" 0");
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    if (!::CreateProcessW(program, command.data(), nullptr, nullptr, FALSE, DETACHED_PROCESS, nullptr, nullptr,
-                          &startup, &process))
-    {
-        return {};
-    }
-    const UniqueKernelHandle thread(process.hThread);
-    return UniqueKernelHandle(process.hProcess);
+    return StartProcess(L"\"" + PathOfThisProgram() + L"\" " + Marker + L" " + trial.name +
+                            (trial.exclusive ? L" 1" : L" 0") + (trial.initialOwner ? L" 1" : L" 0"),
+                        {}, DETACHED_PROCESS);
 }
 
 } // namespace

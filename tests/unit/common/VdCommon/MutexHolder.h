@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/dialog/UniqueHandle.h"
+#include "suite/common/KernelHandle.h"
 
 #include <string>
 
@@ -31,5 +32,5 @@ public:
 private:
     UniqueKernelHandle m_hTried;
     UniqueKernelHandle m_hEnd;
-    UniqueKernelHandle m_hProcess;
+    Suite::KernelHandle m_hProcess;
 };

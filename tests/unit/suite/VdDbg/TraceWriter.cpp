@@ -1,6 +1,7 @@
 #include "tests/unit/suite/VdDbg/TraceWriter.h"
 
 #include "suite/VdDbg/LogFile.h"
+#include "tests/support/StartProcess.h"
 #include "tests/unit/suite/VdDbg/TraceLogs.h"
 
 #include <gtest/gtest.h>
@@ -72,21 +73,9 @@ const ::testing::Environment* const g_secondProcess = ::testing::AddGlobalTestEn
 
 Suite::KernelHandle Start(const WritingOrder& order, const std::wstring& gun)
 {
-    wchar_t program[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, program, MAX_PATH);
-    std::wstring command = L"\"" + std::wstring(program) + L"\" " + Marker + L" " + gun + L" \"" + order.folder +
-                           L"\" " + order.name + L" " + std::to_wstring(order.lines) + L" " +
-                           std::to_wstring(order.limit);
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    if (!CreateProcessW(program, command.data(), nullptr, nullptr, FALSE, DETACHED_PROCESS, nullptr, nullptr, &startup,
-                        &process))
-    {
-        return nullptr;
-    }
-    const Suite::KernelHandle thread(process.hThread);
-    return Suite::KernelHandle(process.hProcess);
+    return StartProcess(L"\"" + PathOfThisProgram() + L"\" " + Marker + L" " + gun + L" \"" + order.folder + L"\" " +
+                            order.name + L" " + std::to_wstring(order.lines) + L" " + std::to_wstring(order.limit),
+                        {}, DETACHED_PROCESS);
 }
 
 std::wstring UniqueName()

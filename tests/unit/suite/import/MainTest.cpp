@@ -1,14 +1,13 @@
 // The program as a user starts it: what it prints and what it ends with.
 
-#include "suite/common/KernelHandle.h"
 #include "suite/database/EventDatabase.h"
+#include "tests/support/StartProcess.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/unit/suite/import/ExpectPart.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <stdexcept>
 #include <string>
 
 namespace Import
@@ -23,40 +22,21 @@ struct Outcome
     std::string printed; // on both streams
 };
 
-// A file that the program can inherit.
-Suite::KernelHandle MakeOutput(const std::wstring& path)
-{
-    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-    return Suite::OwnFile(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr));
-}
-
 class ImportProgram : public ::testing::Test
 {
 protected:
     // arguments: as they stand on the command line.
     Outcome Start(const std::wstring& arguments) const
     {
-        std::wstring line =
-            L"\"" + std::filesystem::path(IMPORT_LOGS_PROGRAM).make_preferred().wstring() + L"\" " + arguments;
+        const std::wstring program = std::filesystem::path(IMPORT_LOGS_PROGRAM).make_preferred().wstring();
+        const std::wstring output = m_folder.File(L"output");
         Outcome run{};
         {
-            const Suite::KernelHandle output = MakeOutput(m_folder.File(L"output"));
-            STARTUPINFOW start{};
-            start.cb = sizeof start;
-            start.dwFlags = STARTF_USESTDHANDLES;
-            start.hStdOutput = start.hStdError = output.get();
-            PROCESS_INFORMATION process{};
-            if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process))
-            {
-                throw std::runtime_error("the program does not start");
-            }
-            const Suite::KernelHandle handle(process.hProcess);
-            const Suite::KernelHandle thread(process.hThread);
-            WaitForSingleObject(handle.get(), 60'000);
-            GetExitCodeProcess(handle.get(), &run.status);
+            const Suite::KernelHandle process = StartProcess(L"\"" + program + L"\" " + arguments, output);
+            WaitForSingleObject(process.get(), 60'000);
+            GetExitCodeProcess(process.get(), &run.status);
         }
-        run.printed = ReadBytes(m_folder.File(L"output"));
+        run.printed = ReadBytes(output);
         return run;
     }
 
