@@ -1,7 +1,7 @@
 #include "suite/framework/ObjectTable.h"
-#include "suite/common/KernelHandle.h"
 #include "suite/framework/ClassFactory.h"
 #include "tests/support/ImportPatch.h"
+#include "tests/support/StartProcess.h"
 #include "tests/unit/suite/framework/ServiceFixture.h"
 
 #include <gtest/gtest.h>
@@ -27,22 +27,11 @@ RPC_STATUS RPC_ENTRY TellCallingProcess(RPC_BINDING_HANDLE, unsigned long* proce
     return RPC_S_OK;
 }
 
-// A process that waits until it is ended, as a client that is killed.
+// A process that is there until it is ended, as a client that is killed.
 class Client
 {
 public:
-    Client()
-    {
-        wchar_t line[] = L"cmd.exe /c pause";
-        STARTUPINFOW start{};
-        start.cb = sizeof start;
-        PROCESS_INFORMATION made{};
-        EXPECT_TRUE(
-            CreateProcessW(nullptr, line, nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr, nullptr, &start, &made));
-        CloseHandle(made.hThread);
-        m_process.reset(made.hProcess);
-        callingProcess = made.dwProcessId;
-    }
+    Client() { callingProcess = GetProcessId(m_process.get()); }
 
     ~Client() { End(); }
 
@@ -60,7 +49,9 @@ public:
     static bool IsKnown() { return Suite::KernelHandle(OpenProcess(SYNCHRONIZE, FALSE, callingProcess)) != nullptr; }
 
 private:
-    Suite::KernelHandle m_process;
+    // It never runs, and has no console, whose host would outlive it and keep the output of the test open.
+    Suite::KernelHandle m_process =
+        StartProcess(L"\"" + PathOfThisProgram() + L"\"", {}, CREATE_SUSPENDED | DETACHED_PROCESS);
     const ImportPatch<decltype(&::I_RpcBindingInqLocalClientPID)> m_patch{__imp_I_RpcBindingInqLocalClientPID,
                                                                           &TellCallingProcess};
 };
