@@ -134,7 +134,7 @@ TEST_F(RuleFailuresTest, AServiceThatIsKilledDuringTheWriteIsTracedAndTheProfile
 {
     const auto controller = Connect();
     const UniqueFile reader(CreateFileW(m_service.Installed().File(L"Framework.dat").c_str(), GENERIC_READ,
-                                        FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
     ASSERT_TRUE(reader);
     const std::filesystem::path beside = m_service.Installed().File(L"Framework.new");
     bool isWritten = false;
